@@ -1,0 +1,47 @@
+#include "toolkit/messages.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace toolkit {
+
+QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, const QString& title,
+                                        QMessageBox::Icon icon, QMessageBox::StandardButtons buttons) {
+    QMessageBox box(icon, title.isEmpty() ? u"ssqdesk"_s : title, text, buttons, parent);
+    box.setObjectName(u"MsgBox"_s);
+    box.setTextFormat(Qt::PlainText);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+bool confirm(QWidget* parent, const QString& text, const QString& title) {
+    return showMessage(parent, text, title, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel) ==
+           QMessageBox::Ok;
+}
+
+QString askText(QWidget* parent, const QString& prompt, const QString& title, const QString& defaultText) {
+    QDialog dialog(parent);
+    dialog.setObjectName(u"InputBox"_s);
+    dialog.setWindowTitle(title);
+    auto* label = new QLabel(prompt);
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    auto* edit = new QLineEdit(defaultText);
+    edit->setObjectName(u"InputBoxText"_s);
+    edit->setAccessibleName(prompt);
+    edit->selectAll();
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    auto* layout = new QVBoxLayout(&dialog);
+    layout->addWidget(label);
+    layout->addWidget(edit);
+    layout->addWidget(buttons);
+    dialog.setMinimumWidth(420);
+    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
+    return dialog.exec() == QDialog::Accepted ? edit->text() : QString();
+}
+
+} // namespace toolkit
