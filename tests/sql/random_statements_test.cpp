@@ -83,10 +83,10 @@ class Maker {
         case 6:
             return "(" + number(depth - 1) + pick({" IS NULL)", " IS NOT NULL)"});
         case 7:
-            return "(" + pick({"[a]", "[w]", "[b]+1"}) + pick({" IN ", " NOT IN "}) + "(SELECT [b] FROM [zuhe] WHERE " +
+            return "(" + pick({"[a]", "[w]", "[b]+1"}) + pick({" IN ", " NOT IN "}) + "(SELECT [b] FROM [zuheR] WHERE " +
                    condition(0) + "))";
         default:
-            return "(" + pick({"[t]", "[u]&\"\""}) + pick({" IN ", " NOT IN "}) + "(SELECT [u] FROM [zuhe] WHERE " +
+            return "(" + pick({"[t]", "[u]&\"\""}) + pick({" IN ", " NOT IN "}) + "(SELECT [u] FROM [zuheR] WHERE " +
                    condition(0) + "))";
         }
     }
@@ -168,6 +168,8 @@ class Twins {
             db->execute("UPDATE [zuhe] SET [t]=\"x\" & [b], [p]=([a] mod 2 = 0) WHERE [a] < 25");
             db->execute("UPDATE [zuhe] SET [b]=Null WHERE [a] mod 7 = 3");
             db->execute("UPDATE [zuhe] SET [u]=\" 3 \" & [a] & \" \" WHERE [id] mod 3 = 1");
+            // Sub-selects read a table of their own: SQLite asks one that reads the updated table in mid-update.
+            db->execute("SELECT * INTO [zuheR] FROM [zuhe]");
         }
     }
 
