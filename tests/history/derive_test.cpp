@@ -17,7 +17,9 @@ using history::Draw;
 constexpr workspace::Rule kRule{33, 16};
 const std::array<std::int16_t, 39> kNoOmission{};
 
-Derived derive(const Draw& draw, const Draw& previous = {}) { return deriveDraw(draw, previous, kNoOmission, kRule); }
+Derived derive(const Draw& draw, const Draw& previous = {}) {
+    return deriveDraw(draw, previous, kNoOmission, kRule);
+}
 
 TEST(Derive, TheFirstRealDraw) {
     // 10 11 12 13 26 28 + 11, nothing before it, no omissions.
@@ -44,8 +46,8 @@ TEST(Derive, TheFirstRealDraw) {
     EXPECT_EQ(row.XZnumB, 46);
     EXPECT_EQ(row.DZnumB, 54);
     EXPECT_EQ(row.LtlnumB, 4);
-    EXPECT_EQ(row.MornumB, 3); // blue 11 is above 8
-    EXPECT_EQ(row.Modenum, 0); // 0 1 2 3 6 8 are six digits
+    EXPECT_EQ(row.MornumB, 3);  // blue 11 is above 8
+    EXPECT_EQ(row.Modenum, 0);  // 0 1 2 3 6 8 are six digits
     EXPECT_EQ(row.ModenumB, 1); // 11 ends like the blue
     EXPECT_EQ(row.Cnum, 0);
     EXPECT_EQ(row.CnumB, 0);
@@ -65,8 +67,8 @@ TEST(Derive, TheSecondRealDrawRepeatsTheOmissionsOfTheFirst) {
     omission.fill(1);
     for (const std::size_t red : {10u, 11u, 12u, 13u, 26u, 28u})
         omission[red] = 0;
-    const Derived row = deriveDraw({2003002, 4, 9, 19, 20, 21, 26, 12}, {2003001, 10, 11, 12, 13, 26, 28, 11},
-                                   omission, kRule);
+    const Derived row =
+        deriveDraw({2003002, 4, 9, 19, 20, 21, 26, 12}, {2003001, 10, 11, 12, 13, 26, 28, 11}, omission, kRule);
     EXPECT_EQ(row.Znum, 99);
     EXPECT_EQ(row.Zynum, 5);
     EXPECT_EQ(row.intYljz, 1); // 1 - 0
@@ -96,9 +98,9 @@ TEST(Derive, SixConsecutiveNumbers) {
 
 TEST(Derive, TheHalfOfTheRangeBelongsToTheLowerSide) {
     const Draw draw{1, 1, 15, 16, 17, 18, 19, 8};
-    EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {33, 16}).Ltlnum, 3); // 16 <= 16.5 < 17
-    EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {32, 16}).Ltlnum, 3); // 16 <= 16 < 17
-    EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {31, 16}).Ltlnum, 2); // 15 <= 15.5 < 16
+    EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {33, 16}).Ltlnum, 3);  // 16 <= 16.5 < 17
+    EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {32, 16}).Ltlnum, 3);  // 16 <= 16 < 17
+    EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {31, 16}).Ltlnum, 2);  // 15 <= 15.5 < 16
     EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {33, 16}).LtlnumB, 4); // blue 8 of 16
     EXPECT_EQ(deriveDraw(draw, {}, kNoOmission, {33, 15}).MornumB, 4); // blue 8 of 15
 }
@@ -131,7 +133,7 @@ TEST(Derive, NumbersBeyondEveryRuleAreTakenWithoutOmission) {
     std::array<std::int16_t, 39> omission{};
     omission.fill(3);
     const Derived row = deriveDraw({1, 0, 2, 3, 40, 60, 99, 99}, {}, omission, kRule);
-    EXPECT_EQ(row.Zynum, 9);    // 0, 2 and 3 are within the array
+    EXPECT_EQ(row.Zynum, 9); // 0, 2 and 3 are within the array
     EXPECT_EQ(row.Znum, 204);
     EXPECT_EQ(row.Apzounum, 99);
     EXPECT_EQ(row.Qnum, (std::array<std::int16_t, 4>{3, 0, 0, 5})); // 40 in the fourth zone; 0 3 60 99 by 3

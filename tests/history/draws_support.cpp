@@ -39,7 +39,9 @@ FreshWorkspace::FreshWorkspace() {
     reopen();
 }
 
-std::filesystem::path FreshWorkspace::folder() const { return workspace::toPath(home.path()); }
+std::filesystem::path FreshWorkspace::folder() const {
+    return workspace::toPath(home.path());
+}
 
 void FreshWorkspace::reopen() {
     QTemporaryDir noSettings;

@@ -37,12 +37,14 @@ TEST(HistoryText, SevenDigitsInFrontAreAnIssueEvenWhenOnlyBlanksFollow) {
 }
 
 TEST(HistoryText, TheIssueIsLookedForOnlyAtTheStartOfTheLine) {
-    EXPECT_FALSE(parseLine(" 2003001 10 11 12 13 26 28 11", 0));                       // 20 03 00 and seven more
-    EXPECT_EQ(parseLine("01 0203040506 07", 4), (Draw{5, 1, 2, 3, 4, 5, 6, 7}));       // runs of digits split in pairs
-    EXPECT_EQ(parseLine("200300 01 02 03 04", 4), (Draw{5, 20, 3, 0, 1, 2, 3, 4}));    // six digits are three numbers
+    EXPECT_FALSE(parseLine(" 2003001 10 11 12 13 26 28 11", 0));                    // 20 03 00 and seven more
+    EXPECT_EQ(parseLine("01 0203040506 07", 4), (Draw{5, 1, 2, 3, 4, 5, 6, 7}));    // runs of digits split in pairs
+    EXPECT_EQ(parseLine("200300 01 02 03 04", 4), (Draw{5, 20, 3, 0, 1, 2, 3, 4})); // six digits are three numbers
 }
 
-TEST(HistoryText, AnEighthNumberRefusesTheLine) { EXPECT_FALSE(parseLine("2003001 01 02 03 04 05 06 07 08", 0)); }
+TEST(HistoryText, AnEighthNumberRefusesTheLine) {
+    EXPECT_FALSE(parseLine("2003001 01 02 03 04 05 06 07 08", 0));
+}
 
 TEST(HistoryText, ANumberOfOneDigitIsSkippedAndSoTheLineRefused) {
     EXPECT_FALSE(parseLine("2003001 4 11 12 13 26 28 11", 0));
@@ -54,8 +56,8 @@ TEST(HistoryText, NothingIsSortedAndNoRangeIsChecked) {
 }
 
 TEST(HistoryText, EmptyLinesAreSkippedAndARefusedLineIsNamed) {
-    const history::ParsedDraws parsed =
-        parseDraws(u"\r\n2003001 10 11 12 13 26 28 11\r\n\r\n2003002 04 09 19 20 21 26\r\n01 02 03 04 05 06 07\r\n"_s);
+    const history::ParsedDraws parsed = parseDraws(
+        u"\r\n2003001 10 11 12 13 26 28 11\r\n\r\n2003002 04 09 19 20 21 26\r\n01 02 03 04 05 06 07\r\n"_s);
     EXPECT_EQ(parsed.draws, std::vector<Draw>{kFirst});
     ASSERT_TRUE(parsed.refused);
     EXPECT_EQ(parsed.refused->line, 4);
@@ -86,9 +88,14 @@ TEST(HistoryText, MoreDrawsThanAHistoryHoldsAreARangeError) {
 TEST(HistoryText, IsReadAsUtf8ElseAsGb18030) {
     EXPECT_EQ(history::decodeText("\xE6\x9C\x9F"), u"期"_s);
     EXPECT_EQ(history::decodeText("\xEF\xBB\xBF\xE6\x9C\x9F"), u"期"_s);
-    EXPECT_EQ(history::decodeText("\xC6\xDA" "01"), u"期01"_s);
+    EXPECT_EQ(history::decodeText("\xC6\xDA"
+                                  "01"),
+              u"期01"_s);
     EXPECT_EQ(history::decodeText("01 \xC6\xDA"), u"01 期"_s); // no UTF-8 character that the end has cut off
-    EXPECT_EQ(history::decodeText(QByteArray("\xFF\xFE" "1\0", 4)), u"1"_s);
+    EXPECT_EQ(history::decodeText(QByteArray("\xFF\xFE"
+                                             "1\0",
+                                             4)),
+              u"1"_s);
     EXPECT_EQ(history::decodeText(""), QString());
 }
 
