@@ -2,8 +2,8 @@
 // them.
 //
 // A parameter is a number computed for each bet into column canshu. How it is computed stands in its row: a statement
-// with {names} filled in at each run (fillTemplate), or a function where statements depend on the ticks (computation).
-// Position parameters compare a column directly; they have the column in place of a statement.
+// with {names} filled in at each run (fillTemplate), or a function where statements depend on the ticks
+// (computation). Position parameters compare a column directly; they have the column in place of a statement.
 //
 // To add a parameter, add a row: the window, the runs and the tests walk this table. Ticks, boxes and periods never
 // change: saved settings refer to them.
@@ -33,11 +33,11 @@ struct Defaults {
 };
 
 struct Parameter {
-    std::string_view option;    ///< name of the option button
-    std::string_view caption;   ///< its text, also in reasons
-    std::string_view history;   ///< column of the draw history with the same parameter; empty: none
-    int tick;                   ///< index in Check1
-    int period;                 ///< index in Combo1; -1: none
+    std::string_view option;  ///< name of the option button
+    std::string_view caption; ///< its text, also in reasons
+    std::string_view history; ///< column of the draw history with the same parameter; empty: none
+    int tick;                 ///< index in Check1
+    int period;               ///< index in Combo1; -1: none
     Boxes boxes;
     Defaults defaults;
     std::string_view gridTitle; ///< heading of the value's column in the grid; empty: no such column
@@ -50,8 +50,12 @@ struct Parameter {
 };
 
 // Two boxes of a family hold the red parameter's values, two those of the red-and-blue one.
-constexpr Boxes redHalf(std::string_view name) { return {name, 0, 1, 4, 5}; }
-constexpr Boxes wholeHalf(std::string_view name) { return {name, 2, 3, 6, 7}; }
+constexpr Boxes redHalf(std::string_view name) {
+    return {name, 0, 1, 4, 5};
+}
+constexpr Boxes wholeHalf(std::string_view name) {
+    return {name, 2, 3, 6, 7};
+}
 
 /// The parameters of the windows with six reds and a blue.
 std::span<const Parameter> sixAndBlueCatalogue();

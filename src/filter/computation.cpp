@@ -46,9 +46,13 @@ std::string valueOf(std::string_view name, const Workbench& bench, const RunSett
     return weightText(name, settings);
 }
 
-std::string update(const Workbench& bench) { return "UPDATE [" + std::string(bench.table) + "] SET [canshu]="; }
+std::string update(const Workbench& bench) {
+    return "UPDATE [" + std::string(bench.table) + "] SET [canshu]=";
+}
 
-std::string fig(int position) { return "[fig" + std::to_string(position) + "]"; }
+std::string fig(int position) {
+    return "[fig" + std::to_string(position) + "]";
+}
 
 void runKernel(const Workbench& bench, const sql::RowKernel& kernel) {
     static const std::vector<std::string> reds{"fig1", "fig2", "fig3", "fig4", "fig5", "fig6"};
@@ -121,7 +125,8 @@ void computeInterval(const Workbench& bench, const RunSettings& settings) {
     std::string sum;
     for (int position = 1; position <= 6; ++position) {
         sum += position == 1 ? "(" : position == 2 ? " +  (" : " + (";
-        sum += fig(position) + ">" + above + "and " + fig(position) + "<=" + to + ")* {w" + std::to_string(position) + "}";
+        sum += fig(position) + ">" + above + "and " + fig(position) + "<=" + to + ")* {w" + std::to_string(position) +
+               "}";
     }
     sql::passOver(bench.database, update(bench) + "-(" + fillTemplate(sum, bench, settings) + ")");
 }

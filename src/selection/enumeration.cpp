@@ -124,9 +124,8 @@ Generated generate(sql::Database& database, const TableShape& shape, GenerationI
     removeRows(database, shape.table);
 
     const bool multirows = input.Multirows && shape.reds == 6;
-    const std::int64_t sets = multirows
-                                  ? input.Multicount
-                                  : combinationCount(input.Genreds, shape.reds - bankersOf(shape, input));
+    const std::int64_t sets =
+        multirows ? input.Multicount : combinationCount(input.Genreds, shape.reds - bankersOf(shape, input));
     const std::int64_t announced = sets * (shape.blue ? static_cast<std::int64_t>(input.chosen.blues.size()) : 1);
     RowWriter writer(database, shape, announced, multirows ? Progress{} : progress);
     if (multirows)

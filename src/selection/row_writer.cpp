@@ -6,13 +6,15 @@
 namespace selection {
 namespace {
 
-// 65,536 rows of eight 32-bit columns are 2 MiB: they stay in the second-level cache until the engine has packed them.
+// 65,536 rows of eight 32-bit columns are 2 MiB: they stay in the second-level cache until the engine has packed
+// them.
 constexpr std::size_t kBlockRows = 65536;
 constexpr std::size_t kMostBlues = 64; // more than any rule has; room that a set of reds may need past the block
 
 } // namespace
 
-RowWriter::RowWriter(sql::Database& database, const TableShape& shape, std::int64_t expected, const Progress& progress)
+RowWriter::RowWriter(sql::Database& database, const TableShape& shape, std::int64_t expected,
+                     const Progress& progress)
     : m_database(database), m_table(shape.table), m_blue(shape.blue), m_progress(progress),
       m_step(std::max<std::int64_t>(expected / kProgressScale, 1)) {
     const std::size_t columns = 1 + static_cast<std::size_t>(shape.reds) + (shape.blue ? 1 : 0);
