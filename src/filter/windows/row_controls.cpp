@@ -1,0 +1,61 @@
+#include "filter/windows/row_controls.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QRegularExpressionValidator>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+using namespace Qt::StringLiterals;
+
+namespace filter {
+
+QString indexedName(const QString& name, int index) { return u"%1(%2)"_s.arg(name).arg(index); }
+
+QSize TickBox::sizeHint() const {
+    return {style()->pixelMetric(QStyle::PM_IndicatorWidth) + 4, style()->pixelMetric(QStyle::PM_IndicatorHeight) + 4};
+}
+
+void TickBox::paintEvent(QPaintEvent*) {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text.clear();
+    painter.drawControl(QStyle::CE_CheckBox, option);
+}
+
+void PressButton::markUsed() {
+    QPalette used = palette();
+    used.setColor(QPalette::WindowText, QColor(0, 0, 255));
+    setPalette(used);
+}
+
+void PressButton::act() {
+    setFocus();
+    setChecked(true);
+    emit pressedAnyhow();
+}
+
+void PressButton::mousePressEvent(QMouseEvent* event) {
+    event->accept();
+    act();
+}
+
+void PressButton::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
+
+void PressButton::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter) {
+        QRadioButton::keyPressEvent(event);
+        return;
+    }
+    if (!event->isAutoRepeat())
+        act();
+}
+
+KeyedEdit::KeyedEdit(const QString& allowed, QWidget* parent) : QLineEdit(parent) {
+    setValidator(new QRegularExpressionValidator(QRegularExpression(allowed), this));
+    connect(this, &QLineEdit::inputRejected, this, [] { QApplication::beep(); });
+}
+
+} // namespace filter
