@@ -104,8 +104,9 @@ ModalAction answer(const QString& text, QMessageBox::StandardButton button) {
         QMessageBox* box = messageBox(dialog);
         if (!box)
             return;
-        if (!text.isEmpty())
+        if (!text.isEmpty()) {
             EXPECT_EQ(box->text().toStdString(), text.toStdString());
+        }
         pressButton(*box, button);
     };
 }
