@@ -16,8 +16,12 @@ constexpr int kMostPeriod = 200; // draws; the boxes offer 10, 20, … up to thi
 
 enum Column { kTick, kCaption, kLow, kHigh, kOdd, kEven, kCounts, kLists, kPeriod };
 
-QString text(std::string_view utf8) { return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())); }
-std::string utf8(const QLineEdit* box) { return box ? box->text().toStdString() : std::string(); }
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+std::string utf8(const QLineEdit* box) {
+    return box ? box->text().toStdString() : std::string();
+}
 
 void keepHeights(QGridLayout* layout, int lines) {
     for (int line = 0; line < lines; ++line)

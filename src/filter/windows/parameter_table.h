@@ -1,9 +1,9 @@
 // The dense table of a filter window: one row a parameter with its tick, option button, range, parity or interval,
 // count, list and period, in aligned columns.
 //
-// It is built from the catalogue. The count boxes stand in Frame11 and the lists in Frame13, two columns that show only
-// in list mode; they keep the row heights of the table, so that their boxes stay in line. A press on a parameter comes
-// out as a signal; the boxes are read when a run asks for them.
+// It is built from the catalogue. The count boxes stand in Frame11 and the lists in Frame13, two columns that show
+// only in list mode; they keep the row heights of the table, so that their boxes stay in line. A press on a parameter
+// comes out as a signal; the boxes are read when a run asks for them.
 #pragma once
 
 #include <vector>
@@ -56,7 +56,8 @@ class ParameterTable : public QWidget {
     void buildLists(Row& row, int line);
     void buildPeriod(Row& row, int line);
     void orderTabs();
-    QLineEdit* makeBox(const QString& name, const QString& text, const QString& accessible, int width, QWidget* parent);
+    QLineEdit* makeBox(const QString& name, const QString& text, const QString& accessible, int width,
+                       QWidget* parent);
     QFrame* makeFrame(const QString& name, int column, int lines, QGridLayout** layout);
     const Row* rowOf(const Parameter& parameter) const;
 

@@ -10,10 +10,13 @@ using namespace Qt::StringLiterals;
 
 namespace filter {
 
-QString indexedName(const QString& name, int index) { return u"%1(%2)"_s.arg(name).arg(index); }
+QString indexedName(const QString& name, int index) {
+    return u"%1(%2)"_s.arg(name).arg(index);
+}
 
 QSize TickBox::sizeHint() const {
-    return {style()->pixelMetric(QStyle::PM_IndicatorWidth) + 4, style()->pixelMetric(QStyle::PM_IndicatorHeight) + 4};
+    return {style()->pixelMetric(QStyle::PM_IndicatorWidth) + 4,
+            style()->pixelMetric(QStyle::PM_IndicatorHeight) + 4};
 }
 
 void TickBox::paintEvent(QPaintEvent*) {
@@ -41,7 +44,9 @@ void PressButton::mousePressEvent(QMouseEvent* event) {
     act();
 }
 
-void PressButton::mouseReleaseEvent(QMouseEvent* event) { event->accept(); }
+void PressButton::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+}
 
 void PressButton::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();

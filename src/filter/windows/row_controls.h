@@ -23,7 +23,8 @@ class TickBox : public QCheckBox {
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// An option button that acts on the press itself, whichever mouse button it is; space and enter act like a left press.
+/// An option button that acts on the press itself, whichever mouse button it is; space and enter act like a left
+/// press.
 class PressButton : public QRadioButton {
     Q_OBJECT
 
