@@ -1,6 +1,5 @@
 #include "filter/windows/filter_window.h"
 
-#include <QApplication>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -12,6 +11,7 @@
 #include "filter/windows/parameter_table.h"
 #include "filter/windows/result_panel.h"
 #include "filter/windows/run_panel.h"
+#include "toolkit/busy_cursor.h"
 #include "toolkit/messages.h"
 
 using namespace Qt::StringLiterals;
@@ -22,14 +22,6 @@ namespace {
 // Long enough that a row of presses is stored once, short enough that a pause is safe.
 constexpr int kIdleMs = 1500;
 constexpr QSize kUsefulSize{1264, 762}; // a work area of 1280 x 800 less frame and title
-
-class BusyCursor {
-  public:
-    BusyCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyCursor() { QApplication::restoreOverrideCursor(); }
-    BusyCursor(const BusyCursor&) = delete;
-    BusyCursor& operator=(const BusyCursor&) = delete;
-};
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -55,7 +47,7 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::setBaoliu);
     connect(m_results, &ResultPanel::rowDoubleClicked, this, &FilterWindow::toggleRow);
     connect(m_results, &ResultPanel::pageWanted, this, [this] {
-        const BusyCursor busy;
+        const toolkit::BusyCursor busy;
         m_results->show(m_view.page(m_results->pageNumber()));
     });
 }
@@ -118,7 +110,7 @@ QWidget* FilterWindow::buildReasonChoice() {
     column->addWidget(left);
     column->addWidget(all);
     connect(all, &QRadioButton::clicked, this, [this] {
-        const BusyCursor busy;
+        const toolkit::BusyCursor busy;
         m_results->show(m_view.reasons());
     });
     return box;
@@ -153,7 +145,7 @@ void FilterWindow::addStateButtons(QVBoxLayout* column) {
 }
 
 void FilterWindow::load(selection::GenerationInput& input, const selection::Progress& progress) {
-    const BusyCursor busy;
+    const toolkit::BusyCursor busy;
     const selection::Generated generated =
         selection::generate(m_context.dbFilnum, shapeOf(m_member), input, progress);
     m_results->show(m_view.generated());
@@ -162,7 +154,7 @@ void FilterWindow::load(selection::GenerationInput& input, const selection::Prog
 }
 
 void FilterWindow::press(const Parameter& parameter) {
-    const BusyCursor busy;
+    const toolkit::BusyCursor busy;
     m_table->markUsed(parameter);
     RunSettings settings = m_panel->settings();
     settings.Baoliu = m_context.Baoliu;
@@ -173,7 +165,7 @@ void FilterWindow::press(const Parameter& parameter) {
 }
 
 void FilterWindow::changeStates(void (RowStates::*operation)() const) {
-    const BusyCursor busy;
+    const toolkit::BusyCursor busy;
     (m_states.*operation)();
     showCounted(m_view.inPlay());
     scheduleStore();

@@ -3,6 +3,7 @@
 #include <QLabel>
 
 #include "filter/parameter_run.h"
+#include "toolkit/look.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,8 +32,7 @@ void keepHeights(QGridLayout* layout, int lines) {
 
 /// A tint of the base colour under the captions of the parameters that honour the position boxes.
 QColor colouredTint(const QPalette& palette) {
-    const bool dark = palette.color(QPalette::Window).lightness() < 128;
-    return dark ? QColor(64, 56, 40) : QColor(255, 243, 219);
+    return toolkit::isDark(palette) ? QColor(64, 56, 40) : QColor(255, 243, 219);
 }
 
 } // namespace

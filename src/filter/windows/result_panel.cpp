@@ -14,22 +14,16 @@ namespace {
 
 constexpr int kTwipsPerPixel = 15;
 constexpr int kHeadingPadding = 10; // pixels left and right of a heading, together
-constexpr int kRowHeight = 22;
 
 } // namespace
 
 ResultPanel::ResultPanel(QWidget* parent)
-    : QWidget(parent), m_model(new RowsModel(this)), m_grid(new QTableView(this)),
+    : QWidget(parent), m_model(new RowsModel(this)), m_grid(new toolkit::FlexGrid(this)),
       m_page(new KeyedEdit(kDigitKeys.toString(), this)), m_turn(new QPushButton(u"翻页(&U)"_s, this)) {
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"组合"_s);
     m_grid->setModel(m_model);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_grid->setWordWrap(false);
-    m_grid->verticalHeader()->hide();
-    m_grid->verticalHeader()->setDefaultSectionSize(kRowHeight);
-    m_grid->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_grid->horizontalHeader()->setHighlightSections(false);
     m_page->setObjectName(u"Text1"_s);
     m_page->setAccessibleName(u"页号"_s);
     m_page->setText(u"1"_s);
@@ -47,7 +41,7 @@ ResultPanel::ResultPanel(QWidget* parent)
     column->addLayout(paging);
 
     connect(m_turn, &QPushButton::clicked, this, &ResultPanel::pageWanted);
-    connect(m_grid, &QTableView::doubleClicked, this, [this](const QModelIndex& cell) {
+    connect(m_grid, &toolkit::FlexGrid::doubleClicked, this, [this](const QModelIndex& cell) {
         m_grid->setCurrentIndex(m_model->index(cell.row(), 0));
         emit rowDoubleClicked(cell.row());
     });

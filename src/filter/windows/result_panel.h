@@ -3,10 +3,10 @@
 
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTableView>
 #include <QWidget>
 
 #include "filter/windows/rows_model.h"
+#include "toolkit/flex_grid.h"
 
 namespace filter {
 
@@ -34,7 +34,7 @@ class ResultPanel : public QWidget {
     void applyWidths();
 
     RowsModel* m_model;
-    QTableView* m_grid;
+    toolkit::FlexGrid* m_grid;
     QLineEdit* m_page;
     QPushButton* m_turn;
 };
