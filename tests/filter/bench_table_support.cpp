@@ -3,6 +3,7 @@
 #include <atomic>
 #include <stdexcept>
 #include <unistd.h>
+#include <utility>
 
 namespace filter_test {
 
