@@ -43,7 +43,7 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     m_storeTimer.setInterval(kIdleMs);
     connect(&m_storeTimer, &QTimer::timeout, this, &FilterWindow::storeNow);
     connect(m_table, &ParameterTable::parameterPressed, this, &FilterWindow::press);
-    connect(m_panel, &RunPanel::modePressed, m_table, [this](Mode mode) { m_table->showLists(mode == Mode::List); });
+    connect(m_panel, &RunPanel::modePressed, this, &FilterWindow::changeMode);
     connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::setBaoliu);
     connect(m_results, &ResultPanel::rowDoubleClicked, this, &FilterWindow::toggleRow);
     connect(m_results, &ResultPanel::pageWanted, this, [this] {
@@ -57,27 +57,31 @@ FilterWindow::~FilterWindow() {
 }
 
 void FilterWindow::layOut() {
-    auto* rows = new QScrollArea(this);
-    rows->setObjectName(u"ParameterRows"_s);
-    rows->setWidgetResizable(true);
-    rows->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    rows->setWidget(m_table);
-    // The columns that list mode shows make the table wider: the area follows it.
-    const auto follow = [this, rows] {
-        rows->setFixedWidth(m_table->minimumSizeHint().width() + rows->verticalScrollBar()->sizeHint().width() + 4);
-    };
-    follow();
-    connect(m_panel, &RunPanel::modePressed, this, [this, follow] {
-        m_table->layout()->activate();
-        follow();
-    });
+    m_tableArea = new QScrollArea(this);
+    m_tableArea->setObjectName(u"ParameterRows"_s);
+    m_tableArea->setWidgetResizable(true);
+    m_tableArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_tableArea->setWidget(m_table);
+    fitTableArea();
 
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(8, 8, 8, 8);
-    line->addWidget(rows);
+    line->addWidget(m_tableArea);
     line->addWidget(buildMiddle());
     line->addWidget(m_results, 1);
     resize(kUsefulSize);
+}
+
+void FilterWindow::changeMode(Mode mode) {
+    m_table->showLists(mode == Mode::List);
+    fitTableArea();
+}
+
+/// The columns that list mode shows make the table wider: its area follows.
+void FilterWindow::fitTableArea() {
+    m_table->layout()->activate();
+    m_tableArea->setFixedWidth(m_table->minimumSizeHint().width() +
+                               m_tableArea->verticalScrollBar()->sizeHint().width() + 4);
 }
 
 QWidget* FilterWindow::buildMiddle() {

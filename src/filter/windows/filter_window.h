@@ -13,8 +13,8 @@
 #include "filter/result_view.h"
 #include "filter/row_states.h"
 
-class QRadioButton;
 class QPushButton;
+class QScrollArea;
 class QVBoxLayout;
 
 namespace filter {
@@ -54,6 +54,8 @@ class FilterWindow : public QDialog {
     void addStateButtons(QVBoxLayout* column);
     QPushButton* makeButton(const QString& name, const QString& caption, const QString& toolTip);
 
+    void changeMode(Mode mode);
+    void fitTableArea();
     void press(const Parameter& parameter);
     void changeStates(void (RowStates::*operation)() const);
     void toggleRow(int row);
@@ -68,6 +70,7 @@ class FilterWindow : public QDialog {
     ResultView m_view;
     QTimer m_storeTimer;
     ParameterTable* m_table;
+    QScrollArea* m_tableArea = nullptr;
     RunPanel* m_panel;
     ResultPanel* m_results;
 };

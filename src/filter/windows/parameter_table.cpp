@@ -11,8 +11,8 @@ namespace filter {
 namespace {
 
 constexpr int kLineHeight = 22;
-constexpr int kNumberWidth = 42;
-constexpr int kListWidth = 118;
+constexpr int kNumberWidth = 38;
+constexpr int kListWidth = 112;
 constexpr int kMostPeriod = 200; // draws; the boxes offer 10, 20, … up to this
 
 enum Column { kTick, kCaption, kLow, kHigh, kOdd, kEven, kCounts, kLists, kPeriod };
@@ -76,6 +76,7 @@ void ParameterTable::buildHeads() {
         auto* head = new QLabel(heading, this);
         head->setObjectName(u"Head"_s + heading);
         head->setAlignment(Qt::AlignCenter);
+        head->setFixedHeight(kLineHeight);
         QFont bold = head->font();
         bold.setBold(true);
         head->setFont(bold);
@@ -104,10 +105,12 @@ void ParameterTable::buildRow(const Parameter& parameter, int line) {
     row.parameter = &parameter;
     row.tick = new TickBox(text(parameter.caption), this);
     row.tick->setObjectName(indexedName(u"Check1"_s, parameter.tick));
+    row.tick->setFixedHeight(kLineHeight);
     m_grid->addWidget(row.tick, line, kTick, Qt::AlignCenter);
 
     row.option = new PressButton(text(parameter.caption), this);
     row.option->setObjectName(text(parameter.option));
+    row.option->setFixedHeight(kLineHeight);
     if (parameter.column.empty()) {
         QPalette tinted = row.option->palette();
         tinted.setColor(QPalette::Window, colouredTint(palette()));
@@ -147,6 +150,7 @@ void ParameterTable::buildParity(Row& row, int line) {
         auto* box = new QCheckBox(caption, this);
         box->setObjectName(indexedName(u"Check2"_s, index));
         box->setAccessibleName(text(p.caption) + u" "_s + caption);
+        box->setFixedHeight(kLineHeight);
         m_grid->addWidget(box, line, column, Qt::AlignCenter);
         return box;
     };
