@@ -9,7 +9,7 @@ namespace {
 constexpr int kIndexTwips = 750;
 constexpr int kRedTwips = 550;
 constexpr int kBlueTwips = 650;
-constexpr int kValueTwips = 1200; // room for the longest grid title
+constexpr int kValueTwips = 1100;
 constexpr int kReasonTwips = 12800;
 
 int numbersOf(const FilterMember& member) {

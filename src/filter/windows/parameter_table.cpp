@@ -3,16 +3,16 @@
 #include <QLabel>
 
 #include "filter/parameter_run.h"
-#include "toolkit/look.h"
 
 using namespace Qt::StringLiterals;
 
 namespace filter {
 namespace {
 
-constexpr int kLineHeight = 22;
+constexpr int kLineHeight = 21; // 33 lines with their gaps fit a work area of 1280 x 800
 constexpr int kNumberWidth = 38;
-constexpr int kListWidth = 112;
+constexpr int kListWidth = 96;
+constexpr int kPeriodWidth = 74;
 constexpr int kMostPeriod = 200; // draws; the boxes offer 10, 20, … up to this
 
 enum Column { kTick, kCaption, kLow, kHigh, kOdd, kEven, kCounts, kLists, kPeriod };
@@ -30,18 +30,13 @@ void keepHeights(QGridLayout* layout, int lines) {
     layout->setRowStretch(lines, 1);
 }
 
-/// A tint of the base colour under the captions of the parameters that honour the position boxes.
-QColor colouredTint(const QPalette& palette) {
-    return toolkit::isDark(palette) ? QColor(64, 56, 40) : QColor(255, 243, 219);
-}
-
 } // namespace
 
 ParameterTable::ParameterTable(std::span<const Parameter> catalogue, QWidget* parent)
     : QWidget(parent), m_grid(new QGridLayout(this)) {
     const int lines = static_cast<int>(catalogue.size()) + 1;
     m_grid->setContentsMargins(4, 2, 4, 2);
-    m_grid->setHorizontalSpacing(4);
+    m_grid->setHorizontalSpacing(3);
     m_grid->setVerticalSpacing(1);
     keepHeights(m_grid, lines);
     m_counts = makeFrame(u"Frame11"_s, kCounts, lines, &m_countGrid);
@@ -111,12 +106,8 @@ void ParameterTable::buildRow(const Parameter& parameter, int line) {
     row.option = new PressButton(text(parameter.caption), this);
     row.option->setObjectName(text(parameter.option));
     row.option->setFixedHeight(kLineHeight);
-    if (parameter.column.empty()) {
-        QPalette tinted = row.option->palette();
-        tinted.setColor(QPalette::Window, colouredTint(palette()));
-        row.option->setPalette(tinted);
-        row.option->setAutoFillBackground(true);
-    }
+    if (parameter.column.empty())
+        row.option->markColoured();
     m_grid->addWidget(row.option, line, kCaption);
     connect(row.option, &PressButton::pressedAnyhow, this, [this, &parameter] { emit parameterPressed(parameter); });
 
@@ -191,7 +182,7 @@ void ParameterTable::buildPeriod(Row& row, int line) {
     box->setCurrentIndex(-1);
     box->setToolTip(u"选择检索期数范围来检索历史号码参数最值或均值差幅自动设置过滤条件"_s);
     box->setAccessibleName(text(row.parameter->caption) + u" 检索期数"_s);
-    box->setFixedHeight(kLineHeight);
+    box->setFixedSize(kPeriodWidth, kLineHeight);
     box->setEnabled(false); // the search through the history that it starts is not in this program yet
     m_grid->addWidget(box, line, kPeriod);
     row.period = box;

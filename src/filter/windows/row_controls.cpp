@@ -6,6 +6,8 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include "toolkit/look.h"
+
 using namespace Qt::StringLiterals;
 
 namespace filter {
@@ -27,7 +29,21 @@ void TickBox::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_CheckBox, option);
 }
 
+void PressButton::setGround(const QColor& colour) {
+    QPalette tinted = palette();
+    tinted.setColor(QPalette::AlternateBase, colour); // the mark itself is drawn with Base and Button
+    setPalette(tinted);
+    setBackgroundRole(QPalette::AlternateBase);
+    setAutoFillBackground(true);
+}
+
+void PressButton::markColoured() {
+    setGround(toolkit::isDark(palette()) ? QColor(58, 52, 40) : QColor(255, 243, 219));
+}
+
 void PressButton::markUsed() {
+    if (toolkit::isDark(palette()))
+        setGround(QColor(214, 222, 255)); // pure blue cannot be read on a dark ground
     QPalette used = palette();
     used.setColor(QPalette::WindowText, QColor(0, 0, 255));
     setPalette(used);

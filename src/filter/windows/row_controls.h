@@ -30,6 +30,8 @@ class PressButton : public QRadioButton {
 
   public:
     using QRadioButton::QRadioButton;
+    /// A tinted ground: this parameter honours the position boxes.
+    void markColoured();
     /// Blue caption: this parameter has been used. It stays so until the window closes.
     void markUsed();
 
@@ -42,6 +44,7 @@ class PressButton : public QRadioButton {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void setGround(const QColor& colour);
     void act();
 };
 

@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
+constexpr int kMargin = 5; // the middle column stays narrow, for the grid's sake
+
 QRadioButton* makeOption(const QString& name, const QString& caption, QGroupBox* box) {
     auto* option = new QRadioButton(caption, box);
     option->setObjectName(name);
@@ -35,6 +37,7 @@ RunPanel::RunPanel(bool blue, QWidget* parent) : QWidget(parent) {
 QGroupBox* RunPanel::buildModes() {
     QGroupBox* box = makeBox(u"FrameModes"_s, u"参数过滤设置"_s, this);
     auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     m_range = makeOption(u"Option22"_s, u"范围查询"_s, box);
     m_mean = makeOption(u"Option21"_s, u"均值差幅"_s, box);
     m_list = makeOption(u"Option36"_s, u"最值查询(出现概率最大的若干个参数)"_s, box);
@@ -68,6 +71,7 @@ QGroupBox* RunPanel::buildModes() {
 QGroupBox* RunPanel::buildKeep() {
     QGroupBox* box = makeBox(u"FrameKeep"_s, u"参数过滤项设置"_s, this);
     auto* line = new QHBoxLayout(box);
+    line->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     m_keep = makeOption(u"Option1(0)"_s, u"保留"_s, box);
     auto* remove = makeOption(u"Option1(1)"_s, u"排除"_s, box);
     m_keep->setChecked(true);
@@ -86,6 +90,7 @@ QGroupBox* RunPanel::buildKeep() {
 QGroupBox* RunPanel::buildPositions(bool blue) {
     QGroupBox* box = makeBox(u"FramePositions"_s, u"彩色参数计算位"_s, this);
     auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     for (int position = 1; position <= (blue ? 7 : 6); ++position) {
         auto* tick = new QCheckBox(position == 7 ? u"蓝球"_s : u"红%1"_s.arg(position), box);
         tick->setObjectName(indexedName(u"ChkBt"_s, position));
