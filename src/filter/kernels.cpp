@@ -16,22 +16,37 @@ struct Numbers {
     std::size_t count = 0;
 };
 
+/// changed |= column[row] ^ column[row - 1], row by row; a plain loop that the compiler vectorises.
+void markChanges(std::span<const std::int32_t> column, std::span<std::int32_t> changed) {
+    for (std::size_t row = 1; row < changed.size(); ++row)
+        changed[row] |= column[row] ^ column[row - 1];
+}
+
+constexpr std::size_t kStretch =
+    1024; // rows looked at together: seven columns of 4 KiB stay in the first-level cache
+
 /// output[row] := valueOf(numbers of the row), once for each run of rows with the same numbers.
 template <class ValueOf>
 void forEachRun(Inputs inputs, const Positions& positions, std::span<std::int32_t> output, ValueOf valueOf) {
     Numbers numbers;
     numbers.count = positions.size();
-    std::int32_t value = 0;
-    for (std::size_t row = 0; row < output.size(); ++row) {
-        std::int32_t changed = row == 0 ? 1 : 0;
-        for (std::size_t place = 0; place < positions.size(); ++place) {
-            const std::int32_t number = inputs[static_cast<std::size_t>(positions[place])][row];
-            changed |= number ^ numbers.number[place];
-            numbers.number[place] = number;
+    std::array<std::int32_t, kStretch> marks;
+    for (std::size_t first = 0; first < output.size(); first += kStretch) {
+        const std::size_t rows = std::min(kStretch, output.size() - first);
+        const std::span changed(marks.data(), rows);
+        std::ranges::fill(changed, 0);
+        changed[0] = 1;
+        for (const int position : positions)
+            markChanges(inputs[static_cast<std::size_t>(position)].subspan(first, rows), changed);
+        std::int32_t value = 0;
+        for (std::size_t row = 0; row < rows; ++row) {
+            if (changed[row] != 0) {
+                for (std::size_t place = 0; place < positions.size(); ++place)
+                    numbers.number[place] = inputs[static_cast<std::size_t>(positions[place])][first + row];
+                value = valueOf(numbers);
+            }
+            output[first + row] = value;
         }
-        if (changed != 0)
-            value = valueOf(numbers);
-        output[row] = value;
     }
 }
 
