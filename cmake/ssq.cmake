@@ -18,7 +18,8 @@ endif()
 # One interface target carries every flag of our own code.
 add_library(ssq_flags INTERFACE)
 target_compile_options(ssq_flags INTERFACE
-  -Wall -Wextra -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor -Werror)
+  -Wall -Wextra -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor -Werror
+  -Wno-restrict) # GCC 12 warns of its own std::string at -O2 and above
 target_compile_definitions(ssq_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
 target_include_directories(ssq_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)

@@ -94,7 +94,8 @@ class Recordset {
     void remove();
 
   private:
-    std::unique_ptr<Backend> m_backend;
+    struct State;
+    std::unique_ptr<State> m_state;
 };
 
 /// Columns of new rows for a bulk insertion: column names with one span of values each, all of one length.

@@ -1,0 +1,95 @@
+#include "sql/store.h"
+
+#include <algorithm>
+
+#include "sql/lexer.h"
+#include "sql/parser.h"
+#include "sql/sqlite_executor.h"
+
+namespace sql {
+
+Store::Store(std::filesystem::path file, const EngineOptions& options, bool mustExist)
+    : m_path(std::move(file)), m_file(std::make_shared<SqliteFile>(m_path, mustExist)),
+      m_ordinary(std::make_unique<SqliteExecutor>(m_file)) {
+    static_cast<void>(options);
+}
+
+Store::~Store() {
+    try {
+        store();
+    } catch (const SqlError&) {
+        // The file keeps the state of the last successful store(); whoever needs to know has called store() himself.
+    }
+}
+
+TableExecutor& Store::keeperOf(std::string_view table) {
+    static_cast<void>(table);
+    return *m_ordinary;
+}
+
+const TableExecutor& Store::keeperOf(std::string_view table) const {
+    return const_cast<Store*>(this)->keeperOf(table);
+}
+
+TableExecutor& Store::executorOf(const Statement& statement) {
+    const std::vector<std::string> tables = tablesOf(statement);
+    TableExecutor& first = keeperOf(tables.front());
+    for (const std::string& table : tables)
+        if (&keeperOf(table) != &first)
+            throw SqlError(error::kMixedStores, "一个语句不能同时使用组合表和普通表 " + table, statement.tableSpan);
+    return first;
+}
+
+Statement Store::parsed(std::string_view text) {
+    Statement statement = parse(text);
+    TableExecutor& executor = executorOf(statement);
+    bind(statement, [&executor](const std::string& table) { return executor.shape(table); });
+    return statement;
+}
+
+void Store::execute(std::string_view text) {
+    Statement statement = parsed(text);
+    executorOf(statement).execute(statement);
+}
+
+std::shared_ptr<const Rows::Source> Store::query(std::string_view text) {
+    Statement statement = parsed(text);
+    if (statement.kind != StatementKind::Select || !statement.select.into.empty())
+        throw SqlError(error::kSyntax, "不是一个查询语句");
+    return executorOf(statement).query(std::move(statement.select));
+}
+
+std::unique_ptr<Recordset::Backend> Store::open(std::string_view tableOrSelect) {
+    const std::vector<Token> tokens = tokenize(tableOrSelect);
+    const bool isName = tokens.size() == 2 && (tokens[0].kind == TokenKind::Word || tokens[0].kind == TokenKind::Name);
+    if (!isName)
+        return readOnlyBackend(query(tableOrSelect));
+    return keeperOf(tokens[0].text).openTable(tokens[0].text);
+}
+
+void Store::begin() {
+    if (m_transactionDepth == 0)
+        m_file->run("BEGIN IMMEDIATE");
+    ++m_transactionDepth;
+}
+
+void Store::commit() {
+    if (m_transactionDepth == 1)
+        m_file->run("COMMIT");
+    --m_transactionDepth;
+}
+
+void Store::rollback() {
+    m_transactionDepth = 0;
+    if (sqliteInTransaction(*m_file))
+        m_file->run("ROLLBACK");
+}
+
+void Store::store() {
+    if (storePending() && m_transactionDepth == 0)
+        m_file->run("SELECT 1");
+}
+
+bool Store::storePending() const { return false; }
+
+} // namespace sql
