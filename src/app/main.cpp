@@ -1,0 +1,32 @@
+// Builds the program object and starts it.
+#include <QApplication>
+
+#include "mainwin/windows/program.h"
+#include "toolkit/look.h"
+#include "toolkit/messages.h"
+#include "workspace/paths.h"
+#include "workspace/windows/single_instance.h"
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"ssqdesk"_s);
+    QApplication::setDesktopFileName(u"ssqdesk"_s);
+    toolkit::applyLook(application);
+    try {
+        const std::filesystem::path folder = workspace::programFolder();
+        const workspace::SingleInstance instance(folder);
+        if (!workspace::mayStart(instance))
+            return 0;
+        QObject::connect(&instance, &workspace::SingleInstance::raiseAsked, &workspace::raiseActiveWindow);
+        mainwin::Program program(folder);
+        QObject::connect(&program, &mainwin::Program::ended, &application, &QApplication::quit,
+                         Qt::QueuedConnection);
+        program.start();
+        return QApplication::exec();
+    } catch (const std::exception& error) {
+        toolkit::showMessage(nullptr, QString::fromUtf8(error.what()), u"ssqdesk"_s, QMessageBox::Critical);
+        return 1;
+    }
+}

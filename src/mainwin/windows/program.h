@@ -1,0 +1,70 @@
+// The program: everything that lives from the start of the process to its end, and the way from window to window.
+//
+// One object, built in main() and handed by reference to nobody as a whole: each window gets the parts that it works
+// on. Order: construct, start() shows the users (Frmpre); when one has entered his workspace is opened, repaired where
+// that is told, and the main window (Form1) stands; when that closes the process ends.
+//
+// A new window opens from registerCommands(): one row, the name of its menu entry and what to do.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+
+#include <QObject>
+
+#include "history/history.h"
+#include "mainwin/main_context.h"
+#include "selection/enumeration.h"
+#include "selection/pad.h"
+#include "sql/database.h"
+#include "workspace/settings.h"
+#include "workspace/user_list.h"
+#include "workspace/workspace.h"
+
+namespace workspace {
+class StartWindow;
+}
+
+namespace mainwin {
+
+class Form1;
+
+class Program : public QObject {
+    Q_OBJECT
+
+  public:
+    /// \param folder  the program's folder; templates that are missing there are made
+    explicit Program(const std::filesystem::path& folder);
+    ~Program() override;
+
+    void start();
+
+    workspace::Settings settings;
+    sql::Engine engine;
+    workspace::UserList users{settings};
+    workspace::Workspace workspace;
+    history::History history;
+    selection::Pad pad;
+    selection::GenerationInput generation; ///< Genreds, Fromdraw, Drawnlist, Multirows, Multicount, Multitable
+    std::int16_t Baoliu = -1;              ///< keep or remove, one flag for all filter windows
+
+  signals:
+    /// The main window was closed, or a workspace could not be opened.
+    void ended();
+
+  private:
+    void enter();
+    bool openWorkspace();
+    void registerCommands();
+    void readHistory();
+    void enumerate(std::string_view form);
+    UserSettings userSettings();
+
+    std::filesystem::path m_folder;
+    std::unique_ptr<MainContext> m_context;
+    std::unique_ptr<workspace::StartWindow> m_start;
+    std::unique_ptr<Form1> m_form;
+};
+
+} // namespace mainwin
