@@ -1,0 +1,65 @@
+// The menus, the toolbar and the buttons of the main window, built from their tables and kept in step with the state.
+//
+// refresh() after any change of the state; a menu that opens asks for the state itself, so what it shows is never
+// old.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include <QObject>
+
+#include "mainwin/commands.h"
+#include "mainwin/menu_rules.h"
+#include "mainwin/menu_table.h"
+
+class QAction;
+class QMainWindow;
+class QMenu;
+class QPushButton;
+
+namespace mainwin {
+
+class CommandTree : public QObject {
+    Q_OBJECT
+  public:
+    using StateReader = std::function<ProgramState()>;
+
+    /// Builds menu bar and toolbar into the window. All three outlive the tree.
+    CommandTree(QMainWindow& window, const Commands& commands, StateReader state);
+
+    /// A button of buttonTable() by its name; the caller places it.
+    QPushButton* makeButton(const QString& name);
+
+    /// Enables what the state and the registered commands allow, and sets the captions of 组号方式.
+    void refresh();
+    /// Sets the check mark on one entry of a menu array and takes it from the others. An index that the array lacks
+    /// leaves none.
+    void check(const QString& name, int index);
+    /// Sets or takes the check mark of a single entry.
+    void setChecked(const QString& objectName, bool checked);
+
+  private:
+    struct Bound {
+        MenuRow row;
+        QAction* entry; ///< one of the two is null
+        QMenu* menu;
+    };
+    struct BoundButton {
+        ButtonRow row;
+        std::function<void(bool)> enable;
+    };
+
+    void buildMenus();
+    QMenu* addMenu(QMenu* above, const MenuRow& row);
+    QAction* addEntry(QMenu& menu, const MenuRow& row);
+    void buildToolbar();
+
+    QMainWindow& m_window;
+    const Commands& m_commands;
+    StateReader m_state;
+    std::vector<Bound> m_rows;
+    std::vector<BoundButton> m_buttons;
+};
+
+} // namespace mainwin

@@ -1,0 +1,207 @@
+#include "mainwin/windows/form1.h"
+
+#include <QCloseEvent>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+#include "base/number_text.h"
+#include "mainwin/windows/command_tree.h"
+#include "mainwin/windows/draw_panel.h"
+#include "mainwin/windows/history_panel.h"
+#include "mainwin/windows/share_panel.h"
+#include "selection/windows/pad_panel.h"
+#include "toolkit/messages.h"
+#include "toolkit/status_panel.h"
+#include "toolkit/window_place.h"
+
+using namespace Qt::StringLiterals;
+
+/// Resources of a static library have to be asked for, and that outside of any namespace.
+static void loadIcons() { Q_INIT_RESOURCE(mainwin); }
+
+namespace mainwin {
+
+namespace {
+
+constexpr int kBetPanel = 3; // the third panel of the status bar
+const QSize kDesignSize{1280, 760};
+
+QWidget* scrolled(QWidget* content, const QString& name) {
+    auto* area = new QScrollArea;
+    area->setObjectName(name);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setWidget(content);
+    return area;
+}
+
+} // namespace
+
+Form1::Form1(MainContext& context, QWidget* parent) : QMainWindow(parent), m_context(context) {
+    loadIcons();
+    setObjectName(u"Form1"_s);
+    setWindowTitle(u"奥衡星双色球彩票助理"_s);
+    registerCommands();
+    m_tree = new CommandTree(*this, m_context.commands, [this] { return state(); });
+    buildWindow();
+    buildStatusBar();
+    readSettings();
+    connectPad();
+    showRule();
+    m_tree->check(u"meuDanxuan"_s, selection::Pad::kBetReds);
+    showHistory();
+    showStatus();
+    resize(kDesignSize);
+    toolkit::keepPlace(*this, {[this](const QString& key) { return m_context.settings.get(u"Place"_s, key, {}); },
+                               [this](const QString& key, const QString& value) {
+                                   m_context.settings.set(u"Place"_s, key, value);
+                               }});
+}
+
+void Form1::registerCommands() {
+    Commands& commands = m_context.commands;
+    commands.on(u"meuS"_s, [this](int reds) { setRule(reds, m_context.workspace.BitnumB); });
+    commands.on(u"mnuBlue"_s, [this](int blues) { setRule(m_context.workspace.Bitnum, blues); });
+    for (const StabilityItem& item : kStabilityItems)
+        commands.on(item.name.toString(), [this, item](int) { chooseStability(item); });
+    commands.on(u"mnuPtset"_s, [this](int) { askPrintRow(); });
+    commands.on(u"ext"_s, [this](int) { close(); });
+}
+
+void Form1::buildWindow() {
+    m_shares = new SharePanel;
+    m_history = new HistoryPanel(m_context.history);
+    for (const char16_t* name : {u"cmdRead", u"Command43", u"Command44", u"Command48"})
+        m_history->addButton(m_tree->makeButton(QString::fromUtf16(name)));
+
+    auto* splitter = new QSplitter(Qt::Horizontal);
+    splitter->setObjectName(u"Splitter1"_s);
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(scrolled(buildLeft(), u"ScrollLeft"_s));
+    splitter->addWidget(scrolled(m_shares, u"ScrollShares"_s));
+    splitter->addWidget(m_history);
+    for (int part = 0; part < splitter->count(); ++part)
+        splitter->setStretchFactor(part, part == 1 ? 2 : 1);
+    auto* central = new QWidget;
+    central->setObjectName(u"Central"_s);
+    auto* layout = new QVBoxLayout(central);
+    layout->setContentsMargins(8, 8, 8, 4);
+    layout->addWidget(splitter);
+    setCentralWidget(central);
+}
+
+QWidget* Form1::buildLeft() {
+    m_pad = new selection::PadPanel(m_context.pad);
+    m_draw = new DrawPanel;
+    for (const char16_t* name : {u"ComSta", u"ComSpd", u"ComRst"})
+        m_draw->addButton(m_tree->makeButton(QString::fromUtf16(name)));
+    auto* left = new QWidget;
+    left->setObjectName(u"Left"_s);
+    auto* layout = new QVBoxLayout(left);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_pad);
+    layout->addWidget(m_draw, 1);
+    return left;
+}
+
+void Form1::buildStatusBar() {
+    statusBar()->setObjectName(u"StatusBar1"_s);
+    for (int index = 1; index <= static_cast<int>(m_panels.size()); ++index) {
+        auto* panel = new toolkit::StatusPanel(index);
+        m_panels[static_cast<std::size_t>(index - 1)] = panel;
+        statusBar()->addWidget(panel, index == kBetPanel ? 1 : 0);
+    }
+}
+
+void Form1::readSettings() {
+    const UserSettings& settings = m_context.settings;
+    Printrow = static_cast<int>(base::val(settings.get(u"setup"_s, u"dayin"_s, u"5"_s).toStdString()));
+    stability.load(static_cast<int>(base::val(settings.get(u"Initial"_s, u"Wd"_s, u"100"_s).toStdString())));
+    if (const auto item = checkedItem(stability.Wd))
+        m_tree->setChecked(item->name.toString(), true);
+}
+
+void Form1::connectPad() {
+    const selection::Pad& pad = m_context.pad;
+    connect(&pad, &selection::Pad::changed, this, [this] {
+        m_tree->refresh();
+        showStatus();
+    });
+    connect(&pad, &selection::Pad::redsCleared, this,
+            [this] { m_tree->check(u"meuDanxuan"_s, selection::Pad::kBetReds); });
+}
+
+void Form1::setRule(int reds, int blues) {
+    workspace::Workspace& workspace = m_context.workspace;
+    if (reds != workspace.Bitnum)
+        m_context.settings.set(u"Initial"_s, u"Bitnum"_s, QString::number(reds));
+    if (blues != workspace.BitnumB)
+        m_context.settings.set(u"Initial"_s, u"BitnumB"_s, QString::number(blues));
+    workspace.Bitnum = reds;
+    workspace.BitnumB = blues;
+    showRule();
+    emit ruleChanged();
+}
+
+void Form1::showRule() {
+    const workspace::Workspace& workspace = m_context.workspace;
+    m_context.pad.setRule(workspace.Bitnum, workspace.BitnumB);
+    m_tree->check(u"meuS"_s, workspace.Bitnum);
+    m_tree->check(u"mnuBlue"_s, workspace.BitnumB);
+    m_draw->trace().setLogicalHeight(workspace.Bitnum);
+    m_shares->showShares(m_context.history, workspace.Bitnum, workspace.BitnumB);
+    showStatus();
+}
+
+void Form1::showHistory() {
+    m_history->reload();
+    m_shares->showShares(m_context.history, m_context.workspace.Bitnum, m_context.workspace.BitnumB);
+    m_tree->refresh();
+    showStatus();
+}
+
+void Form1::refreshCommands() {
+    m_tree->refresh();
+}
+
+void Form1::chooseStability(const StabilityItem& chosen) {
+    stability.choose(chosen);
+    m_context.settings.set(u"Initial"_s, u"Wd"_s, QString::number(stability.Wd));
+    for (const StabilityItem& item : kStabilityItems)
+        m_tree->setChecked(item.name.toString(), item.name == chosen.name);
+}
+
+void Form1::askPrintRow() {
+    const QString shown = m_context.settings.get(u"setup"_s, u"dayin"_s, u"5"_s);
+    const QString answer = toolkit::askText(this, u"请输入打印的时候每一行的注数"_s, u"打印设置"_s, shown);
+    Printrow = static_cast<int>(base::roundHalfEven(base::val(answer.toStdString())));
+    m_context.settings.set(u"setup"_s, u"dayin"_s, QString::number(Printrow));
+}
+
+void Form1::showStatus() {
+    const workspace::Workspace& workspace = m_context.workspace;
+    m_panels[0]->setText(u"用户：%1"_s.arg(workspace.Username));
+    m_panels[1]->setText(u"历史：%1期"_s.arg(m_context.history.Lsnum));
+    m_panels[2]->setText(m_context.pad.statusText());
+    m_panels[3]->setText(u"红球%1选6，蓝球%2选1"_s.arg(workspace.Bitnum).arg(workspace.BitnumB));
+}
+
+ProgramState Form1::state() const {
+    const selection::Pad& pad = m_context.pad;
+    return {.draws = m_context.history.Lsnum,
+            .reds = pad.Redcnt,
+            .bankers = pad.Dancnt,
+            .blues = pad.Bluecnt,
+            .startEnabled = pad.startEnabled()};
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+    QMainWindow::closeEvent(event);
+    emit closed();
+}
+
+} // namespace mainwin

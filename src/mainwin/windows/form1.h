@@ -1,0 +1,76 @@
+// The main window, `Form1`: the pads, the shares, the displays of the simulated draw, the history, and the command
+// tree from which every other window opens.
+//
+// It keeps no state of the program: it shows the workspace, the history and the pad that it is given. After a change
+// of the history call showHistory(). It is closed to end the program.
+#pragma once
+
+#include <array>
+
+#include <QMainWindow>
+
+#include "mainwin/main_context.h"
+#include "mainwin/menu_rules.h"
+#include "mainwin/stability.h"
+
+namespace selection {
+class PadPanel;
+}
+namespace toolkit {
+class StatusPanel;
+}
+
+namespace mainwin {
+
+class CommandTree;
+class DrawPanel;
+class HistoryPanel;
+class SharePanel;
+
+class Form1 : public QMainWindow {
+    Q_OBJECT
+  public:
+    /// \param context  outlives the window; the commands that the window can do alone are added to it
+    explicit Form1(MainContext& context, QWidget* parent = nullptr);
+
+    int Printrow = 5;    ///< bets per printed line, setting "dayin"
+    Stability stability; ///< of the simulated draw
+
+    /// Shows draws, shares and the next issue number anew, and enables what the history allows.
+    void showHistory();
+    /// Enables what the state allows; call it after a command was registered late.
+    void refreshCommands();
+
+  signals:
+    /// The rule was changed and saved.
+    void ruleChanged();
+    /// The window was closed: the program ends.
+    void closed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void registerCommands();
+    void buildWindow();
+    QWidget* buildLeft();
+    void buildStatusBar();
+    void readSettings();
+    void connectPad();
+    void setRule(int reds, int blues);
+    void showRule();
+    void chooseStability(const StabilityItem& item);
+    void askPrintRow();
+    void showStatus();
+    ProgramState state() const;
+
+    MainContext& m_context;
+    CommandTree* m_tree = nullptr;
+    selection::PadPanel* m_pad = nullptr;
+    SharePanel* m_shares = nullptr;
+    DrawPanel* m_draw = nullptr;
+    HistoryPanel* m_history = nullptr;
+    std::array<toolkit::StatusPanel*, 4> m_panels{};
+};
+
+} // namespace mainwin

@@ -1,0 +1,41 @@
+// The history as a grid: nine columns, one row a draw, oldest first. Row r of the model is draw r + 1.
+//
+// It reads the history where it lies; reload() after the history has changed.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QColor>
+
+#include "history/history.h"
+
+namespace mainwin {
+
+class HistoryModel : public QAbstractTableModel {
+    Q_OBJECT
+  public:
+    enum Column { RowNumber, Issue, FirstRed, Blue = FirstRed + 6, ColumnCount };
+
+    explicit HistoryModel(const history::History& history, QObject* parent = nullptr);
+
+    /// Reads the history anew.
+    void reload();
+    /// Colours of the texts; the palette decides how light they are.
+    void setColours(const QColor& rowNumber, const QColor& red, const QColor& blue);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    int value(int row, int column) const;
+    QString text(int row, int column) const;
+
+    const history::History& m_history;
+    int m_rows = 0;
+    QColor m_rowNumber;
+    QColor m_red;
+    QColor m_blue;
+};
+
+} // namespace mainwin

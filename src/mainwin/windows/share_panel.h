@@ -1,0 +1,58 @@
+// The shares of the numbers: for each its caption, its share in percent and a bar. The reds are Label4, Label6 and
+// Picture2 by number; the blues stand beside them.
+#pragma once
+
+#include <vector>
+
+#include <QWidget>
+
+#include "history/history.h"
+
+class QGridLayout;
+class QLabel;
+
+namespace mainwin {
+
+/// A bar on a scale of 0 to 6, with a mark at 3, the expected share.
+class ShareBar : public QWidget {
+    Q_OBJECT
+  public:
+    explicit ShareBar(QWidget* parent = nullptr);
+    void setLength(double length);
+    double length() const { return m_length; }
+    QSize sizeHint() const override;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    double m_length = 0;
+};
+
+class SharePanel : public QWidget {
+    Q_OBJECT
+  public:
+    explicit SharePanel(QWidget* parent = nullptr);
+
+    /// Shows the shares of the history for the numbers of a rule; rows above it are hidden.
+    void showShares(const history::History& history, int reds, int blues);
+
+  private:
+    struct Row {
+        QLabel* caption;
+        QLabel* share;
+        ShareBar* bar;
+        void show(bool inRule, double percent, int numbers);
+    };
+    struct Names {
+        QString caption;
+        QString share;
+        QString bar;
+    };
+    std::vector<Row> addRows(QGridLayout& grid, int count, int column, const Names& names);
+
+    std::vector<Row> m_reds;
+    std::vector<Row> m_blues;
+};
+
+} // namespace mainwin

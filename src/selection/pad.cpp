@@ -1,0 +1,270 @@
+#include "selection/pad.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace selection {
+
+namespace {
+
+constexpr int kEnoughForADraw = 6; // a draw ranks six numbers, so it needs more than six to choose from
+constexpr int kYuanPerBet = 2;
+
+/// Writes the place of each number of a list. A list that a generator has sorted no longer agrees with its places;
+/// the next change of the list brings them back in step.
+template <class List> void writePlaces(const List& list, List& places, std::int16_t count) {
+    for (std::int16_t place = 1; place <= count; ++place)
+        places[static_cast<std::size_t>(list[static_cast<std::size_t>(place)])] = place;
+}
+
+/// Puts a number at the end of a list.
+template <class List> void append(List& list, List& places, std::int16_t& count, int added) {
+    ++count;
+    list[static_cast<std::size_t>(count)] = static_cast<std::int16_t>(added);
+    writePlaces(list, places, count);
+}
+
+/// Takes a number out of a list, wherever it stands, and closes the gap.
+template <class List> void takeOut(List& list, List& places, std::int16_t& count, int removed) {
+    const auto first = list.begin() + 1;
+    std::remove(first, first + count, static_cast<std::int16_t>(removed));
+    list[static_cast<std::size_t>(count)] = 0;
+    --count;
+    places[static_cast<std::size_t>(removed)] = 0;
+    writePlaces(list, places, count);
+}
+
+template <class List> QString listText(const List& list, int count) {
+    QString text;
+    for (int place = 1; place <= count; ++place)
+        text += u' ' + QString::number(list[static_cast<std::size_t>(place)]);
+    return text;
+}
+
+} // namespace
+
+Pad::Pad(int reds, int blues, QObject* parent) : QObject(parent), m_reds(reds), m_blues(blues) {}
+
+std::int64_t Pad::combinations(int all, int taken) {
+    if (taken < 0 || taken > all)
+        return 0;
+    std::int64_t product = 1;
+    for (int step = 0; step < taken; ++step)
+        product = product * (all - step) / (step + 1); // whole at each step: it is C(all, step + 1)
+    return product;
+}
+
+void Pad::addRed(int number) {
+    Redsel[static_cast<std::size_t>(number)] = true;
+    append(Redlist, Redpos, Redcnt, number);
+}
+
+void Pad::dropRed(int number) {
+    Redsel[static_cast<std::size_t>(number)] = false;
+    takeOut(Redlist, Redpos, Redcnt, number);
+}
+
+void Pad::addDan(int number) {
+    Danmark[static_cast<std::size_t>(number)] = true;
+    append(Danlist, Danpos, Dancnt, number);
+}
+
+void Pad::dropDan(int number) {
+    Danmark[static_cast<std::size_t>(number)] = false;
+    takeOut(Danlist, Danpos, Dancnt, number);
+}
+
+void Pad::addBlue(int number) {
+    Bluesel[static_cast<std::size_t>(number)] = true;
+    append(Bluelist, Bluepos, Bluecnt, number);
+}
+
+void Pad::dropBlue(int number) {
+    Bluesel[static_cast<std::size_t>(number)] = false;
+    takeOut(Bluelist, Bluepos, Bluecnt, number);
+}
+
+void Pad::pressRed(int number) {
+    if (!isRed(number))
+        return;
+    const auto index = static_cast<std::size_t>(number);
+    Lastclick = static_cast<std::int16_t>(number);
+    if (Danmark[index])
+        dropDan(number);
+    if (Redsel[index])
+        dropRed(number);
+    else
+        addRed(number);
+    Redvalue[index] = Redsel[index];
+    rebuildTexts();
+    updateAvailability();
+    emit changed();
+}
+
+void Pad::pressBlue(int number) {
+    if (!isBlue(number))
+        return;
+    if (Bluesel[static_cast<std::size_t>(number)])
+        dropBlue(number);
+    else
+        addBlue(number);
+    updateAfterBlue();
+}
+
+void Pad::pointAtRed(int number) {
+    if (isRed(number))
+        Lastclick = static_cast<std::int16_t>(number);
+}
+
+void Pad::mnuDan() {
+    if (!isRed(Lastclick))
+        return;
+    const auto index = static_cast<std::size_t>(Lastclick);
+    if (Redsel[index])
+        dropRed(Lastclick);
+    if (Danmark[index])
+        dropDan(Lastclick);
+    else
+        addDan(Lastclick);
+    rebuildTexts();
+    updateAvailability();
+    emit changed();
+}
+
+void Pad::selectAllReds() {
+    while (Dancnt > 0)
+        dropDan(Danlist[static_cast<std::size_t>(Dancnt)]);
+    Redcnt = 0;
+    for (int number = 1; number <= m_reds; ++number) {
+        addRed(number);
+        Redvalue[static_cast<std::size_t>(number)] = true;
+    }
+    rebuildTexts();
+    updateAvailability();
+    emit changed();
+}
+
+void Pad::invertReds() {
+    const auto before = Redsel;
+    Redcnt = 0;
+    Redlist.fill(0);
+    Redpos.fill(0);
+    Redsel.fill(false);
+    for (int number = 1; number <= m_reds; ++number) {
+        const auto index = static_cast<std::size_t>(number);
+        if (Danmark[index])
+            continue;
+        if (!before[index])
+            addRed(number);
+        Redvalue[index] = Redsel[index];
+    }
+    rebuildTexts();
+    updateAvailability();
+    emit changed();
+}
+
+void Pad::clearReds() {
+    Redcnt = 0;
+    Dancnt = 0;
+    for (RedSlots* list : {&Redlist, &Danlist, &Redpos, &Danpos})
+        list->fill(0);
+    for (auto* marks : {&Redsel, &Danmark, &Redvalue})
+        marks->fill(false);
+    Bankermode = false;
+    Genreds = kBetReds;
+    m_startEnabled = false;
+    m_statusText.clear();
+    rebuildTexts();
+    emit redsCleared();
+    emit changed();
+}
+
+void Pad::selectAllBlues() {
+    Bluecnt = 0;
+    for (int number = 1; number <= m_blues; ++number)
+        addBlue(number);
+    updateAfterBlue();
+}
+
+void Pad::invertBlues() {
+    const auto before = Bluesel;
+    Bluecnt = 0;
+    Bluelist.fill(0);
+    Bluepos.fill(0);
+    Bluesel.fill(false);
+    for (int number = 1; number <= m_blues; ++number)
+        if (!before[static_cast<std::size_t>(number)])
+            addBlue(number);
+    updateAfterBlue();
+}
+
+void Pad::clearBlues() {
+    Bluecnt = 0;
+    Bluelist.fill(0);
+    Bluepos.fill(0);
+    Bluesel.fill(false);
+    m_statusText.clear();
+    rebuildTexts();
+    emit changed();
+}
+
+void Pad::setRule(int reds, int blues) {
+    for (int number = reds + 1; number <= kMostReds; ++number) {
+        const auto index = static_cast<std::size_t>(number);
+        if (Redsel[index])
+            dropRed(number);
+        if (Danmark[index])
+            dropDan(number);
+        Redvalue[index] = false;
+    }
+    for (int number = blues + 1; number <= kMostBlues; ++number)
+        if (Bluesel[static_cast<std::size_t>(number)])
+            dropBlue(number);
+    m_reds = reds;
+    m_blues = blues;
+    rebuildTexts();
+    updateAvailability();
+    emit changed();
+}
+
+void Pad::sortReds() {
+    std::sort(Redlist.begin() + 1, Redlist.begin() + 1 + Redcnt);
+}
+
+void Pad::rebuildTexts() {
+    m_redText = listText(Redlist, Redcnt);
+    m_danText = listText(Danlist, Dancnt);
+    m_blueText = listText(Bluelist, Bluecnt);
+}
+
+void Pad::updateAvailability() {
+    Bankermode = Dancnt > 0;
+    m_startEnabled = Redcnt + Dancnt > kEnoughForADraw;
+    updateStatusText();
+    if (Bankermode)
+        emit bankersChosen();
+}
+
+void Pad::updateAfterBlue() {
+    rebuildTexts();
+    if (Redcnt + Dancnt > kEnoughForADraw && Bluecnt > 0)
+        m_startEnabled = true;
+    updateStatusText();
+    emit changed();
+}
+
+void Pad::updateStatusText() {
+    if (Redcnt + Dancnt <= kEnoughForADraw || Bluecnt == 0)
+        return; // the panel keeps what it shows
+    Zunum = static_cast<std::int32_t>(combinations(Redcnt, kBetReds - Dancnt) * Bluecnt);
+    const int yuan = kYuanPerBet * Zunum;
+    if (Dancnt > 0)
+        m_statusText =
+            u"%1红胆%2红拖%3蓝，共计胆拖：%4注,合计：%5元"_s.arg(Dancnt).arg(Redcnt).arg(Bluecnt).arg(Zunum).arg(
+                yuan);
+    else
+        m_statusText = u"%1红%2蓝，共计复选：%3注,合计：%4元"_s.arg(Redcnt).arg(Bluecnt).arg(Zunum).arg(yuan);
+}
+
+} // namespace selection

@@ -1,0 +1,48 @@
+#include "toolkit/card.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "toolkit/look.h"
+
+using namespace Qt::StringLiterals;
+
+namespace toolkit {
+
+namespace {
+
+constexpr int kMargin = 10;
+constexpr int kSpacing = 6;
+constexpr qreal kCorner = 6;
+
+} // namespace
+
+Card::Card(const QString& name, const QString& heading, QWidget* parent) : QFrame(parent) {
+    setObjectName(name);
+    auto* label = new QLabel(heading);
+    label->setObjectName(name + u"Heading"_s);
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    m_head = new QHBoxLayout;
+    m_head->setSpacing(kSpacing);
+    m_head->addWidget(label);
+    m_head->addStretch();
+    m_body = new QVBoxLayout(this);
+    m_body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    m_body->setSpacing(kSpacing);
+    m_body->addLayout(m_head);
+}
+
+void Card::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Colours& look = colours(palette());
+    painter.setBrush(look.card);
+    painter.setPen(look.line);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+}
+
+} // namespace toolkit

@@ -1,0 +1,33 @@
+#include "toolkit/mask_edit.h"
+
+#include <QFocusEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace toolkit {
+
+MaskEdit::MaskEdit(const QString& mask, QWidget* parent)
+    : QLineEdit(parent), m_places(static_cast<int>(mask.size())) {
+    // The mask letter of an optional digit here is 0; 9 would demand one.
+    setInputMask(QString(mask.size(), u'0') + u";_"_s);
+    setAlignment(Qt::AlignCenter);
+    const int digits = fontMetrics().horizontalAdvance(QString(mask.size() + 2, u'0'));
+    setMinimumWidth(digits);
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        if (cursorPosition() >= m_places)
+            emit filled();
+    });
+}
+
+void MaskEdit::clearToMask() {
+    clear();
+    setCursorPosition(0);
+}
+
+void MaskEdit::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (event->reason() != Qt::MouseFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        setCursorPosition(0);
+}
+
+} // namespace toolkit

@@ -1,0 +1,140 @@
+#include "toolkit/number_ball.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include "toolkit/look.h"
+
+using namespace Qt::StringLiterals;
+
+namespace toolkit {
+
+namespace {
+
+constexpr int kDiameter = 34;
+constexpr int kSmallestDiameter = 26;
+constexpr qreal kTextShare = 0.40; // of the disc's diameter: two digits keep clear of the ring
+
+QColor mixed(const QColor& first, const QColor& second, qreal share) {
+    const auto part = [share](int a, int b) { return static_cast<int>(a * (1 - share) + b * share); };
+    return QColor(part(first.red(), second.red()), part(first.green(), second.green()),
+                  part(first.blue(), second.blue()));
+}
+
+} // namespace
+
+NumberBall::NumberBall(Kind kind, int number, QWidget* parent)
+    : QAbstractButton(parent), m_kind(kind), m_number(number) {
+    setText(QString::number(number));
+    setCheckable(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::PointingHandCursor);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    describe();
+}
+
+void NumberBall::setState(State state) {
+    if (m_state == state)
+        return;
+    m_state = state;
+    describe();
+    update();
+}
+
+void NumberBall::describe() {
+    constexpr QStringView kStates[] = {u"未选", u"已选", u"胆"};
+    const QString colour = m_kind == Kind::Red ? u"红球"_s : u"蓝球"_s;
+    setAccessibleName(u"%1 %2 %3"_s.arg(colour, text(), kStates[static_cast<int>(m_state)]));
+}
+
+QSize NumberBall::sizeHint() const {
+    return {kDiameter, kDiameter};
+}
+QSize NumberBall::minimumSizeHint() const {
+    return {kSmallestDiameter, kSmallestDiameter};
+}
+
+QRectF NumberBall::disc() const {
+    const qreal side = std::min(width(), height()) - 4.0;
+    QRectF disc(0, 0, side, side);
+    disc.moveCenter(QRectF(rect()).center());
+    return disc;
+}
+
+bool NumberBall::hitButton(const QPoint& position) const {
+    const QPointF fromCentre = QPointF(position) - disc().center();
+    const qreal radius = disc().width() / 2 + 1;
+    return QPointF::dotProduct(fromCentre, fromCentre) <= radius * radius;
+}
+
+void NumberBall::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton && hitButton(event->position().toPoint()))
+        emit rightPressed(event->globalPosition().toPoint());
+    QAbstractButton::mousePressEvent(event);
+}
+
+void NumberBall::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
+void NumberBall::contextMenuEvent(QContextMenuEvent* event) {
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        emit rightPressed(mapToGlobal(rect().center()));
+    event->accept();
+}
+
+void NumberBall::enterEvent(QEnterEvent* event) {
+    update();
+    QAbstractButton::enterEvent(event);
+}
+
+void NumberBall::leaveEvent(QEvent* event) {
+    update();
+    QAbstractButton::leaveEvent(event);
+}
+
+void NumberBall::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Colours& look = colours(palette());
+    QColor colour = m_kind == Kind::Red ? look.red : look.blue;
+    const QColor ground = palette().color(QPalette::Base);
+    if (!isEnabled())
+        colour = mixed(colour, ground, 0.6);
+    const bool filled = m_state == State::Selected;
+    const bool warm = isEnabled() && (underMouse() || isDown());
+    const QRectF ball = disc();
+
+    QColor inside = filled ? colour : ground;
+    if (warm)
+        inside = mixed(inside, filled ? palette().color(QPalette::Text) : colour, isDown() ? 0.24 : 0.12);
+    painter.setBrush(inside);
+    painter.setPen(QPen(colour, 1.5));
+    painter.drawEllipse(m_state == State::Banker ? ball.adjusted(4, 4, -4, -4) : ball.adjusted(1, 1, -1, -1));
+    if (m_state == State::Banker) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(look.gold, 2.5));
+        painter.drawEllipse(ball.adjusted(1, 1, -1, -1));
+    }
+
+    QFont font = this->font();
+    font.setPixelSize(static_cast<int>(ball.height() * kTextShare));
+    font.setBold(m_state != State::Free);
+    painter.setFont(font);
+    painter.setPen(filled ? QColor(isDark(palette()) ? 0xff15171b : 0xffffffff) : colour);
+    painter.drawText(ball, Qt::AlignCenter, text());
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DotLine));
+        painter.drawEllipse(
+            QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5).intersected(ball.adjusted(-1.5, -1.5, 1.5, 1.5)));
+    }
+}
+
+} // namespace toolkit
