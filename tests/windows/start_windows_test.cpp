@@ -1,10 +1,8 @@
 // The start window, the password box, and the one running program.
-#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QLocalServer>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -177,19 +175,15 @@ TEST_F(StartWindows, APasswordHasToMatch) {
     show();
     list().setCurrentRow(0);
     QSignalSpy entered(window.get(), &StartWindow::entered);
-    const auto tryAgain = [](QWidget& dialog) {
-        answer(u"无效的密码，请重试!"_s, u"登录"_s, QMessageBox::Ok)(dialog);
-        auto* box =
-            QApplication::topLevelWidgets().isEmpty() ? nullptr : qobject_cast<QDialog*>(dialog.parentWidget());
-        ASSERT_NE(box, nullptr);
-        QTimer::singleShot(0, box, [box] {
-            auto* edit = box->findChild<QLineEdit*>(u"txtPassword"_s);
-            EXPECT_EQ(edit->selectedText(), edit->displayText().replace(u'*', u'x').isEmpty() ? QString() : u"xyz"_s);
-            typeInto(*box, u"txtPassword"_s, u"abc"_s);
-            test_support::press(*box, u"cmdOK"_s);
-        });
+    const auto twice = [](QWidget& dialog) {
+        login(u"xyz"_s, u"cmdOK"_s)(dialog); // returns when the message has been answered
+        auto* edit = controlAs<QLineEdit>(dialog, u"txtPassword"_s);
+        EXPECT_EQ(edit->selectionLength(), 3);
+        EXPECT_TRUE(edit->hasFocus());
+        login(u"abc"_s, u"cmdOK"_s)(dialog);
     };
-    ModalScript script({{u"frmLogin"_s, login(u"xyz"_s, u"cmdOK"_s)}, {u"MsgBox"_s, tryAgain}});
+    ModalScript script(
+        {{u"frmLogin"_s, twice}, {u"MsgBox"_s, answer(u"无效的密码，请重试!"_s, u"登录"_s, QMessageBox::Ok)}});
     press(u"Label3"_s);
     EXPECT_EQ(entered.size(), 1);
 }
@@ -302,7 +296,7 @@ TEST_F(StartWindows, ASecondStartRaisesTheFirst) {
     const SingleInstance second(workspace::programFolder());
     ASSERT_FALSE(second.isFirst());
     ModalScript script({{u"MsgBox"_s, [](QWidget& dialog) {
-                             EXPECT_EQ(qobject_cast<QMessageBox&>(dialog).icon(), QMessageBox::Critical);
+                             EXPECT_EQ(qobject_cast<QMessageBox*>(&dialog)->icon(), QMessageBox::Critical);
                              answer(u"此程序已经执行,无法重复执行本程序,否则严重影响本程序执行速度!"_s)(dialog);
                          }}});
     EXPECT_FALSE(mayStart(second));
