@@ -1,4 +1,9 @@
 // The start window, the password box, and the one running program.
+#include <csignal>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -179,7 +184,7 @@ TEST_F(StartWindows, APasswordHasToMatch) {
         login(u"xyz"_s, u"cmdOK"_s)(dialog); // returns when the message has been answered
         auto* edit = controlAs<QLineEdit>(dialog, u"txtPassword"_s);
         EXPECT_EQ(edit->selectionLength(), 3);
-        EXPECT_TRUE(edit->hasFocus());
+        EXPECT_EQ(dialog.focusWidget(), edit);
         login(u"abc"_s, u"cmdOK"_s)(dialog);
     };
     ModalScript script(
@@ -314,6 +319,22 @@ TEST_F(StartWindows, AfterTheFirstHasEndedTheNextIsFirst) {
     { const SingleInstance first(workspace::programFolder()); }
     const SingleInstance second(workspace::programFolder());
     EXPECT_TRUE(second.isFirst());
+}
+
+TEST_F(StartWindows, AKilledProgramDoesNotStandInTheWay) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const SingleInstance killed(workspace::programFolder());
+        ::_exit(killed.isFirst() ? ::raise(SIGKILL) : 1); // leaves its lock and its socket behind
+    }
+    int status = 0;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    ASSERT_TRUE(WIFSIGNALED(status));
+    const SingleInstance next(workspace::programFolder());
+    EXPECT_TRUE(next.isFirst());
+    QSignalSpy asked(&next, &SingleInstance::raiseAsked);
+    EXPECT_TRUE(SingleInstance(workspace::programFolder()).raiseFirst());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 1; }));
 }
 
 } // namespace
