@@ -107,11 +107,15 @@ QWidget* StartWindow::buildUsers() {
 }
 
 /// The item data is the user's number in the settings, from 1.
+void StartWindow::addItem(const QString& name) {
+    auto* item = new QListWidgetItem(name, m_lstName);
+    item->setData(Qt::UserRole, m_lstName->count());
+    item->setSizeHint(QSize(0, 2 * m_lstName->fontMetrics().height()));
+}
+
 void StartWindow::fillList() {
-    for (const UserList::User& user : m_users.users()) {
-        auto* item = new QListWidgetItem(user.name, m_lstName);
-        item->setData(Qt::UserRole, m_lstName->count());
-    }
+    for (const UserList::User& user : m_users.users())
+        addItem(user.name);
     m_lstName->setCurrentRow(m_users.lastEntered());
 }
 
@@ -145,8 +149,7 @@ void StartWindow::createUser() {
     const int place = m_users.add(name, askPassword());
     if (place < 0)
         return; // the list is full
-    auto* item = new QListWidgetItem(name, m_lstName);
-    item->setData(Qt::UserRole, place + 1);
+    addItem(name);
     m_lstName->setCurrentRow(place);
     createUserFiles(m_engine, m_folder, name);
 }

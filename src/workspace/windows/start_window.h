@@ -37,6 +37,7 @@ class StartWindow : public QWidget {
   private:
     QWidget* buildHead();
     QWidget* buildUsers();
+    void addItem(const QString& name);
     void fillList();
     int selectedPlace() const;
     QString askName();

@@ -1,0 +1,108 @@
+#include "workspace/user_list.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include "workspace/safe_file.h"
+#include "workspace/setting_names.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using workspace::Settings;
+using workspace::UserList;
+
+class Users : public ::testing::Test {
+  protected:
+    QString stored(const QString& section, const QString& key) const {
+        return Settings(settings.file().parent_path()).value(u"AHXLOTQ"_s, section, key, u"(none)"_s);
+    }
+    QStringList names() const {
+        QStringList list;
+        Settings again(settings.file().parent_path());
+        const UserList users(again);
+        for (const UserList::User& user : users.users())
+            list << user.name;
+        return list;
+    }
+    QTemporaryDir dir;
+    Settings settings{workspace::toPath(dir.path())};
+};
+
+TEST_F(Users, ANewListIsEmptyWithNobodySelected) {
+    const UserList users(settings);
+    EXPECT_EQ(users.count(), 0);
+    EXPECT_EQ(users.lastEntered(), -1);
+    EXPECT_EQ(users.proposedName(), u"新用户1"_s);
+}
+
+TEST_F(Users, AUserIsWrittenAtOnce) {
+    UserList users(settings);
+    EXPECT_EQ(users.add(u"张三"_s, u"密码"_s), 0);
+    EXPECT_EQ(stored(u"Option"_s, u"Usernum"_s), u"1"_s);
+    EXPECT_EQ(stored(u"Username1"_s, u"Name"_s), u"张三"_s);
+    EXPECT_EQ(stored(u"Username1"_s, u"Password"_s), u"密码"_s);
+    EXPECT_EQ(users.proposedName(), u"新用户2"_s);
+}
+
+TEST_F(Users, AnEmptyNameReadsAsNewUserAndNumber) {
+    UserList users(settings);
+    users.add(u"张三"_s, {});
+    users.add(QString(), {});
+    EXPECT_EQ(users.users()[1].name, QString()); // as it was typed, until the next start
+    EXPECT_EQ(names(), (QStringList{u"张三"_s, u"新用户2"_s}));
+}
+
+TEST_F(Users, NamesThatDifferInCaseAreTwoUsers) {
+    UserList users(settings);
+    users.add(u"Li"_s, {});
+    EXPECT_TRUE(users.isTaken(u"Li"_s));
+    EXPECT_FALSE(users.isTaken(u"li"_s));
+}
+
+TEST_F(Users, LaterUsersMoveDownWhenOneIsDeleted) {
+    UserList users(settings);
+    for (const QString& name : {u"一"_s, u"二"_s, u"三"_s})
+        users.add(name, name + u"口令"_s);
+    users.remove(0);
+    EXPECT_EQ(names(), (QStringList{u"二"_s, u"三"_s}));
+    EXPECT_EQ(stored(u"Username1"_s, u"Password"_s), u"二口令"_s);
+    EXPECT_EQ(stored(u"Username3"_s, u"Name"_s), u"三"_s); // out of reach, as it was
+    EXPECT_EQ(stored(u"Option"_s, u"Usernum"_s), u"2"_s);
+}
+
+TEST_F(Users, DeletingTheLastUserLeavesNone) {
+    UserList users(settings);
+    users.add(u"一"_s, {});
+    users.remove(0);
+    EXPECT_EQ(users.count(), 0);
+    EXPECT_EQ(stored(u"Option"_s, u"Usernum"_s), u"0"_s);
+}
+
+TEST_F(Users, TheOneWhoEnteredLastIsRememberedButNoFurtherThanTheLastUser) {
+    UserList users(settings);
+    users.add(u"一"_s, {});
+    users.add(u"二"_s, {});
+    users.noteEntered(1);
+    EXPECT_EQ(stored(u"Option"_s, u"Ftopt"_s), u"2"_s);
+    EXPECT_EQ(UserList(settings).lastEntered(), 1);
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Ftopt"_s, 7);
+    EXPECT_EQ(UserList(settings).lastEntered(), 1);
+}
+
+TEST_F(Users, ACountThatIsNoNumberAbortsTheReading) {
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Usernum"_s, u"many"_s);
+    EXPECT_THROW(UserList{settings}, workspace::ConversionError);
+}
+
+TEST_F(Users, TheListEndsAt1023) {
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Usernum"_s, 2000);
+    UserList users(settings);
+    EXPECT_EQ(users.count(), 1023);
+    EXPECT_EQ(users.add(u"一"_s, {}), -1);
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Usernum"_s, -3);
+    EXPECT_EQ(UserList(settings).count(), 0);
+}
+
+} // namespace
