@@ -1,0 +1,195 @@
+// An evening's work, played with real clicks on the real windows: a user makes a workspace, reads the history, chooses
+// numbers, generates bets, presses parameters, looks at reasons, takes steps back, and sees what is left.
+//
+//   ssq-evening OUT DRAWS    pictures and the bets that are left go to the folder OUT; DRAWS is a history text file.
+//                            Without it 2,000 draws are made up with a fixed seed, and the user is named so.
+#include <algorithm>
+#include <fstream>
+#include <numeric>
+#include <random>
+
+#include <QApplication>
+#include <QCryptographicHash>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QTest>
+
+#include "evening/stage.h"
+#include "mainwin/windows/program.h"
+#include "sql/value.h"
+#include "toolkit/look.h"
+#include "workspace/paths.h"
+
+using namespace Qt::StringLiterals;
+using evening::Stage;
+
+namespace {
+
+constexpr unsigned kSeed = 20030216;
+constexpr int kMadeUpDraws = 2000;
+
+/// A history that nobody drew: the same at every run.
+void writeMadeUpDraws(const std::filesystem::path& file) {
+    std::mt19937 random(kSeed);
+    std::ofstream out(file);
+    for (int draw = 0; draw < kMadeUpDraws; ++draw) {
+        std::vector<int> reds(33);
+        std::iota(reds.begin(), reds.end(), 1);
+        for (int place = 0; place < 6; ++place) // by hand: std::shuffle differs between libraries
+            std::swap(reds[static_cast<std::size_t>(place)],
+                      reds[static_cast<std::size_t>(place) + random() % static_cast<unsigned>(33 - place)]);
+        std::sort(reds.begin(), reds.begin() + 6);
+        char line[64];
+        std::snprintf(line, sizeof line, "%07d %02d %02d %02d %02d %02d %02d %02d\n", 2003001 + draw, reds[0], reds[1],
+                      reds[2], reds[3], reds[4], reds[5], static_cast<int>(random() % 16) + 1);
+        out << line;
+    }
+}
+
+class Evening {
+  public:
+    Evening(Stage& stage, mainwin::Program& program, std::filesystem::path draws, bool madeUp)
+        : m_stage(stage), m_program(program), m_draws(std::move(draws)), m_madeUp(madeUp) {}
+
+    void play() {
+        makeWorkspace();
+        readHistory();
+        chooseNumbers();
+        m_stage.modal(
+            u"GAgan"_s, [this] { m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuLst"_s}); }, [this] { filter(); });
+        writeBets();
+        writeChecksum();
+        m_stage.window(u"Form1"_s).close();
+    }
+
+  private:
+    void makeWorkspace() {
+        m_stage.window(u"Frmpre"_s);
+        m_stage.show(u"users"_s, u"程序已启动，还没有用户"_s);
+        const QString name = m_madeUp ? u"虚构历史[双色球]"_s : u"张先生[双色球33选6]"_s;
+        // Three boxes follow one another: the name, the password, the password again.
+        m_stage.answerInput(name, [this] {
+            m_stage.answerInput({}, [this] {
+                m_stage.answerInput({}, [this] { m_stage.click(u"Frmpre"_s, u"Label2"_s); });
+            });
+        });
+        m_stage.show(u"workspace"_s, u"新建用户 "_s + name);
+        m_stage.click(u"Frmpre"_s, u"Label3"_s);
+        m_stage.window(u"Form1"_s);
+        m_stage.show(u"empty"_s, u"进入系统，历史为空"_s);
+    }
+
+    void readHistory() {
+        QElapsedTimer clock;
+        m_stage.chooseFile(m_draws, [&] {
+            m_stage.answerMessage([this] { m_stage.click(u"Form1"_s, u"cmdRead"_s); });
+            clock.start();
+        });
+        m_stage.show(u"history"_s, u"读取历史 %1 期%2"_s.arg(m_program.history.Lsnum).arg(
+                                       m_madeUp ? u"（虚构，种子 %1）"_s.arg(kSeed) : QString()));
+    }
+
+    void chooseNumbers() {
+        for (const int red : {1, 3, 5, 8, 10, 12, 15, 17, 19, 22, 24, 26, 28, 30, 32, 33})
+            m_stage.click(u"Form1"_s, u"Command1(%1)"_s.arg(red));
+        for (const int blue : {2, 7, 9, 12, 16})
+            m_stage.click(u"Form1"_s, u"Command2(%1)"_s.arg(blue));
+        m_stage.show(u"pad"_s, u"选号: "_s + m_program.pad.statusText());
+    }
+
+    void press(const QString& option, const QString& boxes, const QString& low, const QString& high,
+               const QString& picture, const QString& what) {
+        m_stage.type(u"GAgan"_s, boxes + u"(0)"_s, low);
+        m_stage.type(u"GAgan"_s, boxes + u"(1)"_s, high);
+        m_stage.click(u"GAgan"_s, option);
+        m_stage.show(picture, u"%1 %2~%3: %4"_s.arg(what, low, high, left()));
+    }
+
+    QString left() const {
+        const sql::Value count =
+            m_program.workspace.dbFilnum->queryValue("SELECT Count(*) FROM [zuhe] WHERE [unslt] = false");
+        return u"剩余 %1 注"_s.arg(sql::toInteger(count));
+    }
+
+    void filter() {
+        m_stage.show(u"bets"_s, u"组合排列: "_s + left());
+        press(u"Option23"_s, u"Text2"_s, u"85"_s, u"125"_s, u"sum"_s, u"各码数和"_s);
+        press(u"Option4"_s, u"Text5"_s, u"2"_s, u"4"_s, u"even"_s, u"偶数个数"_s);
+        press(u"Option24"_s, u"Text22"_s, u"6"_s, u"10"_s, u"ac"_s, u"复杂度AC值"_s);
+        m_stage.click(u"GAgan"_s, u"Option1(1)"_s);
+        press(u"Option6"_s, u"Text19"_s, u"15"_s, u"99"_s, u"gap"_s, u"最大差值(排除)"_s);
+        m_stage.click(u"GAgan"_s, u"Option1(0)"_s);
+        m_stage.click(u"GAgan"_s, u"Option36"_s);
+        m_stage.type(u"GAgan"_s, u"Text10(3)"_s, u" 1 2 3 "_s);
+        m_stage.click(u"GAgan"_s, u"Option11"_s);
+        m_stage.show(u"list"_s, u"23~33区间，最值查询 1 2 3: "_s + left());
+        m_stage.click(u"GAgan"_s, u"Option22"_s);
+        m_stage.click(u"GAgan"_s, u"optZzuhe(1)"_s);
+        m_stage.show(u"reasons"_s, u"所有组合(含被过滤)显示"_s);
+        m_stage.click(u"GAgan"_s, u"cmdRetn"_s);
+        m_stage.show(u"back"_s, u"上次过滤复位: "_s + left());
+        m_stage.click(u"GAgan"_s, u"Command3"_s);
+        m_stage.click(u"GAgan"_s, u"Command3"_s);
+        m_stage.show(u"inverted"_s, u"上一步过滤反选两次: "_s + left());
+        m_stage.doubleClickCell(u"GAgan"_s, u"MSFlexGrid1"_s, 1, 0);
+        m_stage.show(u"deleted"_s, u"双击删除一注: "_s + left());
+        m_stage.window(u"GAgan"_s).close();
+    }
+
+    /// The bets in play, one a line, as a text file wants them.
+    void writeBets() {
+        const sql::Rows rows = m_program.workspace.dbFilnum->query(
+            "SELECT [fig1],[fig2],[fig3],[fig4],[fig5],[fig6],[fig7] FROM [zuhe] WHERE [unslt] = false");
+        std::ofstream out(m_stage.out() / "bets.txt");
+        for (std::int64_t row = 0; row < rows.count(); ++row) {
+            char line[32];
+            int length = 0;
+            for (int place = 0; place < 7; ++place)
+                length += std::snprintf(line + length, sizeof line - static_cast<std::size_t>(length),
+                                        place == 6 ? "+%02d" : "%02d ",
+                                        static_cast<int>(rows.integerAt(row, place)));
+            out << line << '\n';
+        }
+        m_stage.say(u"bets.txt  剩余的 %1 注"_s.arg(rows.count()));
+    }
+
+    /// The same evening on the same draws ends in the same tables: one number to compare.
+    void writeChecksum() {
+        QCryptographicHash hash(QCryptographicHash::Sha256);
+        const auto add = [&](sql::Database& database, const char* table) {
+            const sql::Rows rows = database.query(std::string("SELECT * FROM [") + table + "]");
+            for (std::int64_t row = 0; row < rows.count(); ++row)
+                for (int column = 0; column < rows.columnCount(); ++column)
+                    hash.addData(QByteArray::fromStdString(rows.textAt(row, column) + "|"));
+        };
+        for (const char* table : {"fig", "Ylqs", "YlqsB", "Gailv", "GailvB"})
+            add(*m_program.workspace.dbUser, table);
+        add(*m_program.workspace.dbFilnum, "fig");
+        add(*m_program.workspace.dbFilnum, "zuhe");
+        m_stage.say(u"所有表的校验和 "_s + QString::fromLatin1(hash.result().toHex().left(16)));
+    }
+
+    Stage& m_stage;
+    mainwin::Program& m_program;
+    std::filesystem::path m_draws;
+    bool m_madeUp;
+};
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    toolkit::applyLook(application);
+    Stage stage(argc > 1 ? argv[1] : "out");
+    const std::filesystem::path scratch = workspace::programFolder() / "evening.txt";
+    const bool real = argc > 2 && std::filesystem::exists(argv[2]);
+    if (real)
+        std::filesystem::copy_file(argv[2], scratch, std::filesystem::copy_options::overwrite_existing);
+    else
+        writeMadeUpDraws(scratch);
+    mainwin::Program program(workspace::programFolder());
+    program.start();
+    Evening(stage, program, scratch, !real).play();
+    return 0;
+}
