@@ -19,7 +19,8 @@ namespace toolkit {
 
 namespace {
 
-constexpr int kCellPadding = 8;
+constexpr int kCellPadding = 6;
+constexpr int kNarrowestColumn = 24;
 
 /// A header whose sections look the same whatever is selected. The base class asks the selection model about each
 /// visible section at each paint, and that walks over every row.
@@ -59,6 +60,7 @@ std::vector<RowSpan> mergedRows(const QItemSelection& selection) {
 
 FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
     setHorizontalHeader(new CalmHeader(Qt::Horizontal, this));
+    horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
