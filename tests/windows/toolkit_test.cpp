@@ -9,6 +9,7 @@
 #include <QStandardItemModel>
 #include <QTest>
 
+#include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
 
 #include "support/controls.h"
@@ -266,6 +267,49 @@ TEST(Look, DarkIsToldByThePalette) {
     EXPECT_TRUE(toolkit::isDark(palette));
     EXPECT_NE(toolkit::colours(palette).red, toolkit::colours(QApplication::palette()).red);
     EXPECT_FALSE(toolkit::isDark(QApplication::palette()));
+}
+
+TEST(ModalScript, AStepMayOpenTheNextDialog) {
+    QDialog outer;
+    outer.setObjectName(u"Outer"_s);
+    QPushButton ask(u"?"_s, &outer);
+    ask.setObjectName(u"ask"_s);
+    QString typed;
+    QObject::connect(&ask, &QPushButton::clicked, [&] { typed = toolkit::askText(&outer, u"问"_s, u"题"_s); });
+    ModalScript script({{u"Outer"_s,
+                         [](QWidget& dialog) {
+                             press(dialog, u"ask"_s);
+                             dialog.close();
+                         }},
+                        {u"InputBox"_s, type(u"内"_s)}});
+    outer.exec();
+    EXPECT_EQ(typed, u"内"_s);
+    EXPECT_EQ(script.left(), 0U);
+}
+
+TEST(ModalScript, ADialogThatNobodyExpectsFailsTheCaseAndIsClosed) {
+    EXPECT_NONFATAL_FAILURE(
+        {
+            const ModalScript script({});
+            toolkit::showMessage(nullptr, u"意外"_s);
+        },
+        "nobody expected");
+}
+
+TEST(ModalScript, ADialogThatNeverComesFailsTheCase) {
+    EXPECT_NONFATAL_FAILURE({ const ModalScript script({{u"MsgBox"_s, cancel()}}); }, "never came");
+}
+
+TEST(Controls, ADisabledOrMissingControlCannotBePressed) {
+    QWidget parent;
+    auto* button = new QPushButton(&parent);
+    button->setObjectName(u"Command1"_s);
+    button->setEnabled(false);
+    parent.show();
+    EXPECT_NONFATAL_FAILURE(press(parent, u"Command1"_s), "disabled");
+    EXPECT_NONFATAL_FAILURE(press(parent, u"Command2"_s), "missing");
+    button->hide();
+    EXPECT_NONFATAL_FAILURE(press(parent, u"Command1"_s), "hidden");
 }
 
 TEST(FreshHome, PointsTheProgramAtAnEmptyFolderAndBack) {
