@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sql/column_executor.h"
 #include "sql/lexer.h"
 #include "sql/parser.h"
 #include "sql/sqlite_executor.h"
@@ -11,7 +12,8 @@ namespace sql {
 Store::Store(std::filesystem::path file, const EngineOptions& options, bool mustExist)
     : m_path(std::move(file)), m_file(std::make_shared<SqliteFile>(m_path, mustExist)),
       m_ordinary(std::make_unique<SqliteExecutor>(m_file)) {
-    static_cast<void>(options);
+    if (options.combinations == Executor::Column)
+        m_columns = std::make_unique<ColumnExecutor>(m_file, options.batchRows);
 }
 
 Store::~Store() {
@@ -23,7 +25,8 @@ Store::~Store() {
 }
 
 TableExecutor& Store::keeperOf(std::string_view table) {
-    static_cast<void>(table);
+    if (m_columns && isCombinationTable(table))
+        return *m_columns;
     return *m_ordinary;
 }
 
@@ -87,9 +90,9 @@ void Store::rollback() {
 
 void Store::store() {
     if (storePending() && m_transactionDepth == 0)
-        m_file->run("SELECT 1");
+        m_columns->store();
 }
 
-bool Store::storePending() const { return false; }
+bool Store::storePending() const { return m_columns && m_columns->storePending(); }
 
 } // namespace sql

@@ -14,6 +14,8 @@
 
 namespace sql {
 
+class ColumnExecutor;
+
 class Store {
   public:
     /// \throws SqlError kNotADatabase, kStorage
@@ -43,6 +45,7 @@ class Store {
     std::filesystem::path m_path;
     std::shared_ptr<SqliteFile> m_file;
     std::unique_ptr<TableExecutor> m_ordinary;
+    std::unique_ptr<ColumnExecutor> m_columns; ///< null when SQLite keeps all tables
     int m_transactionDepth = 0;
 };
 

@@ -1,0 +1,58 @@
+// What the grid of a filter window shows: the SELECTs, the headings and widths, the title.
+//
+// Views are lazy rows over the table. A view that the database refuses is empty.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "filter/member.h"
+#include "sql/database.h"
+
+namespace filter {
+
+/// Bets a page; a page is a block of idx values, not of survivors.
+inline constexpr std::int64_t kPageRows = 10000;
+
+struct GridColumn {
+    std::string heading;
+    int widthTwips; ///< 15 to a pixel
+};
+
+/// A view: its rows and the heading of each column.
+struct View {
+    sql::Rows rows;
+    std::vector<GridColumn> columns;
+};
+
+class ResultView {
+  public:
+    ResultView(sql::Database& database, const FilterMember& member) : m_database(database), m_member(member) {}
+
+    /// All rows, right after a generation.
+    View generated() const;
+    /// Rows in play, without a value column: after resets, inverts and position parameters.
+    View inPlay() const;
+    /// Rows in play with canshu under the parameter's grid title.
+    View inPlay(std::string_view gridTitle) const;
+    /// All rows with the value and the reason.
+    View reasons() const;
+    /// Rows in play with idx in page `page`, 1 the first: (page - 1) * 10000 + 1 to page * 10000. Page 0 is empty.
+    View page(double page) const;
+    /// Bets in play, as counted after a double click.
+    std::int64_t countInPlay() const;
+    std::string title(std::int64_t bets) const;
+
+  private:
+    std::string bracketedColumns() const;
+    std::string plainColumns() const;
+    std::string select(const std::string& columns, const std::string& rest) const;
+    std::vector<GridColumn> heads() const;
+
+    sql::Database& m_database;
+    const FilterMember& m_member;
+};
+
+} // namespace filter

@@ -1,0 +1,42 @@
+// The right of a filter window: the grid of bets and its paging.
+#pragma once
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QWidget>
+
+#include "filter/windows/rows_model.h"
+#include "toolkit/flex_grid.h"
+
+namespace filter {
+
+class ResultPanel : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit ResultPanel(QWidget* parent);
+
+    void show(View view);
+    using QWidget::show;
+    std::int64_t shownRows() const { return m_model->view().rows.count(); }
+    /// Text of the number cell of a row; of the heading for -1.
+    QString indexText(int row) const;
+    void setGrey(int row, bool grey) { m_model->setGrey(row, grey); }
+    /// The page number that the box holds.
+    double pageNumber() const;
+
+  signals:
+    void pageWanted();
+    /// \param row  row of the grid, -1 for the headings
+    void rowDoubleClicked(int row);
+
+  private:
+    void applyWidths();
+
+    RowsModel* m_model;
+    toolkit::FlexGrid* m_grid;
+    QLineEdit* m_page;
+    QPushButton* m_turn;
+};
+
+} // namespace filter

@@ -1,0 +1,54 @@
+#include "filter/windows/rows_model.h"
+
+#include <QColor>
+
+namespace filter {
+
+void RowsModel::show(View view) {
+    beginResetModel();
+    m_view = std::move(view);
+    m_grey.clear();
+    endResetModel();
+}
+
+void RowsModel::setGrey(int row, bool grey) {
+    if (grey)
+        m_grey.insert(row);
+    else
+        m_grey.erase(row);
+    emit dataChanged(index(row, 0), index(row, 0), {Qt::BackgroundRole});
+}
+
+int RowsModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_view.rows.count());
+}
+
+int RowsModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_view.columns.size());
+}
+
+QVariant RowsModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return index.column() < 9 ? QVariant(Qt::AlignCenter) : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role == Qt::BackgroundRole)
+        return index.column() == 0 && m_grey.contains(index.row()) ? QVariant(QColor(178, 178, 178)) : QVariant();
+    if (role == Qt::DisplayRole)
+        return QString::fromStdString(m_view.rows.textAt(index.row(), index.column()));
+    if (role != Qt::UserRole)
+        return {};
+    const sql::Value value = m_view.rows.at(index.row(), index.column());
+    if (const auto* whole = std::get_if<std::int64_t>(&value))
+        return QVariant::fromValue(static_cast<qlonglong>(*whole));
+    return sql::isNull(value) ? QVariant() : QVariant(QString::fromStdString(sql::toText(value)));
+}
+
+QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole ||
+        static_cast<std::size_t>(section) >= m_view.columns.size())
+        return {};
+    return QString::fromStdString(m_view.columns[static_cast<std::size_t>(section)].heading);
+}
+
+} // namespace filter

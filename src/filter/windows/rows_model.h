@@ -1,0 +1,35 @@
+// The model of the result grid: lazy rows of a view. Nothing is copied; cells are read when they are painted.
+//
+// DisplayRole is the text, UserRole the bare value. A row taken out by hand keeps its place with a grey first cell.
+#pragma once
+
+#include <unordered_set>
+
+#include <QAbstractTableModel>
+
+#include "filter/result_view.h"
+
+namespace filter {
+
+class RowsModel : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    /// Shows another view; grey cells are forgotten.
+    void show(View view);
+    const View& view() const { return m_view; }
+    void setGrey(int row, bool grey);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    View m_view;
+    std::unordered_set<int> m_grey;
+};
+
+} // namespace filter

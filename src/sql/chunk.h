@@ -1,0 +1,22 @@
+// Rows of one column as a blob: an encoding byte, then its data. All numbers are little-endian.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "sql/column.h"
+
+namespace sql {
+
+/// \param first, count  the rows, count at most kChunkRows
+std::string encodeChunk(const Column& column, std::size_t first, std::size_t count);
+
+/// Appends the rows of a blob to a column that holds `size` rows.
+/// \throws SqlError kNotADatabase when the blob is not one of `count` rows
+void decodeChunk(std::string_view blob, Column& column, std::size_t size, std::size_t count);
+
+/// Texts first.. of a dictionary as a blob, and back at the end of one.
+std::string encodeTexts(const Dictionary& dictionary, std::size_t first);
+void decodeTexts(std::string_view blob, Dictionary& dictionary);
+
+} // namespace sql

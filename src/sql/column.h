@@ -1,0 +1,91 @@
+// One column of a combination table, and the table.
+//
+// Whole numbers and texts are Numbers (a text is the code of its place in the column's dictionary), real numbers a
+// plain vector, bits a bitmap. Null has a bitmap of its own that is absent while it has nothing to say.
+// Rows are stored in the file in chunks of kChunkRows; a column knows which chunks have changed since.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "sql/bind.h"
+#include "sql/bitmap.h"
+#include "sql/numbers.h"
+
+namespace sql {
+
+/// Rows of a stored chunk. Big enough that a full table has 271 chunks a column, small enough that the one row that a
+/// double click changes rewrites little.
+inline constexpr std::size_t kChunkRows = 65536;
+
+/// The different texts of a column, each with its code.
+class Dictionary {
+  public:
+    std::int32_t intern(std::string_view text);
+    const std::string& text(std::int32_t code) const { return m_texts[static_cast<std::size_t>(code)]; }
+    std::size_t size() const { return m_texts.size(); }
+
+  private:
+    std::deque<std::string> m_texts; // a deque: the map's keys look into the strings
+    std::unordered_map<std::string_view, std::int32_t> m_codes;
+};
+
+/// Which rows of a column are Null.
+class NullMap {
+  public:
+    bool none() const { return m_state == State::None; }
+    bool all() const { return m_state == State::All; }
+    bool get(std::size_t row) const { return m_state == State::All || (m_state == State::Some && m_bits.get(row)); }
+    void setNone();
+    void setAll();
+    /// \return whether any of the rows is Null; `out` is filled only then
+    bool read(std::size_t first, std::size_t count, std::uint64_t* out) const;
+    /// Rows in `mask` become Null where `values` has a bit (no bit anywhere when `values` is null). \param size all rows
+    void write(std::size_t first, std::size_t count, const std::uint64_t* values, const std::uint64_t* mask,
+               std::size_t size);
+    void append(std::size_t size, std::size_t count, bool null);
+
+  private:
+    enum class State { None, Some, All };
+    State m_state = State::None;
+    Bitmap m_bits; // of State::Some
+};
+
+struct Column {
+    ColumnDef def;
+    std::int64_t id = 0; ///< of the column in the file; never used again when the column is dropped
+    Numbers numbers;     ///< Integer, Short; codes of Text
+    std::vector<double> reals;
+    Bitmap bits;
+    NullMap nulls; ///< never of a Bit
+    std::shared_ptr<Dictionary> dictionary = std::make_shared<Dictionary>(); ///< Text
+    std::vector<bool> dirtyChunks;
+    std::size_t storedTexts = 0; ///< texts of the dictionary that the file holds
+    bool dictionaryReplaced = false;
+
+    Value at(std::size_t row) const;
+    /// Rows of default value (Null, or false of a Bit) at the end.
+    void appendDefaults(std::size_t size, std::size_t count);
+    void markDirty(std::size_t first, std::size_t count);
+    void markAllDirty(std::size_t size);
+    /// Forgets all texts before the column is rewritten whole.
+    void replaceDictionary();
+};
+
+struct ColumnTable {
+    std::string name;
+    std::int64_t id = 0;
+    std::size_t rows = 0;
+    std::vector<Column> columns;
+    bool shapeDirty = true; ///< rows or columns differ from the file's list
+
+    TableShape shape() const;
+    Value at(std::size_t row, int column) const { return columns[static_cast<std::size_t>(column)].at(row); }
+    /// Debug check: lengths, codes, tails. Our own mistakes only.
+    void verify() const;
+};
+
+} // namespace sql

@@ -1,0 +1,284 @@
+#include "sql/column_executor.h"
+
+#include <algorithm>
+
+#include "sql/column_file.h"
+#include "sql/column_query.h"
+#include "sql/column_write.h"
+#include "sql/lexer.h"
+#include "sql/scalar.h"
+
+namespace sql {
+
+struct ColumnExecutor::State {
+    State(std::shared_ptr<SqliteFile> sqlite, std::size_t rows) : file(std::move(sqlite)), batchRows(rows) {}
+
+    ColumnFile file;
+    std::size_t batchRows;
+
+    std::shared_ptr<ColumnTable> table(const std::string& name) {
+        if (std::shared_ptr<ColumnTable> found = file.find(name))
+            return found;
+        throw SqlError(error::kTableNotFound, "找不到表 " + name);
+    }
+    TableLookup lookup() {
+        return [this](const std::string& name) { return table(name); };
+    }
+
+    void create(const Statement& bound);
+    void addColumn(const Statement& bound);
+    void dropColumn(const Statement& bound);
+    void update(const Statement& bound);
+    void insertValues(const Statement& bound);
+    void remove(const Statement& bound);
+    void appendSelected(ColumnTable& target, const Select& select, bool byName);
+    void selectInto(const Select& select);
+    std::shared_ptr<ColumnTable> makeTable(const std::string& name, const std::vector<ColumnDef>& columns);
+};
+
+ColumnExecutor::ColumnExecutor(std::shared_ptr<SqliteFile> file, std::size_t batchRows)
+    : m_state(std::make_unique<State>(std::move(file), std::clamp<std::size_t>(batchRows, 1, kBatchLimit))) {}
+ColumnExecutor::~ColumnExecutor() = default;
+
+bool ColumnExecutor::hasTable(const std::string& table) const { return m_state->file.has(table); }
+TableShape ColumnExecutor::shape(const std::string& table) const { return m_state->table(table)->shape(); }
+std::int64_t ColumnExecutor::rowCount(const std::string& table) const {
+    return static_cast<std::int64_t>(m_state->table(table)->rows);
+}
+void ColumnExecutor::store() { m_state->file.store(); }
+bool ColumnExecutor::storePending() const { return m_state->file.storePending(); }
+
+void ColumnExecutor::execute(Statement& bound) {
+    switch (bound.kind) {
+    case StatementKind::Create:
+        return m_state->create(bound);
+    case StatementKind::Drop:
+        m_state->table(bound.table);
+        return m_state->file.drop(bound.table);
+    case StatementKind::AddColumn:
+        return m_state->addColumn(bound);
+    case StatementKind::DropColumn:
+        return m_state->dropColumn(bound);
+    case StatementKind::Update:
+        return m_state->update(bound);
+    case StatementKind::Insert:
+        return m_state->appendSelected(*m_state->table(bound.table), bound.select, true);
+    case StatementKind::InsertValues:
+        return m_state->insertValues(bound);
+    case StatementKind::Delete:
+        return m_state->remove(bound);
+    case StatementKind::Select:
+        if (!bound.select.into.empty())
+            m_state->selectInto(bound.select);
+        return;
+    }
+}
+
+std::shared_ptr<ColumnTable> ColumnExecutor::State::makeTable(const std::string& name,
+                                                              const std::vector<ColumnDef>& columns) {
+    if (file.has(name))
+        throw SqlError(error::kTableExists, "表已经存在 " + name);
+    auto made = std::make_shared<ColumnTable>();
+    made->name = name;
+    for (const ColumnDef& def : columns) {
+        if (made->shape().find(def.name) >= 0)
+            throw SqlError(error::kColumnExists, "字段已经存在 " + def.name);
+        Column column;
+        column.def = def;
+        column.nulls.setAll();
+        made->columns.push_back(std::move(column));
+    }
+    return made;
+}
+
+void ColumnExecutor::State::create(const Statement& bound) { file.add(makeTable(bound.table, bound.columns)); }
+
+void ColumnExecutor::State::addColumn(const Statement& bound) {
+    ColumnTable& target = *table(bound.table);
+    const ColumnDef& def = bound.columns[0];
+    if (target.shape().find(def.name) >= 0)
+        throw SqlError(error::kColumnExists, "字段已经存在 " + def.name);
+    Column column;
+    column.def = def;
+    column.appendDefaults(0, target.rows);
+    target.columns.push_back(std::move(column));
+    target.shapeDirty = true;
+}
+
+void ColumnExecutor::State::dropColumn(const Statement& bound) {
+    ColumnTable& target = *table(bound.table);
+    const int place = target.shape().find(bound.column);
+    if (place < 0)
+        throw SqlError(error::kColumnMissing, "找不到字段 " + bound.column);
+    target.columns.erase(target.columns.begin() + place);
+    target.shapeDirty = true;
+}
+
+void ColumnExecutor::State::update(const Statement& bound) {
+    ColumnTable& target = *table(bound.table);
+    TextPool pool;
+    PlanContext context = planContext(target, pool, lookup(), batchRows);
+    NodePtr where = bound.where ? plan(*bound.where, context).node : nullptr;
+    std::vector<ColumnWriter> writers;
+    writers.reserve(bound.assignments.size());
+    for (const Assignment& assignment : bound.assignments)
+        writers.emplace_back(target, assignment.place, *assignment.value, context, !where);
+    forEachBatch(target, batchRows, where.get(), [&](const Batch& batch, const std::uint64_t* chosen) {
+        for (ColumnWriter& writer : writers)
+            writer.evaluate(batch);
+        for (ColumnWriter& writer : writers)
+            writer.write(batch, chosen);
+    });
+    for (ColumnWriter& writer : writers)
+        writer.finish();
+    target.verify();
+}
+
+void ColumnExecutor::State::insertValues(const Statement& bound) {
+    ColumnTable& target = *table(bound.table);
+    std::vector<std::pair<int, Value>> fields;
+    for (const Assignment& assignment : bound.assignments)
+        fields.emplace_back(assignment.place, evaluate(*assignment.value, [](int) { return Value(); }));
+    appendRow(target, fields);
+}
+
+void ColumnExecutor::State::remove(const Statement& bound) {
+    ColumnTable& target = *table(bound.table);
+    Bitmap kept = chosenRows(target, bound.where.get(), lookup(), batchRows);
+    for (std::uint64_t& word : kept.words())
+        word = ~word;
+    if (target.rows % 64 != 0)
+        kept.words().back() &= lowBits(target.rows % 64);
+    keepRows(target, RowPlaces(std::move(kept)).list());
+}
+
+void ColumnExecutor::State::appendSelected(ColumnTable& target, const Select& select, bool byName) {
+    const std::shared_ptr<ColumnTable> source = table(select.from);
+    const std::vector<ResultColumn> columns = resultColumns(select, source->shape());
+    std::vector<int> places;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        places.push_back(byName ? target.shape().find(columns[column].name) : static_cast<int>(column));
+        if (places.back() < 0)
+            throw SqlError(error::kColumnNotFound, "找不到字段 " + columns[column].name);
+    }
+    const std::vector<std::uint32_t> rows = rowsOf(source, select, lookup(), batchRows).list();
+    appendGathered(target, places, *source, select, rows);
+    target.verify();
+}
+
+void ColumnExecutor::State::selectInto(const Select& select) {
+    std::vector<ColumnDef> columns;
+    for (const ResultColumn& column : resultColumns(select, table(select.from)->shape()))
+        columns.push_back({column.name, column.type});
+    const std::shared_ptr<ColumnTable> made = makeTable(select.into, columns);
+    appendSelected(*made, select, false);
+    file.add(made);
+}
+
+std::shared_ptr<const Rows::Source> ColumnExecutor::query(Select&& bound) {
+    const std::shared_ptr<ColumnTable> table = m_state->table(bound.from);
+    if (isAggregate(bound))
+        return aggregateRow(table, std::move(bound), m_state->lookup(), m_state->batchRows);
+    RowPlaces places = rowsOf(table, bound, m_state->lookup(), m_state->batchRows);
+    return std::make_shared<ColumnRows>(table, std::move(bound), std::move(places));
+}
+
+namespace {
+
+class ColumnBackend final : public Recordset::Backend {
+  public:
+    explicit ColumnBackend(std::shared_ptr<ColumnTable> table) : m_table(std::move(table)) {
+        for (const Column& column : m_table->columns)
+            m_names.push_back(column.def.name);
+    }
+    std::int64_t count() const override { return static_cast<std::int64_t>(m_table->rows); }
+    const std::vector<std::string>& columns() const override { return m_names; }
+    Value at(std::int64_t row, int column) const override {
+        return m_table->at(static_cast<std::size_t>(row), column);
+    }
+    void change(std::int64_t row, const std::vector<std::pair<int, Value>>& fields) override {
+        for (const auto& [place, value] : fields)
+            writeValue(*m_table, static_cast<std::size_t>(row), place, value);
+    }
+    void append(const std::vector<std::pair<int, Value>>& fields) override { appendRow(*m_table, fields); }
+    void remove(std::int64_t row) override {
+        std::vector<std::uint32_t> kept = RowPlaces(m_table->rows).list();
+        kept.erase(kept.begin() + row);
+        keepRows(*m_table, kept);
+    }
+
+  private:
+    std::shared_ptr<ColumnTable> m_table;
+    std::vector<std::string> m_names;
+};
+
+int placeOf(const ColumnTable& table, const std::string& column) {
+    const int place = table.shape().find(column);
+    if (place < 0)
+        throw SqlError(error::kColumnNotFound, "找不到字段 " + column);
+    const ColumnType type = table.columns[static_cast<std::size_t>(place)].def.type;
+    if (type != ColumnType::Integer && type != ColumnType::Short)
+        throw SqlError(error::kTypeMismatch, "字段不是整数 " + column);
+    return place;
+}
+
+} // namespace
+
+std::unique_ptr<Recordset::Backend> ColumnExecutor::openTable(const std::string& table) {
+    return std::make_unique<ColumnBackend>(m_state->table(table));
+}
+
+void ColumnExecutor::appendRows(const std::string& name, const RowBlock& block) {
+    ColumnTable& table = *m_state->table(name);
+    const std::size_t count = block.values.empty() ? 0 : block.values[0].size();
+    std::vector<bool> given(table.columns.size());
+    for (std::size_t source = 0; source < block.columns.size(); ++source) {
+        const int found = table.shape().find(block.columns[source]);
+        if (found < 0)
+            continue;
+        Column& column = table.columns[static_cast<std::size_t>(found)];
+        if (column.def.type != ColumnType::Integer)
+            throw SqlError(error::kTypeMismatch, "字段不是整数 " + block.columns[source]);
+        column.numbers.append(block.values[source]);
+        column.nulls.append(table.rows, count, false);
+        column.markDirty(table.rows, count);
+        given[static_cast<std::size_t>(found)] = true;
+    }
+    for (std::size_t place = 0; place < table.columns.size(); ++place)
+        if (!given[place])
+            table.columns[place].appendDefaults(table.rows, count);
+    table.rows += count;
+    table.shapeDirty = true;
+}
+
+void ColumnExecutor::computeColumn(const std::string& name, std::span<const std::string> inputs,
+                                   const std::string& output, const RowKernel& kernel) {
+    ColumnTable& table = *m_state->table(name);
+    std::vector<const Column*> columns;
+    for (const std::string& input : inputs)
+        columns.push_back(&table.columns[static_cast<std::size_t>(placeOf(table, input))]);
+    Column& target = table.columns[static_cast<std::size_t>(placeOf(table, output))];
+    std::vector<std::vector<std::int32_t>> buffers(inputs.size(), std::vector<std::int32_t>(m_state->batchRows));
+    std::vector<std::span<const std::int32_t>> spans(inputs.size());
+    std::vector<std::int32_t> results(m_state->batchRows);
+    Numbers fresh;
+    fresh.rebuild(table.rows, 0, 0);
+    forEachBatch(table, m_state->batchRows, nullptr, [&](const Batch& batch, const std::uint64_t*) {
+        for (std::size_t input = 0; input < columns.size(); ++input) {
+            columns[input]->numbers.read(batch.first, batch.count, buffers[input].data());
+            std::uint64_t nulls[kBatchWords];
+            if (columns[input]->nulls.read(batch.first, batch.count, nulls))
+                forEachBit(nulls, batch.count, [&](std::size_t row) { buffers[input][row] = 0; });
+            spans[input] = std::span(buffers[input]).first(batch.count);
+        }
+        kernel(spans, std::span(results).first(batch.count));
+        const auto [low, high] = std::minmax_element(results.begin(), results.begin() + static_cast<long>(batch.count));
+        fresh.makeRoom(*low, *high);
+        fresh.write(batch.first, batch.count, results.data(), nullptr);
+    });
+    target.numbers = std::move(fresh);
+    target.nulls.setNone();
+    target.markAllDirty(table.rows);
+}
+
+} // namespace sql

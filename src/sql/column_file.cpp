@@ -1,0 +1,260 @@
+#include "sql/column_file.h"
+
+#include "sql/chunk.h"
+#include "sql/error.h"
+#include "sql/lexer.h"
+
+namespace sql {
+
+namespace {
+
+std::size_t chunksOf(std::size_t rows) { return (rows + kChunkRows - 1) / kChunkRows; }
+
+constexpr std::int64_t kMostRows = 2147483647; // idx is a 32-bit number
+
+} // namespace
+
+ColumnFile::ColumnFile(std::shared_ptr<SqliteFile> file) : m_file(std::move(file)) { readNames(); }
+
+void ColumnFile::readNames() {
+    SqliteQuery schema(*m_file, "SELECT 1 FROM sqlite_schema WHERE name = 'column_store_tables'");
+    m_hasStoreTables = schema.step();
+    if (!m_hasStoreTables)
+        return;
+    SqliteQuery names(*m_file, "SELECT id, name FROM column_store_tables");
+    while (names.step()) {
+        const std::string name = toText(names.column(1));
+        m_entries[foldedName(name)] = {name, names.integer(0), nullptr};
+    }
+}
+
+bool ColumnFile::has(const std::string& name) const { return m_entries.contains(foldedName(name)); }
+
+std::shared_ptr<ColumnTable> ColumnFile::find(const std::string& name) {
+    const auto found = m_entries.find(foldedName(name));
+    if (found == m_entries.end())
+        return nullptr;
+    if (!found->second.table)
+        found->second.table = load(found->second);
+    return found->second.table;
+}
+
+void ColumnFile::add(std::shared_ptr<ColumnTable> table) {
+    Entry entry{table->name, 0, table};
+    m_entries[foldedName(table->name)] = std::move(entry);
+}
+
+void ColumnFile::drop(const std::string& name) {
+    const auto found = m_entries.find(foldedName(name));
+    if (found == m_entries.end())
+        return;
+    if (found->second.id != 0)
+        m_dropped.push_back(found->second.id);
+    m_entries.erase(found);
+}
+
+std::shared_ptr<ColumnTable> ColumnFile::load(const Entry& entry) {
+    auto table = std::make_shared<ColumnTable>();
+    table->name = entry.name;
+    table->id = entry.id;
+    table->shapeDirty = false;
+    SqliteQuery rows(*m_file, "SELECT rows FROM column_store_tables WHERE id = ?1");
+    rows.bind(0, entry.id);
+    if (!rows.step() || rows.integer(0) < 0 || rows.integer(0) > kMostRows)
+        throw SqlError(error::kNotADatabase, "数据库文件已损坏");
+    table->rows = static_cast<std::size_t>(rows.integer(0));
+    SqliteQuery fields(*m_file, "SELECT id, name, type FROM column_store_fields WHERE table_id = ?1 ORDER BY place");
+    fields.bind(0, entry.id);
+    while (fields.step()) {
+        Column column;
+        column.id = fields.integer(0);
+        column.def = {toText(fields.column(1)), static_cast<ColumnType>(fields.integer(2))};
+        column.nulls.setAll();
+        if (fields.integer(2) < 0 || fields.integer(2) > static_cast<int>(ColumnType::Bit))
+            throw SqlError(error::kNotADatabase, "数据库文件已损坏");
+        table->columns.push_back(std::move(column));
+    }
+    for (Column& column : table->columns)
+        loadColumn(*table, column);
+    return table;
+}
+
+void ColumnFile::loadColumn(const ColumnTable& table, Column& column) {
+    SqliteQuery texts(*m_file, "SELECT data FROM column_store_texts WHERE field_id = ?1 ORDER BY first");
+    texts.bind(0, column.id);
+    while (texts.step())
+        decodeTexts(texts.blob(0), *column.dictionary);
+    column.storedTexts = column.dictionary->size();
+    SqliteQuery chunks(*m_file, "SELECT chunk, data FROM column_store_chunks WHERE field_id = ?1 ORDER BY chunk");
+    chunks.bind(0, column.id);
+    std::size_t size = 0;
+    for (std::size_t chunk = 0; chunk < chunksOf(table.rows); ++chunk) {
+        if (!chunks.step() || chunks.integer(0) != static_cast<std::int64_t>(chunk))
+            throw SqlError(error::kNotADatabase, "数据库文件已损坏");
+        const std::size_t count = std::min(kChunkRows, table.rows - size);
+        decodeChunk(chunks.blob(1), column, size, count);
+        size += count;
+    }
+    column.dirtyChunks.assign(chunksOf(table.rows), false);
+}
+
+bool ColumnFile::storePending() const {
+    if (!m_dropped.empty())
+        return true;
+    for (const auto& [key, entry] : m_entries) {
+        if (!entry.table)
+            continue;
+        if (entry.id == 0 || entry.table->shapeDirty)
+            return true;
+        for (const Column& column : entry.table->columns)
+            if (column.dictionaryReplaced || column.storedTexts != column.dictionary->size() ||
+                std::find(column.dirtyChunks.begin(), column.dirtyChunks.end(), true) != column.dirtyChunks.end())
+                return true;
+    }
+    return false;
+}
+
+void ColumnFile::requireStoreTables() {
+    if (m_hasStoreTables)
+        return;
+    m_file->run("CREATE TABLE column_store_tables (id INTEGER PRIMARY KEY AUTOINCREMENT, name TEXT, rows INTEGER)");
+    m_file->run("CREATE TABLE column_store_fields (id INTEGER PRIMARY KEY AUTOINCREMENT, table_id INTEGER, "
+                "place INTEGER, name TEXT, type INTEGER)");
+    m_file->run("CREATE TABLE column_store_texts (field_id INTEGER, first INTEGER, data BLOB, "
+                "PRIMARY KEY (field_id, first))");
+    m_file->run("CREATE TABLE column_store_chunks (field_id INTEGER, chunk INTEGER, data BLOB, "
+                "PRIMARY KEY (field_id, chunk))");
+}
+
+void ColumnFile::store() {
+    m_file->run("BEGIN IMMEDIATE");
+    try {
+        requireStoreTables();
+        for (const std::int64_t id : m_dropped)
+            removeStored(id);
+        for (auto& [key, entry] : m_entries)
+            if (entry.table)
+                storeTable(entry);
+        m_file->run("COMMIT");
+    } catch (...) {
+        if (sqliteInTransaction(*m_file))
+            m_file->run("ROLLBACK");
+        for (std::int64_t* id : m_newIds)
+            *id = 0;
+        m_newIds.clear();
+        throw;
+    }
+    m_newIds.clear();
+    m_hasStoreTables = true;
+    m_dropped.clear();
+    for (auto& [key, entry] : m_entries) {
+        if (!entry.table)
+            continue;
+        entry.id = entry.table->id;
+        entry.table->shapeDirty = false;
+        for (Column& column : entry.table->columns) {
+            column.dirtyChunks.assign(column.dirtyChunks.size(), false);
+            column.storedTexts = column.dictionary->size();
+            column.dictionaryReplaced = false;
+        }
+    }
+}
+
+void ColumnFile::removeStored(std::int64_t id) {
+    for (const char* statement :
+         {"DELETE FROM column_store_chunks WHERE field_id IN (SELECT id FROM column_store_fields WHERE table_id = ?1)",
+          "DELETE FROM column_store_texts WHERE field_id IN (SELECT id FROM column_store_fields WHERE table_id = ?1)",
+          "DELETE FROM column_store_fields WHERE table_id = ?1", "DELETE FROM column_store_tables WHERE id = ?1"}) {
+        SqliteQuery query(*m_file, statement);
+        query.bind(0, id);
+        query.run();
+    }
+}
+
+void ColumnFile::storeTable(Entry& entry) {
+    ColumnTable& table = *entry.table;
+    if (table.id == 0) {
+        SqliteQuery insert(*m_file, "INSERT INTO column_store_tables (name, rows) VALUES (?1, 0) RETURNING id");
+        insert.bind(0, table.name);
+        insert.step();
+        table.id = insert.integer(0);
+        m_newIds.push_back(&table.id);
+        insert.run();
+        for (Column& column : table.columns)
+            column.id = 0;
+        table.shapeDirty = true;
+    }
+    if (table.shapeDirty)
+        storeShape(table);
+    for (Column& column : table.columns)
+        storeColumn(table, column);
+}
+
+/// The list of columns is written anew; a column that is new gets its place in the file, one that is gone loses it.
+void ColumnFile::storeShape(ColumnTable& table) {
+    SqliteQuery rows(*m_file, "UPDATE column_store_tables SET rows = ?2 WHERE id = ?1");
+    rows.bind(0, table.id);
+    rows.bind(1, static_cast<std::int64_t>(table.rows));
+    rows.run();
+    std::string kept = "0";
+    SqliteQuery insert(*m_file, "INSERT INTO column_store_fields (table_id, place, name, type) VALUES (?1, ?2, ?3, ?4) "
+                                "RETURNING id");
+    for (std::size_t place = 0; place < table.columns.size(); ++place) {
+        Column& column = table.columns[place];
+        if (column.id == 0) {
+            insert.bind(0, table.id);
+            insert.bind(1, static_cast<std::int64_t>(place));
+            insert.bind(2, column.def.name);
+            insert.bind(3, static_cast<std::int64_t>(column.def.type));
+            insert.step();
+            column.id = insert.integer(0);
+            m_newIds.push_back(&column.id);
+            insert.run();
+            column.markAllDirty(table.rows);
+            column.storedTexts = 0;
+        }
+        kept += ", " + std::to_string(column.id);
+    }
+    const std::string gone = "SELECT id FROM column_store_fields WHERE table_id = " + std::to_string(table.id) +
+                             " AND id NOT IN (" + kept + ")";
+    m_file->run("DELETE FROM column_store_chunks WHERE field_id IN (" + gone + ")");
+    m_file->run("DELETE FROM column_store_texts WHERE field_id IN (" + gone + ")");
+    m_file->run("DELETE FROM column_store_fields WHERE table_id = " + std::to_string(table.id) + " AND id NOT IN (" +
+                kept + ")");
+}
+
+void ColumnFile::storeColumn(const ColumnTable& table, Column& column) {
+    if (column.dictionaryReplaced) {
+        SqliteQuery remove(*m_file, "DELETE FROM column_store_texts WHERE field_id = ?1");
+        remove.bind(0, column.id);
+        remove.run();
+    }
+    const std::size_t firstText = column.dictionaryReplaced ? 0 : column.storedTexts;
+    if (firstText != column.dictionary->size()) {
+        const std::string blob = encodeTexts(*column.dictionary, firstText);
+        SqliteQuery insert(*m_file, "INSERT OR REPLACE INTO column_store_texts VALUES (?1, ?2, ?3)");
+        insert.bind(0, column.id);
+        insert.bind(1, static_cast<std::int64_t>(firstText));
+        insert.bindBlob(2, blob.data(), blob.size());
+        insert.run();
+    }
+    SqliteQuery put(*m_file, "INSERT OR REPLACE INTO column_store_chunks VALUES (?1, ?2, ?3)");
+    for (std::size_t chunk = 0; chunk < chunksOf(table.rows); ++chunk) {
+        if (chunk < column.dirtyChunks.size() && !column.dirtyChunks[chunk])
+            continue;
+        const std::size_t first = chunk * kChunkRows;
+        const std::string blob = encodeChunk(column, first, std::min(kChunkRows, table.rows - first));
+        put.bind(0, column.id);
+        put.bind(1, static_cast<std::int64_t>(chunk));
+        put.bindBlob(2, blob.data(), blob.size());
+        put.run();
+    }
+    if (table.shapeDirty) {
+        SqliteQuery remove(*m_file, "DELETE FROM column_store_chunks WHERE field_id = ?1 AND chunk >= ?2");
+        remove.bind(0, column.id);
+        remove.bind(1, static_cast<std::int64_t>(chunksOf(table.rows)));
+        remove.run();
+    }
+}
+
+} // namespace sql

@@ -1,0 +1,307 @@
+// Rows of a generation: order, idx, counts, progress; against hand-worked rows and a slow way of choosing.
+#include "selection/enumeration.h"
+
+#include <filesystem>
+#include <numeric>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+namespace selection {
+namespace {
+
+constexpr TableShape kWithBlue{"zuhe", 6, true, false};
+constexpr TableShape kRedsOnly{"zuheR", 6, false, false};
+constexpr TableShape kBankersWithBlue{"zuhe", 6, true, true};
+constexpr TableShape kBankersOnly{"zuheR", 6, false, true};
+constexpr TableShape kSevenReds{"zuhef", 7, false, false};
+
+using Row = std::vector<int>;
+
+GenerationInput plainInput(int reds, std::vector<std::int32_t> blues) {
+    GenerationInput input;
+    input.chosen.reds.resize(static_cast<std::size_t>(reds));
+    std::iota(input.chosen.reds.begin(), input.chosen.reds.end(), 1);
+    input.chosen.blues = std::move(blues);
+    input.Genreds = reds;
+    return input;
+}
+
+class Enumeration : public testing::TestWithParam<sql::Executor> {
+  protected:
+    Enumeration() : m_engine(sql::EngineOptions{.combinations = GetParam()}) {
+        m_folder = std::filesystem::temp_directory_path() / ("enumeration_" + std::to_string(getpid()));
+        std::filesystem::create_directories(m_folder);
+        m_database = m_engine.create(m_folder / "filnum.mdb");
+    }
+    ~Enumeration() override {
+        m_database.reset();
+        std::error_code ignored;
+        std::filesystem::remove_all(m_folder, ignored);
+    }
+
+    Generated run(const TableShape& shape, GenerationInput input, const Progress& progress = {}) {
+        return generate(*m_database, shape, input, progress);
+    }
+
+    /// idx and the numbers of all rows.
+    std::vector<Row> rows(const TableShape& shape) {
+        std::string columns = "idx";
+        const int numbers = shape.reds + (shape.blue ? 1 : 0);
+        for (int number = 1; number <= numbers; ++number)
+            columns += ",fig" + std::to_string(number);
+        const sql::Rows found = m_database->query("SELECT " + columns + " FROM [" + std::string(shape.table) + "]");
+        std::vector<Row> result;
+        for (std::int64_t row = 0; row < found.count(); ++row) {
+            Row& made = result.emplace_back();
+            for (int column = 0; column <= numbers; ++column)
+                made.push_back(static_cast<int>(found.integerAt(row, column)));
+        }
+        return result;
+    }
+
+    std::filesystem::path m_folder;
+    sql::Engine m_engine;
+    std::unique_ptr<sql::Database> m_database;
+};
+
+/// Every subset of `size` of the list, in the order of a selector string: the slow second way.
+std::vector<Row> subsets(const std::vector<std::int32_t>& list, std::size_t size) {
+    std::vector<bool> taken(list.size(), false);
+    std::fill_n(taken.begin(), size, true);
+    std::vector<Row> found;
+    do {
+        Row& row = found.emplace_back();
+        for (std::size_t place = 0; place < list.size(); ++place)
+            if (taken[place])
+                row.push_back(list[place]);
+    } while (std::prev_permutation(taken.begin(), taken.end()));
+    return found;
+}
+
+TEST_P(Enumeration, SevenRedsAndTwoBluesComeWithTheBlueVaryingFastest) {
+    const Generated generated = run(kWithBlue, plainInput(7, {3, 9}));
+    const std::vector<Row> found = rows(kWithBlue);
+    ASSERT_EQ(found.size(), 14U);
+    EXPECT_EQ(generated.announced, 14);
+    EXPECT_EQ(generated.written, 14);
+    EXPECT_EQ(found[0], (Row{1, 1, 2, 3, 4, 5, 6, 3}));
+    EXPECT_EQ(found[1], (Row{2, 1, 2, 3, 4, 5, 6, 9}));
+    EXPECT_EQ(found[2], (Row{3, 1, 2, 3, 4, 5, 7, 3}));
+    EXPECT_EQ(found[3], (Row{4, 1, 2, 3, 4, 5, 7, 9}));
+    EXPECT_EQ(found[4], (Row{5, 1, 2, 3, 4, 6, 7, 3}));
+    EXPECT_EQ(found[13], (Row{14, 2, 3, 4, 5, 6, 7, 9}));
+}
+
+TEST_P(Enumeration, SixRedsAndOneBlueGiveOneRowAndOneStepOfProgress) {
+    std::vector<int> steps;
+    run(kWithBlue, plainInput(6, {5}), [&](int step) { steps.push_back(step); });
+    EXPECT_EQ(rows(kWithBlue), (std::vector<Row>{{1, 1, 2, 3, 4, 5, 6, 5}}));
+    EXPECT_EQ(steps, (std::vector<int>{1}));
+}
+
+TEST_P(Enumeration, TheOrderIsThatOfSubsetsOverTheListWhateverTheNumbers) {
+    GenerationInput input = plainInput(10, {16, 2, 7});
+    input.chosen.reds = {2, 3, 5, 7, 11, 13, 17, 19, 23, 29};
+    run(kWithBlue, input);
+    std::vector<Row> expected;
+    for (const Row& reds : subsets(input.chosen.reds, 6))
+        for (const int blue : {16, 2, 7}) {
+            Row row{static_cast<int>(expected.size()) + 1};
+            row.insert(row.end(), reds.begin(), reds.end());
+            row.push_back(blue);
+            expected.push_back(row);
+        }
+    EXPECT_EQ(rows(kWithBlue), expected);
+}
+
+TEST_P(Enumeration, RowsWithoutABlueNeedNone) {
+    const Generated generated = run(kRedsOnly, plainInput(9, {}));
+    EXPECT_EQ(generated.announced, 84);
+    EXPECT_EQ(rows(kRedsOnly).size(), 84U);
+    EXPECT_EQ(rows(kRedsOnly)[83], (Row{84, 4, 5, 6, 7, 8, 9}));
+}
+
+TEST_P(Enumeration, FewerThanSixRedsGiveNoRow) {
+    EXPECT_EQ(run(kWithBlue, plainInput(5, {1})).announced, 0);
+    EXPECT_TRUE(rows(kWithBlue).empty());
+}
+
+TEST_P(Enumeration, AFreshRowIsInPlayWithoutAReason) {
+    run(kWithBlue, plainInput(6, {5}));
+    const sql::Rows row = m_database->query(
+        "SELECT [unslt],[preunslt],[tmpunslt],[Gpslt],[canshu],[Fliter],[Errnum],[Numstring],[SKnum],[JSqihao] FROM "
+        "[zuhe]");
+    for (int bit = 0; bit < 4; ++bit)
+        EXPECT_EQ(row.at(0, bit), sql::Value(std::int64_t{0})) << row.columnName(bit);
+    for (int empty = 4; empty < 10; ++empty)
+        EXPECT_TRUE(sql::isNull(row.at(0, empty))) << row.columnName(empty);
+}
+
+TEST_P(Enumeration, AGenerationReplacesTheTableOfTheOneBefore) {
+    run(kWithBlue, plainInput(8, {1, 2}));
+    m_database->execute("UPDATE [zuhe] SET [unslt]=true");
+    run(kBankersWithBlue, plainInput(6, {4}));
+    EXPECT_EQ(rows(kWithBlue), (std::vector<Row>{{1, 1, 2, 3, 4, 5, 6, 4}}));
+    EXPECT_EQ(m_database->queryValue("SELECT Count(*) FROM [zuhe] WHERE [unslt] = false"),
+              sql::Value(std::int64_t{1}));
+}
+
+TEST_P(Enumeration, BankersStandInTheirSortedPlaces) {
+    GenerationInput input;
+    input.chosen = {{1, 10, 25, 30, 31}, {3, 20}, {8}};
+    input.Genreds = 5;
+    const Generated generated = run(kBankersWithBlue, input);
+    EXPECT_EQ(generated.announced, 5); // 5 over 4
+    const std::vector<Row> found = rows(kBankersWithBlue);
+    ASSERT_EQ(found.size(), 5U);
+    EXPECT_EQ(found[0], (Row{1, 1, 3, 10, 20, 25, 30, 8}));
+    EXPECT_EQ(found[1], (Row{2, 1, 3, 10, 20, 25, 31, 8}));
+    EXPECT_EQ(found[4], (Row{5, 3, 10, 20, 25, 30, 31, 8}));
+}
+
+TEST_P(Enumeration, EveryCountOfBankersGivesAscendingRowsWithAllOfThem) {
+    for (int bankers = 0; bankers <= 5; ++bankers) {
+        GenerationInput input = plainInput(7, {1, 2});
+        for (auto& red : input.chosen.reds)
+            red *= 4;                                         // 4, 8, … 28
+        const std::vector<std::int32_t> all{30, 5, 17, 9, 1}; // in the order of marking, above, below and between
+        input.chosen.bankers.assign(all.begin(), all.begin() + bankers);
+        const Generated generated = run(kBankersWithBlue, input);
+        const auto expected = subsets(input.chosen.reds, static_cast<std::size_t>(6 - bankers));
+        const std::vector<Row> found = rows(kBankersWithBlue);
+        ASSERT_EQ(found.size(), expected.size() * 2) << bankers;
+        EXPECT_EQ(generated.announced, static_cast<std::int64_t>(found.size()));
+        for (std::size_t row = 0; row < found.size(); ++row) {
+            Row reds = expected[row / 2];
+            reds.insert(reds.end(), input.chosen.bankers.begin(), input.chosen.bankers.end());
+            std::sort(reds.begin(), reds.end());
+            EXPECT_EQ(Row(found[row].begin() + 1, found[row].end() - 1), reds) << bankers << " bankers, row " << row;
+        }
+    }
+}
+
+TEST_P(Enumeration, SixBankersWriteNothingButAnnounceOneSetForEachBlue) {
+    GenerationInput input = plainInput(8, {1, 2, 3});
+    input.chosen.bankers = {9, 10, 11, 12, 13, 14};
+    const Generated generated = run(kBankersWithBlue, input);
+    EXPECT_EQ(generated.announced, 3); // C(8, 0) for each of three blues
+    EXPECT_EQ(generated.written, 0);
+    EXPECT_TRUE(rows(kBankersWithBlue).empty());
+    EXPECT_EQ(run(kBankersOnly, input).announced, 1);
+    input.chosen.bankers.push_back(15);
+    EXPECT_EQ(run(kBankersWithBlue, input).announced, 3);
+    EXPECT_TRUE(rows(kBankersWithBlue).empty());
+}
+
+TEST_P(Enumeration, AMultiRowRunRepeatsTheRowNumberForEachBlueAndLastsOnce) {
+    GenerationInput input = plainInput(8, {7, 4});
+    input.Multirows = true;
+    input.Multicount = 5;
+    input.Multitable.resize(6);
+    for (int line = 1; line <= 5; ++line)
+        for (int column = 1; column <= 6; ++column)
+            input.Multitable[static_cast<std::size_t>(line)][static_cast<std::size_t>(column)] = line + 4 * column;
+    int steps = 0;
+    const Generated generated = generate(*m_database, kWithBlue, input, [&](int) { ++steps; });
+    const std::vector<Row> found = rows(kWithBlue);
+    ASSERT_EQ(found.size(), 10U);
+    EXPECT_EQ(generated.announced, 10);
+    EXPECT_EQ(found[0], (Row{1, 5, 9, 13, 17, 21, 25, 7}));
+    EXPECT_EQ(found[1], (Row{1, 5, 9, 13, 17, 21, 25, 4}));
+    EXPECT_EQ(found[2], (Row{2, 6, 10, 14, 18, 22, 26, 7}));
+    EXPECT_EQ(found[9], (Row{5, 9, 13, 17, 21, 25, 29, 4}));
+    EXPECT_EQ(steps, 0);
+    EXPECT_FALSE(input.Multirows);
+    EXPECT_EQ(generate(*m_database, kWithBlue, input, {}).written, 56); // 8 over 6, two blues
+}
+
+TEST_P(Enumeration, AMultiRowRunWithoutBluesWritesEachRowOnce) {
+    GenerationInput input = plainInput(8, {7, 4});
+    input.Multirows = true;
+    input.Multicount = 2;
+    input.Multitable = {{}, {0, 1, 2, 3, 4, 5, 6, 7}, {0, 2, 3, 4, 5, 6, 7, 8}};
+    EXPECT_EQ(generate(*m_database, kRedsOnly, input, {}).announced, 2);
+    EXPECT_EQ(rows(kRedsOnly), (std::vector<Row>{{1, 1, 2, 3, 4, 5, 6}, {2, 2, 3, 4, 5, 6, 7}}));
+}
+
+TEST_P(Enumeration, DrawnNumbersTakeThePlaceOfTheChosenOnes) {
+    GenerationInput input = plainInput(9, {1});
+    input.Fromdraw = true;
+    input.Drawnlist = {4, 8, 15, 16, 23, 32, 33, 1};
+    input.Genreds = 7;
+    run(kWithBlue, input);
+    const std::vector<Row> found = rows(kWithBlue);
+    ASSERT_EQ(found.size(), 7U);
+    EXPECT_EQ(found[0], (Row{1, 4, 8, 15, 16, 23, 32, 1}));
+    EXPECT_EQ(found[6], (Row{7, 8, 15, 16, 23, 32, 33, 1}));
+}
+
+TEST_P(Enumeration, SevenRedRowsReadTheChosenNumbersWhateverWasDrawn) {
+    GenerationInput input = plainInput(8, {1, 2});
+    input.Fromdraw = true;
+    input.Drawnlist = {30, 31, 32, 33, 34, 35, 36, 37};
+    input.Multirows = true;
+    EXPECT_EQ(generate(*m_database, kSevenReds, input, {}).announced, 8);
+    EXPECT_TRUE(input.Multirows);
+    const std::vector<Row> found = rows(kSevenReds);
+    ASSERT_EQ(found.size(), 8U);
+    EXPECT_EQ(found[1], (Row{2, 1, 2, 3, 4, 5, 6, 8}));
+}
+
+TEST_P(Enumeration, ProgressComesEverySixtyFourthPartOrEveryRow) {
+    const auto stepsOf = [&](int reds, std::vector<std::int32_t> blues) {
+        std::vector<int> steps;
+        run(kWithBlue, plainInput(reds, std::move(blues)), [&](int step) { steps.push_back(step); });
+        for (std::size_t place = 0; place < steps.size(); ++place)
+            EXPECT_EQ(steps[place], static_cast<int>(place) + 1);
+        return steps.size();
+    };
+    EXPECT_EQ(stepsOf(9, {1}), 84U);        // below 128 rows a step is a row, past the scale of 64: no clamp
+    EXPECT_EQ(stepsOf(10, {1}), 70U);       // 210 rows, a step of 3
+    EXPECT_EQ(stepsOf(12, {1, 2, 3}), 64U); // 2,772 rows, a step of 43: 64 whole steps
+    EXPECT_EQ(stepsOf(20, {1, 2, 3}), 64U); // 116,280 rows, several blocks
+}
+
+TEST_P(Enumeration, BlocksJoinWithoutAGap) {
+    const Generated generated = run(kWithBlue, plainInput(20, {1, 2, 3})); // 116,280 rows: two blocks
+    ASSERT_EQ(generated.written, 116280);
+    const sql::Rows found = m_database->query("SELECT [idx],[fig1],[fig6],[fig7] FROM [zuhe]");
+    ASSERT_EQ(found.count(), 116280);
+    for (std::int64_t row = 65500; row < 65700; ++row) {
+        EXPECT_EQ(found.integerAt(row, 0), row + 1);
+        EXPECT_EQ(found.integerAt(row, 3), row % 3 + 1);
+    }
+    EXPECT_EQ(found.integerAt(116279, 1), 15);
+    EXPECT_EQ(found.integerAt(116279, 2), 20);
+}
+
+INSTANTIATE_TEST_SUITE_P(Executors, Enumeration, testing::Values(sql::Executor::Sqlite, sql::Executor::Column));
+
+TEST(CombinationCount, FollowsTheClosedForm) {
+    EXPECT_EQ(combinationCount(33, 6), 1107568);
+    EXPECT_EQ(combinationCount(38, 6), 2760681);
+    EXPECT_EQ(combinationCount(38, 7), 12620256);
+    EXPECT_EQ(combinationCount(6, 6), 1);
+    EXPECT_EQ(combinationCount(5, 6), 0);
+    EXPECT_EQ(combinationCount(8, 0), 1);
+    EXPECT_EQ(combinationCount(8, -1), 1);
+}
+
+TEST(CreateStatement, NamesTheColumnsOfEachTable) {
+    EXPECT_EQ(createStatement(kWithBlue),
+              "CREATE TABLE [zuhe]([idx] integer,[fig1] integer,[fig2] integer,[fig3] integer,[fig4] integer,[fig5] "
+              "integer,[fig6] integer,[fig7] integer,[canshu] integer,[Numstring] string,[SKnum] integer,[JSqihao] "
+              "long,[Fliter] string,[unslt] Bit,[preunslt] Bit,[tmpunslt] bit,[Gpslt] bit,[Errnum] integer)");
+    EXPECT_EQ(createStatement(kRedsOnly),
+              "CREATE TABLE [zuheR]([idx] integer,[fig1] integer,[fig2] integer,[fig3] integer,[fig4] integer,[fig5] "
+              "integer,[fig6] integer,[canshu] integer,[Numstring] string,[SKnum] integer,[JSqihao] long,[Fliter] "
+              "string,[unslt] Bit,[preunslt] Bit,[tmpunslt] bit,[Gpslt] bit,[Errnum] integer)");
+    EXPECT_EQ(createStatement(kSevenReds),
+              "CREATE TABLE [zuhef]([idx] integer,[fig1] integer,[fig2] integer,[fig3] integer,[fig4] integer,[fig5] "
+              "integer,[fig6] integer,[fig7] integer,[canshu] integer,[Numstring] string,[Fliter] string,[unslt] "
+              "Bit,[preunslt] Bit,[tmpunslt] bit,[Gpslt] bit)");
+}
+
+} // namespace
+} // namespace selection

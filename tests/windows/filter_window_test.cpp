@@ -1,0 +1,326 @@
+// The filter window with real clicks and keys: what a press runs, what the grid and the title then say.
+#include "filter/windows/filter_window.h"
+
+#include <QAbstractItemModelTester>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include "filter/windows/row_controls.h"
+#include "support/controls.h"
+#include "support/fresh_home.h"
+#include "toolkit/flex_grid.h"
+
+using namespace Qt::StringLiterals;
+using test_support::controlAs;
+using test_support::press;
+using test_support::rightPress;
+using test_support::typeInto;
+
+namespace filter {
+namespace {
+
+const QString kForm = u"GAgan"_s;
+
+class FilterWindowTest : public testing::Test {
+  protected:
+    FilterWindowTest() : m_database(m_engine.create(m_home.folder() / "filnum.mdb")) {
+        m_history.Lsnum = 1;
+        m_history.Lshm.push_back({2026001, 2, 5, 11, 17, 25, 33, 6});
+        m_database->setListener([this](std::string_view text) { m_statements.push_back(std::string(text)); });
+        m_window =
+            std::make_unique<FilterWindow>(kFilterMembers[0], FilterContext{*m_database, m_history, 33, m_Baoliu});
+        generate(7, {3, 9}); // 14 rows: six sets that leave out 7, 6, … 1, each with two blues
+        m_window->show();
+    }
+
+    void generate(int reds, std::vector<std::int32_t> blues) {
+        selection::GenerationInput input;
+        for (int red = 1; red <= reds; ++red)
+            input.chosen.reds.push_back(red);
+        input.chosen.blues = std::move(blues);
+        input.Genreds = reds;
+        m_window->load(input);
+        m_statements.clear();
+    }
+
+    toolkit::FlexGrid& grid() { return *m_window->findChild<toolkit::FlexGrid*>(u"MSFlexGrid1"_s); }
+    int shown() { return grid().model()->rowCount(); }
+    QString heading(int column) { return grid().model()->headerData(column, Qt::Horizontal).toString(); }
+    QString title(int bets) {
+        return u"复选组合情况排列总表（每页至多显示10000注，双击任意注可删除）   合计：%1注"_s.arg(bets);
+    }
+    void doubleClick(int row, int column) {
+        const QPoint place = grid().visualRect(grid().model()->index(row, column)).center();
+        QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, place);
+    }
+    QVariant ground(int row) { return grid().model()->index(row, 0).data(Qt::BackgroundRole); }
+
+    test_support::FreshHome m_home;
+    sql::Engine m_engine;
+    std::unique_ptr<sql::Database> m_database;
+    history::History m_history;
+    std::int16_t m_Baoliu = kRemove;
+    std::vector<std::string> m_statements;
+    std::unique_ptr<FilterWindow> m_window;
+};
+
+TEST_F(FilterWindowTest, OpensOnAllRowsWithHeadingsTitleAndKeepSet) {
+    EXPECT_EQ(shown(), 14);
+    EXPECT_EQ(m_window->windowTitle(), title(14));
+    EXPECT_EQ(heading(0), u"号码索引"_s);
+    EXPECT_EQ(heading(6), u"6位"_s);
+    EXPECT_EQ(heading(7), u"蓝球"_s);
+    EXPECT_EQ(m_Baoliu, kKeep);
+    EXPECT_EQ(grid().model()->index(2, 7).data().toString(), u"3"_s);
+    EXPECT_EQ(grid().model()->index(2, 6).data(Qt::UserRole).toLongLong(), 7);
+}
+
+TEST_F(FilterWindowTest, APressRunsItsStatementsAndShowsWhatIsLeft) {
+    typeInto(kForm, u"Text5(0)"_s, u"3"_s);
+    press(kForm, u"Option4"_s); // sets without an odd number have three evens of 1..7
+    ASSERT_EQ(m_statements.size(), 4U);
+    EXPECT_EQ(m_statements[1], "UPDATE [zuhe] SET [preunslt]=[unslt]");
+    EXPECT_EQ(m_statements[2],
+              "UPDATE [zuhe] SET [unslt]=true , [Fliter] = \"偶数个数大小:\" & [canshu] & \" 保留3~9\" "
+              "WHERE [unslt]=false AND ([canshu] <3 OR [canshu] >9)");
+    EXPECT_EQ(shown(), 8); // the four sets that lack an odd number
+    EXPECT_EQ(heading(8), u"偶数个数"_s);
+    EXPECT_EQ(m_window->windowTitle(), title(8));
+    EXPECT_EQ(controlAs<QRadioButton>(*m_window, u"Option4"_s)->palette().color(QPalette::WindowText),
+              QColor(0, 0, 255));
+    EXPECT_NE(controlAs<QRadioButton>(*m_window, u"Option5"_s)->palette().color(QPalette::WindowText),
+              QColor(0, 0, 255));
+}
+
+TEST_F(FilterWindowTest, ARightPressAndTheKeysRunAParameterLikeALeftPress) {
+    rightPress(kForm, u"Option4"_s);
+    EXPECT_EQ(m_statements.size(), 4U);
+    auto* option = controlAs<QRadioButton>(*m_window, u"Option5"_s);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        m_statements.clear();
+        option->setFocus();
+        QTest::keyClick(option, key);
+        EXPECT_EQ(m_statements.size(), 4U) << key;
+    }
+}
+
+TEST_F(FilterWindowTest, EveryParameterOfTheCatalogueHasItsControlsAndRuns) {
+    const QStringList lists{u"Frame11"_s, u"Frame13"_s};
+    for (const Parameter& p : sixAndBlueCatalogue()) {
+        const QString family = QString::fromUtf8(p.boxes.name.data(), static_cast<qsizetype>(p.boxes.name.size()));
+        const QString option = QString::fromUtf8(p.option.data(), static_cast<qsizetype>(p.option.size()));
+        const auto valueIn = [&](int index) {
+            return controlAs<QLineEdit>(*m_window, indexedName(family, index))->text();
+        };
+        EXPECT_EQ(valueIn(p.boxes.low), QString::number(p.defaults.low));
+        EXPECT_EQ(valueIn(p.boxes.high), QString::number(p.defaults.high));
+        if (p.boxes.count >= 0) {
+            EXPECT_EQ(valueIn(p.boxes.count), QString::number(p.defaults.count));
+            EXPECT_EQ(valueIn(p.boxes.list), QString());
+        }
+        EXPECT_FALSE(controlAs<QCheckBox>(*m_window, indexedName(u"Check1"_s, p.tick))->isChecked());
+        if (p.period >= 0) {
+            EXPECT_EQ(controlAs<QComboBox>(*m_window, indexedName(u"Combo1"_s, p.period))->count(), 21);
+        }
+        m_statements.clear();
+        m_window->findChild<QScrollArea*>(u"ParameterRows"_s)
+            ->ensureWidgetVisible(controlAs<QRadioButton>(*m_window, option));
+        press(kForm, option);
+        EXPECT_GE(m_statements.size(), 3U) << p.option;
+        EXPECT_EQ(heading(8), QString::fromUtf8(p.gridTitle.data(), static_cast<qsizetype>(p.gridTitle.size())));
+        EXPECT_EQ(grid().model()->columnCount(), p.column.empty() ? 9 : 8) << p.option;
+    }
+}
+
+TEST_F(FilterWindowTest, BoxesTakeDigitsPointAndBlankOnly) {
+    auto* box = controlAs<QLineEdit>(*m_window, u"Text2(0)"_s);
+    box->clear();
+    box->setFocus();
+    QTest::keyClicks(box, u"1a2.-5 ,7x"_s);
+    EXPECT_EQ(box->text(), u"12.5 7"_s);
+    QTest::keyClick(box, Qt::Key_Backspace);
+    EXPECT_EQ(box->text(), u"12.5 "_s);
+    auto* page = controlAs<QLineEdit>(*m_window, u"Text1"_s);
+    page->setFocus();
+    page->clear();
+    QTest::keyClicks(page, u"1. 2"_s);
+    EXPECT_EQ(page->text(), u"12"_s);
+}
+
+TEST_F(FilterWindowTest, ListModeShowsTheListsAndRenamesTheInterval) {
+    auto* counts = m_window->findChild<QWidget*>(u"Frame11"_s);
+    auto* lists = m_window->findChild<QWidget*>(u"Frame13"_s);
+    EXPECT_FALSE(counts->isVisible());
+    EXPECT_FALSE(lists->isVisible());
+    press(kForm, u"Option36"_s);
+    EXPECT_TRUE(counts->isVisible());
+    EXPECT_TRUE(lists->isVisible());
+    EXPECT_TRUE(controlAs<QLineEdit>(*m_window, u"TxtZdqj"_s)->isVisible());
+    EXPECT_EQ(controlAs<QRadioButton>(*m_window, u"Option66"_s)->text(), u"指定号码"_s);
+    EXPECT_EQ(controlAs<QCheckBox>(*m_window, u"Check1(31)"_s)->text(), u"指定号码"_s);
+    typeInto(kForm, u"Text18(3)"_s, u"9"_s); // the mode stays on while a box is filled in
+    EXPECT_TRUE(controlAs<QRadioButton>(*m_window, u"Option36"_s)->isChecked());
+    press(kForm, u"Option19"_s);
+    EXPECT_EQ(shown(), 7);
+    for (const QString& mode : {u"Option21"_s, u"Option22"_s}) {
+        press(kForm, u"Option36"_s);
+        press(kForm, mode);
+        EXPECT_FALSE(counts->isVisible()) << mode.toStdString();
+        EXPECT_FALSE(lists->isVisible());
+        EXPECT_EQ(controlAs<QRadioButton>(*m_window, u"Option66"_s)->text(), u"自定区间"_s);
+        EXPECT_EQ(controlAs<QCheckBox>(*m_window, u"Check1(31)"_s)->text(), u"自定区间"_s);
+    }
+    EXPECT_TRUE(m_window->findChild<QWidget*>(u"Combo2"_s)->isVisible());
+}
+
+TEST_F(FilterWindowTest, RemoveTakesOutWhatTheRangeCatches) {
+    press(kForm, u"Option1(1)"_s);
+    EXPECT_EQ(m_Baoliu, kRemove);
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    EXPECT_EQ(shown(), 7);
+    EXPECT_EQ(grid().model()->index(0, 7).data().toString(), u"3"_s);
+}
+
+TEST_F(FilterWindowTest, ARunFollowsBaoliuEvenWhenTheOptionsSayOtherwise) {
+    m_Baoliu = kRemove; // as an inverting run of many parameters leaves it
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    EXPECT_EQ(grid().model()->index(0, 7).data().toString(), u"3"_s);
+    press(kForm, u"Option1(0)"_s); // a click sets it anew, also on the option that is on
+    EXPECT_EQ(m_Baoliu, kKeep);
+}
+
+TEST_F(FilterWindowTest, PositionBoxesAndParityReachTheStatements) {
+    press(kForm, u"ChkBt(3)"_s);
+    press(kForm, u"Option23"_s);
+    EXPECT_NE(m_statements.front().find("[fig3] * 0 + [fig4] * 1"), std::string::npos);
+    press(kForm, u"Check2(16)"_s);
+    press(kForm, u"Check2(4)"_s);
+    press(kForm, u"Option13"_s); // first reds: 1 in twelve rows, 2 in two
+    EXPECT_EQ(shown(), 12);
+}
+
+TEST_F(FilterWindowTest, ResetsAndInvertsGoThroughTheirButtons) {
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"Command2"_s);
+    EXPECT_EQ(grid().model()->index(0, 7).data().toString(), u"3"_s);
+    EXPECT_EQ(grid().model()->columnCount(), 8);
+    press(kForm, u"Command1"_s);
+    EXPECT_EQ(shown(), 14);
+    press(kForm, u"Option19"_s);
+    EXPECT_EQ(shown(), 7);
+    press(kForm, u"cmdRetn"_s);
+    EXPECT_EQ(shown(), 14);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"Command3"_s);
+    EXPECT_EQ(shown(), 7);
+    EXPECT_EQ(m_window->windowTitle(), title(7));
+}
+
+TEST_F(FilterWindowTest, ReasonsAndPagesLeaveTheTitleAlone) {
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"optZzuhe(1)"_s);
+    EXPECT_EQ(shown(), 14);
+    EXPECT_EQ(heading(8), u"参数"_s);
+    EXPECT_EQ(heading(9), u"过滤缘故"_s);
+    EXPECT_EQ(grid().columnWidth(9), 853); // 12,800 twips
+    EXPECT_EQ(grid().model()->index(0, 9).data().toString(), u"蓝球大小:3 保留9~99"_s);
+    EXPECT_EQ(m_window->windowTitle(), title(7));
+    press(kForm, u"optZzuhe(0)"_s);
+    EXPECT_EQ(shown(), 14); // nothing by itself
+    press(kForm, u"Command111"_s);
+    EXPECT_EQ(shown(), 7);
+    typeInto(kForm, u"Text1"_s, u"0"_s);
+    press(kForm, u"Command111"_s);
+    EXPECT_EQ(shown(), 0);
+    EXPECT_EQ(m_window->windowTitle(), title(7));
+}
+
+TEST_F(FilterWindowTest, ADoubleClickGreysARowAndASecondPutsItBack) {
+    doubleClick(4, 3);
+    EXPECT_EQ(ground(4).value<QColor>(), QColor(178, 178, 178));
+    EXPECT_EQ(shown(), 14); // it stays in sight
+    EXPECT_EQ(m_window->windowTitle(), title(13));
+    EXPECT_EQ(grid().currentIndex().column(), 0);
+    EXPECT_EQ(m_statements[3].substr(0, 20), "SELECT [idx] ,[fig1]");
+    doubleClick(4, 3);
+    EXPECT_FALSE(ground(4).isValid());
+    EXPECT_EQ(m_window->windowTitle(), title(14));
+}
+
+TEST_F(FilterWindowTest, ADoubleClickInTheReasonViewPutsAFilteredRowBack) {
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"optZzuhe(1)"_s);
+    doubleClick(0, 0);
+    EXPECT_EQ(m_window->windowTitle(), title(8));
+    EXPECT_EQ(m_database->queryValue("SELECT [unslt] FROM [zuhe] WHERE [idx] = 1"), sql::Value(std::int64_t{0}));
+}
+
+TEST_F(FilterWindowTest, ADoubleClickOnTheHeadingsChangesNoRow) {
+    QHeaderView* head = grid().horizontalHeader();
+    const QPoint place(head->sectionPosition(2) + head->sectionSize(2) / 2, head->height() / 2);
+    QTest::mouseClick(head->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(head->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(m_window->windowTitle(), title(14));
+    EXPECT_EQ(m_database->queryValue("SELECT Count(*) FROM [zuhe] WHERE [unslt] = false"),
+              sql::Value(std::int64_t{14}));
+}
+
+TEST_F(FilterWindowTest, WhatChangedIsStoredWhenTheWindowCloses) {
+    press(kForm, u"Option23"_s);
+    m_window->close();
+    EXPECT_FALSE(m_database->storePending());
+}
+
+TEST_F(FilterWindowTest, ControlsWithoutAFunctionAreDisabled) {
+    EXPECT_FALSE(m_window->findChild<QWidget*>(u"CmdPrint"_s)->isEnabled());
+    EXPECT_FALSE(m_window->findChild<QWidget*>(u"Combo1(0)"_s)->isEnabled());
+}
+
+TEST_F(FilterWindowTest, EveryControlHasANameOfItsOwn) {
+    QStringList names;
+    for (const QWidget* control : m_window->findChildren<QWidget*>()) {
+        const bool ours = qobject_cast<const QLineEdit*>(control) || qobject_cast<const QAbstractButton*>(control) ||
+                          qobject_cast<const QComboBox*>(control) || qobject_cast<const QLabel*>(control);
+        if (!ours || control->objectName().startsWith(u"qt_"_s) || control->inherits("QTableCornerButton"))
+            continue;
+        EXPECT_FALSE(control->objectName().isEmpty()) << control->metaObject()->className();
+        EXPECT_FALSE(names.contains(control->objectName())) << control->objectName().toStdString();
+        names.append(control->objectName());
+    }
+}
+
+TEST_F(FilterWindowTest, FitsAWorkAreaOf1280By800AndShowsItsTextsWhole) {
+    for (const bool lists : {false, true}) {
+        press(kForm, lists ? u"Option36"_s : u"Option22"_s);
+        EXPECT_LE(m_window->minimumSizeHint().width(), 1280);
+        EXPECT_LE(m_window->minimumSizeHint().height(), 770);
+        for (const QAbstractButton* button : m_window->findChildren<QAbstractButton*>())
+            if (button->isVisible() && !button->text().isEmpty()) {
+                EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
+            }
+    }
+}
+
+TEST_F(FilterWindowTest, TheModelKeepsItsPromises) {
+    QAbstractItemModelTester tester(grid().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+    press(kForm, u"Option24"_s);
+    doubleClick(0, 0);
+    press(kForm, u"optZzuhe(1)"_s);
+    EXPECT_EQ(shown(), 14);
+}
+
+} // namespace
+} // namespace filter
