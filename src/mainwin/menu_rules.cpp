@@ -31,7 +31,7 @@ constexpr BetCaption kBetCaptions[] = {
 
 } // namespace
 
-bool allowed(Needs needs, const ProgramState& state) {
+bool allowed(Needs needs, const ProgramState& state, int index) {
     switch (needs) {
     case Needs::Nothing:
         return true;
@@ -55,6 +55,10 @@ bool allowed(Needs needs, const ProgramState& state) {
         return state.reds > 6 && state.bankers > 0;
     case Needs::EightRedsAndBankers:
         return state.reds > 7 && state.bankers > 0;
+    case Needs::BasicWheel:
+        return state.reds == index && index > 8;
+    case Needs::ExtendedWheel:
+        return state.reds == index;
     }
     return false;
 }

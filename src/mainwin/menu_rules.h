@@ -24,7 +24,8 @@ struct ProgramState {
     bool drawResult = false;
 };
 
-bool allowed(Needs needs, const ProgramState& state);
+/// \param index  place in its menu array of the entry that is asked about
+bool allowed(Needs needs, const ProgramState& state, int index = MenuRow::kNoIndex);
 
 /// The caption of an entry of 组号方式 that names the form of its bets, by whether blues are chosen; nothing for an
 /// entry whose caption never changes.

@@ -21,10 +21,10 @@ void add(Rows& rows, std::initializer_list<MenuRow> more) {
 
 /// One row for each index, with the index and an access key put into the caption.
 void addArray(Rows& rows, int depth, RowKind kind, const QString& name, int first, const QString& caption,
-              QStringView keys) {
+              QStringView keys, Needs needs = Needs::Nothing) {
     for (qsizetype place = 0; place < keys.size(); ++place) {
         const int index = first + static_cast<int>(place);
-        rows.push_back({depth, kind, name, caption.arg(index).arg(keys[place]), Needs::Nothing, index});
+        rows.push_back({depth, kind, name, caption.arg(index).arg(keys[place]), needs, index});
     }
 }
 
@@ -140,7 +140,7 @@ void addExtendedWheels(Rows& rows) {
     for (int reds = 8; reds <= 18; ++reds) {
         const QString menuCaption =
             u"红球%1数扩展矩阵(&%2)"_s.arg(reds).arg(QChar(keys[static_cast<std::size_t>(reds - 8)]));
-        rows.push_back({2, kMenu, u"mnukzjz"_s, menuCaption, Needs::Nothing, reds});
+        rows.push_back({2, kMenu, u"mnukzjz"_s, menuCaption, Needs::ExtendedWheel, reds});
         const QString name = u"mnuKjz%1%2"_s.arg(reds, 2, 10, QChar(u'0'));
         if (reds == 8)
             addGuarantees(rows, 3, name, caption, {{76, u'S'}});
@@ -154,7 +154,7 @@ void addExtendedWheels(Rows& rows) {
 
 void addWheels(Rows& rows) {
     rows.push_back({1, kMenu, u"mnuRt"_s, u"红球基本旋转矩阵（6红球排列）(&R)"_s});
-    addArray(rows, 2, kEntry, u"meuRtxz"_s, 8, u"红球%1数选6中5(&%2)"_s, u"ABCDEFGHI");
+    addArray(rows, 2, kEntry, u"meuRtxz"_s, 8, u"红球%1数选6中5(&%2)"_s, u"ABCDEFGHI", Needs::BasicWheel);
     rows.push_back({1, kMenu, u"mnuExra"_s, u"红球扩展旋转矩阵（6红球排列）(&E)"_s});
     addExtendedWheels(rows);
     const QString plain = u"中%1保%2(&%3)"_s;

@@ -23,6 +23,8 @@ enum class Needs {
     Bankers,        ///< a banker
     SevenRedsAndBankers,
     EightRedsAndBankers,
+    BasicWheel,    ///< as many reds as the entry's index, 9..16: there is no use for the entry of 8, on purpose
+    ExtendedWheel, ///< as many reds as the entry's index, 8..18
 };
 
 enum class RowKind {

@@ -13,23 +13,25 @@ namespace toolkit {
 
 namespace {
 
-constexpr int kMargin = 10;
-constexpr int kSpacing = 6;
+constexpr int kMargin = 8;
+constexpr int kSpacing = 4;
 constexpr qreal kCorner = 6;
 
 } // namespace
 
 Card::Card(const QString& name, const QString& heading, QWidget* parent) : QFrame(parent) {
     setObjectName(name);
-    auto* label = new QLabel(heading);
-    label->setObjectName(name + u"Heading"_s);
-    QFont font = label->font();
-    font.setBold(true);
-    label->setFont(font);
     m_head = new QHBoxLayout;
     m_head->setSpacing(kSpacing);
-    m_head->addWidget(label);
-    m_head->addStretch();
+    if (!heading.isEmpty()) {
+        auto* label = new QLabel(heading);
+        label->setObjectName(name + u"Heading"_s);
+        QFont font = label->font();
+        font.setBold(true);
+        label->setFont(font);
+        m_head->addWidget(label);
+        m_head->addStretch();
+    }
     m_body = new QVBoxLayout(this);
     m_body->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     m_body->setSpacing(kSpacing);

@@ -11,7 +11,7 @@ namespace toolkit {
 class Card : public QFrame {
     Q_OBJECT
   public:
-    /// \param name  its objectName; heading and card are found by it
+    /// \param name  its objectName  \param heading  may be empty
     Card(const QString& name, const QString& heading, QWidget* parent = nullptr);
 
     QVBoxLayout& body() { return *m_body; }

@@ -19,19 +19,31 @@ namespace toolkit {
 
 namespace {
 
-constexpr int kCellPadding = 8;
+constexpr int kCellPadding = 6;
+constexpr int kNarrowestColumn = 24;
 
 /// A header whose sections look the same whatever is selected. The base class asks the selection model about each
-/// visible section at each paint, and that walks over every row.
+/// visible section at each paint, and that walks over every row; so this one fills the option without the base class.
 class CalmHeader : public QHeaderView {
   public:
     using QHeaderView::QHeaderView;
 
   protected:
-    void initStyleOptionForIndex(QStyleOptionHeader* option, int index) const override {
-        QHeaderView::initStyleOptionForIndex(option, index);
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override {
+        option->section = logicalIndex;
+        option->text = model()->headerData(logicalIndex, orientation()).toString();
+        option->textAlignment = defaultAlignment();
+        option->position = positionOf(visualIndex(logicalIndex));
         option->selectedPosition = QStyleOptionHeader::NotAdjacent;
-        option->state &= ~(QStyle::State_On | QStyle::State_Sunken);
+    }
+
+  private:
+    QStyleOptionHeader::SectionPosition positionOf(int visual) const {
+        if (count() == 1)
+            return QStyleOptionHeader::OnlyOneSection;
+        if (visual == 0)
+            return QStyleOptionHeader::Beginning;
+        return visual == count() - 1 ? QStyleOptionHeader::End : QStyleOptionHeader::Middle;
     }
 };
 
@@ -59,6 +71,7 @@ std::vector<RowSpan> mergedRows(const QItemSelection& selection) {
 
 FlexGrid::FlexGrid(QWidget* parent) : QTableView(parent) {
     setHorizontalHeader(new CalmHeader(Qt::Horizontal, this));
+    horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
     horizontalHeader()->setSectionsClickable(true);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);

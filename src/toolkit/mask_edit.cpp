@@ -11,12 +11,19 @@ MaskEdit::MaskEdit(const QString& mask, QWidget* parent)
     // The mask letter of an optional digit here is 0; 9 would demand one.
     setInputMask(QString(mask.size(), u'0') + u";_"_s);
     setAlignment(Qt::AlignCenter);
-    const int digits = fontMetrics().horizontalAdvance(QString(mask.size() + 2, u'0'));
-    setMinimumWidth(digits);
     connect(this, &QLineEdit::textEdited, this, [this] {
         if (cursorPosition() >= m_places)
             emit filled();
     });
+}
+
+QSize MaskEdit::minimumSizeHint() const {
+    constexpr int kFrame = 14; // both sides, with the padding of the style
+    return {fontMetrics().horizontalAdvance(QString(m_places, u'0')) + kFrame, QLineEdit::minimumSizeHint().height()};
+}
+
+QSize MaskEdit::sizeHint() const {
+    return {minimumSizeHint().width(), QLineEdit::sizeHint().height()};
 }
 
 void MaskEdit::clearToMask() {

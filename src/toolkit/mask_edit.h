@@ -18,6 +18,9 @@ class MaskEdit : public QLineEdit {
     QString maskedText() const { return displayText(); }
     void clearToMask();
 
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
+
   signals:
     void filled();
 

@@ -104,7 +104,7 @@ QPushButton* CommandTree::makeButton(const QString& name) {
 void CommandTree::refresh() {
     const ProgramState state = m_state();
     for (const Bound& bound : m_rows) {
-        const bool offered = allowed(bound.row.needs, state);
+        const bool offered = allowed(bound.row.needs, state, bound.row.index);
         if (bound.menu)
             bound.menu->setEnabled(offered);
         else

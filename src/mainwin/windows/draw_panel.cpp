@@ -44,11 +44,11 @@ TracePicture::TracePicture(QWidget* parent) : QWidget(parent) {
     setObjectName(u"Picture3"_s);
     setAccessibleName(u"走势轨迹"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setMinimumHeight(60);
+    setMinimumHeight(36);
 }
 
 QSize TracePicture::sizeHint() const {
-    return {360, 90};
+    return {360, 60};
 }
 
 void TracePicture::setLogicalHeight(int height) {

@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QStyle>
 #include <QVBoxLayout>
 
 #include "base/number_text.h"
@@ -20,7 +21,9 @@
 using namespace Qt::StringLiterals;
 
 /// Resources of a static library have to be asked for, and that outside of any namespace.
-static void loadIcons() { Q_INIT_RESOURCE(mainwin); }
+static void loadIcons() {
+    Q_INIT_RESOURCE(mainwin);
+}
 
 namespace mainwin {
 
@@ -28,14 +31,19 @@ namespace {
 
 constexpr int kBetPanel = 3; // the third panel of the status bar
 const QSize kDesignSize{1280, 760};
+constexpr int kPadWidth = 420;
+constexpr int kSharesWidth = 390;
+constexpr int kHistoryWidth = 450;
 
 QWidget* scrolled(QWidget* content, const QString& name) {
     auto* area = new QScrollArea;
     area->setObjectName(name);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidget(content);
+    const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    area->setMinimumWidth(content->minimumSizeHint().width() + bar); // it scrolls up and down only
     return area;
 }
 
@@ -84,8 +92,10 @@ void Form1::buildWindow() {
     splitter->addWidget(scrolled(buildLeft(), u"ScrollLeft"_s));
     splitter->addWidget(scrolled(m_shares, u"ScrollShares"_s));
     splitter->addWidget(m_history);
-    for (int part = 0; part < splitter->count(); ++part)
-        splitter->setStretchFactor(part, part == 1 ? 2 : 1);
+    splitter->setSizes({kPadWidth, kSharesWidth, kHistoryWidth});
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    splitter->setStretchFactor(2, 1);
     auto* central = new QWidget;
     central->setObjectName(u"Central"_s);
     auto* layout = new QVBoxLayout(central);
@@ -103,6 +113,7 @@ QWidget* Form1::buildLeft() {
     left->setObjectName(u"Left"_s);
     auto* layout = new QVBoxLayout(left);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
     layout->addWidget(m_pad);
     layout->addWidget(m_draw, 1);
     return left;

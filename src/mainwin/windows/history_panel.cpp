@@ -21,7 +21,7 @@ namespace mainwin {
 namespace {
 
 constexpr int kEntryWidth = 34;
-constexpr int kNumberWidth = 36;
+constexpr int kNumberWidth = 38;
 
 } // namespace
 
@@ -38,8 +38,7 @@ HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
     m_grid->setAccessibleName(u"历史号码"_s);
     m_grid->setModel(m_model);
     m_grid->setColumnWidths(
-        {52, 76, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, 44});
-    m_grid->horizontalHeader()->setMinimumSectionSize(30);
+        {54, 78, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, 44});
     m_grid->horizontalHeader()->setStretchLastSection(true);
     auto* card = new toolkit::Card(u"FrameHistory"_s, u"历史号码"_s);
     card->body().addWidget(buildEntry());

@@ -15,8 +15,9 @@ namespace mainwin {
 
 namespace {
 
-constexpr int kRowsAColumn = 19; // 38 reds in two columns, 18 blues in a third
-constexpr int kCellsARow = 4;    // caption, share, bar, gap
+constexpr int kColumns = 2;
+constexpr int kCellsARow = 4; // caption, share, bar, gap
+constexpr int kGap = 8;
 constexpr double kScaleEnd = 6;
 constexpr double kExpected = 3;
 
@@ -56,9 +57,12 @@ SharePanel::SharePanel(QWidget* parent) : QWidget(parent) {
     auto* card = new toolkit::Card(u"FrameShares"_s, u"历史概率"_s);
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(4);
-    grid->setVerticalSpacing(2);
+    grid->setVerticalSpacing(1);
+    constexpr int redLines = history::kMostReds / kColumns;
     m_reds = addRows(*grid, history::kMostReds, 0, {u"Label4"_s, u"Label6"_s, u"Picture2"_s});
-    m_blues = addRows(*grid, history::kMostBlues, 2, {u"LabelBlueName"_s, u"LabelBlueShare"_s, u"PictureBlue"_s});
+    grid->setRowMinimumHeight(redLines, kGap);
+    m_blues = addRows(*grid, history::kMostBlues, redLines + 1,
+                      {u"LabelBlueName"_s, u"LabelBlueShare"_s, u"PictureBlue"_s});
     card->body().addLayout(grid);
     card->body().addStretch();
     auto* layout = new QVBoxLayout(this);
@@ -66,7 +70,7 @@ SharePanel::SharePanel(QWidget* parent) : QWidget(parent) {
     layout->addWidget(card);
 }
 
-std::vector<SharePanel::Row> SharePanel::addRows(QGridLayout& grid, int count, int column, const Names& names) {
+std::vector<SharePanel::Row> SharePanel::addRows(QGridLayout& grid, int count, int firstLine, const Names& names) {
     std::vector<Row> rows;
     for (int number = 1; number <= count; ++number) {
         const Row row{new QLabel(shareCaption(number)), new QLabel, new ShareBar};
@@ -78,15 +82,16 @@ std::vector<SharePanel::Row> SharePanel::addRows(QGridLayout& grid, int count, i
         row.share->setMinimumWidth(row.share->fontMetrics().horizontalAdvance(u"00.00%"_s));
         QPalette ink = row.caption->palette();
         const toolkit::Colours& look = toolkit::colours(ink);
-        ink.setColor(QPalette::WindowText, column == 2 ? look.blue : look.red);
+        ink.setColor(QPalette::WindowText, firstLine > 0 ? look.blue : look.red);
         row.caption->setPalette(ink);
-        const int line = (number - 1) % kRowsAColumn;
-        const int cell = (column + (number - 1) / kRowsAColumn) * kCellsARow;
+        const int lines = count / kColumns;
+        const int line = firstLine + (number - 1) % lines;
+        const int cell = (number - 1) / lines * kCellsARow;
         grid.addWidget(row.caption, line, cell);
         grid.addWidget(row.share, line, cell + 1);
         grid.addWidget(row.bar, line, cell + 2);
         grid.setColumnStretch(cell + 2, 1);
-        grid.setColumnMinimumWidth(cell + 3, 6);
+        grid.setColumnMinimumWidth(cell + 3, kGap);
         rows.push_back(row);
     }
     return rows;

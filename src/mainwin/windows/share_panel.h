@@ -1,5 +1,5 @@
 // The shares of the numbers: for each its caption, its share in percent and a bar. The reds are Label4, Label6 and
-// Picture2 by number; the blues stand beside them.
+// Picture2 by number; the blues stand below them.
 #pragma once
 
 #include <vector>
@@ -49,7 +49,7 @@ class SharePanel : public QWidget {
         QString share;
         QString bar;
     };
-    std::vector<Row> addRows(QGridLayout& grid, int count, int column, const Names& names);
+    std::vector<Row> addRows(QGridLayout& grid, int count, int firstLine, const Names& names);
 
     std::vector<Row> m_reds;
     std::vector<Row> m_blues;

@@ -78,6 +78,7 @@ PadPanel::PadPanel(Pad& pad, QWidget* parent) : QWidget(parent), m_pad(pad) {
     buildBankerMenu();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(6);
     layout->addWidget(buildReds());
     layout->addWidget(buildBlues());
     layout->addWidget(buildEcho());
@@ -135,9 +136,10 @@ QWidget* PadPanel::buildBlues() {
 }
 
 QWidget* PadPanel::buildEcho() {
-    auto* card = new toolkit::Card(u"FrameChosen"_s, u"已选号码"_s);
+    auto* card = new toolkit::Card(u"FrameChosen"_s, {});
     auto* grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
+    grid->setVerticalSpacing(3);
     int row = 0;
     for (const EchoRow& echo : kEcho) {
         grid->addWidget(namedLabel(echo.captionName, QString::fromUtf16(echo.caption)), row, 0, Qt::AlignTop);

@@ -1,0 +1,222 @@
+#include "windows/main_window_support.h"
+
+namespace main_window_tests {
+namespace {
+
+TEST_F(MainWindow, EveryRowOfTheMenuTableIsInTheMenus) {
+    open();
+    std::set<QString> names;
+    for (const auto& row : mainwin::menuTable()) {
+        if (row.kind == mainwin::RowKind::Separator)
+            continue;
+        EXPECT_TRUE(names.insert(row.objectName()).second) << row.objectName().toStdString();
+        EXPECT_FALSE(row.caption.contains(u'%')) << row.caption.toStdString();
+        const bool found = row.kind == mainwin::RowKind::Menu
+                               ? form->findChild<QMenu*>(row.objectName()) != nullptr
+                               : form->findChild<QAction*>(row.objectName()) != nullptr;
+        EXPECT_TRUE(found) << row.objectName().toStdString();
+    }
+    for (int reds = 10; reds <= 18; ++reds)
+        for (const int xy : {44, 54, 55, 64, 65, 76})
+            EXPECT_TRUE(names.contains(u"mnuKjz%1%2"_s.arg(reds).arg(xy)));
+    for (const auto* name : {"mnuKjz0876", "mnuKjz0955", "mnuKjz0976", "meuRtxz(8)", "meuRtxz(16)", "mnukzjz(8)",
+                             "mnukzjz(18)", "mnuZb(3)", "mnuZb(6)", "mnuRtF66", "meuDanxuan(6)", "meuDanxuan(16)"})
+        EXPECT_TRUE(names.contains(QString::fromLatin1(name))) << name;
+}
+
+TEST_F(MainWindow, CaptionsAreTheSystemsTexts) {
+    open();
+    const std::pair<QString, QString> wanted[] = {{u"mnuSelect"_s, u"选号管理(&T)"_s},
+                                                  {u"meuCol"_s, u"摇奖控制(&O)"_s},
+                                                  {u"mnuHolmag"_s, u"历史管理(&H)"_s},
+                                                  {u"meuWid"_s, u"功能窗口(&D)"_s},
+                                                  {u"mnuSl"_s, u"组号方式(&M)"_s},
+                                                  {u"mnuUserset"_s, u"用户设置(&S)"_s},
+                                                  {u"mnuBoun"_s, u"附赠工具(&B)"_s},
+                                                  {u"meuHlp"_s, u"帮助说明(&H)"_s},
+                                                  {u"meuS(28)"_s, u"红球28选6(&E)"_s},
+                                                  {u"meuS(38)"_s, u"红球38选6(&G)"_s},
+                                                  {u"mnuBlue(12)"_s, u"蓝球12选1(&W)"_s},
+                                                  {u"mnuBlue(18)"_s, u"蓝球18选1(&B)"_s},
+                                                  {u"mnuKjz1855"_s, u"红球中5保5(&V)"_s},
+                                                  {u"meuSpd8"_s, u"无穷大(&I)"_s},
+                                                  {u"mnuWbInq"_s, u"6红+1蓝文本组合查询(&W)"_s},
+                                                  {u"mnuMilt"_s, u"多注单选摇奖设置(&M)"_s}};
+    for (const auto& [name, shown] : wanted)
+        EXPECT_EQ(caption(name), shown);
+    EXPECT_EQ(control(*form, u"Command43"_s)->toolTip(), u"放弃本次正在进行的输入操作"_s);
+    EXPECT_EQ(control(*form, u"Command45"_s)->toolTip(), u"必须选择8个以上的数才能返回摇奖窗口进行摇奖"_s);
+}
+
+TEST_F(MainWindow, TheToolbarHasItsButtonsInOrder) {
+    open();
+    QStringList order;
+    for (const QAction* button : form->findChild<QToolBar*>(u"Toolbar1"_s)->actions()) {
+        order << (button->isSeparator() ? u"|"_s : button->objectName());
+        EXPECT_TRUE(button->isSeparator() || !button->icon().isNull());
+        EXPECT_TRUE(button->isSeparator() || !button->icon().pixmap(24).isNull())
+            << button->objectName().toStdString();
+    }
+    EXPECT_EQ(order.join(u' '), u"Toolbar1(sta) Toolbar1(sup) Toolbar1(rst) | Toolbar1(ls) Toolbar1(fx) Toolbar1(zj) "
+                                "Toolbar1(yk) Toolbar1(gz) | Toolbar1(help) | Toolbar1(ext)"_s);
+    EXPECT_EQ(action(*form, u"Toolbar1(sta)"_s)->toolTip(), u"开始摇奖分析"_s);
+    EXPECT_EQ(action(*form, u"Toolbar1(ext)"_s)->toolTip(), u"退出本程序"_s);
+}
+
+TEST_F(MainWindow, WhatNobodyRegisteredIsDisabledInEveryState) {
+    addDraw(kFirstDraw);
+    open(false);
+    pad.selectAllReds();
+    pad.selectAllBlues();
+    const std::set<QString> own{u"meuS"_s, u"mnuBlue"_s, u"mnuPtset"_s};
+    for (const auto& row : mainwin::menuTable()) {
+        if (row.kind == mainwin::RowKind::Menu || row.kind == mainwin::RowKind::Separator)
+            continue;
+        const bool expected = own.contains(row.name) || row.name.startsWith(u"meuSpd");
+        EXPECT_EQ(entryEnabled(row.objectName()), expected) << row.objectName().toStdString();
+    }
+    EXPECT_FALSE(action(*form, u"Toolbar1(zj)"_s)->isEnabled());
+    EXPECT_TRUE(action(*form, u"Toolbar1(ext)"_s)->isEnabled());
+}
+
+TEST_F(MainWindow, TheBetMenuCountsRedsWithoutBankers) {
+    struct Case {
+        int reds;
+        int bankers;
+        std::set<QString> enabled;
+    };
+    const Case cases[] = {
+        {0, 0, {}},
+        {6, 0, {}},
+        {7, 0, {u"meuAgn"_s, u"mnuLst"_s}},
+        {8, 0, {u"meuAgn"_s, u"mnuLst"_s, u"mnu8Lst"_s}},
+        {6, 2, {u"mnuDantuo"_s, u"mnuDtxj"_s}},
+        {7, 1, {u"meuAgn"_s, u"mnuLst"_s, u"mnuDantuo"_s, u"mnuDtxj"_s, u"mnuDtlst"_s}},
+        {8, 1, {u"meuAgn"_s, u"mnuLst"_s, u"mnuDantuo"_s, u"mnuDtxj"_s, u"mnuDtlst"_s, u"mnu8Lst"_s, u"mnuDt8lst"_s}},
+    };
+    open();
+    for (const Case& state : cases) {
+        SCOPED_TRACE(u"%1 reds, %2 bankers"_s.arg(state.reds).arg(state.bankers).toStdString());
+        pad.clearReds();
+        for (int number = 1; number <= state.reds; ++number)
+            pad.pressRed(number);
+        for (int number = 20; number < 20 + state.bankers; ++number) {
+            pad.pointAtRed(number);
+            pad.mnuDan();
+        }
+        openMenu(u"mnuSl"_s);
+        for (const auto& name :
+             {u"meuAgn"_s, u"mnuLst"_s, u"mnu8Lst"_s, u"mnuDantuo"_s, u"mnuDtxj"_s, u"mnuDtlst"_s, u"mnuDt8lst"_s})
+            EXPECT_EQ(entryEnabled(name), state.enabled.contains(name)) << name.toStdString();
+    }
+}
+
+TEST_F(MainWindow, TheBetMenuNamesTheFormOfTheBets) {
+    const std::pair<QString, QString> plain[] = {{u"meuAgn"_s, u"红球摇奖复选选择（6红球排列）(&M)"_s},
+                                                 {u"mnuDantuo"_s, u"红球摇奖胆拖选择（6红球排列）(&T)"_s},
+                                                 {u"mnuRt"_s, u"红球基本旋转矩阵（6红球排列）(&R)"_s},
+                                                 {u"mnuExra"_s, u"红球扩展旋转矩阵（6红球排列）(&E)"_s},
+                                                 {u"mnuQnjz"_s, u"红球超级旋转矩阵（6红球排列）(&A)"_s},
+                                                 {u"mnuDtxj"_s, u"红球胆拖旋转矩阵（6红球排列）(&D)"_s},
+                                                 {u"mnuFuxj"_s, u"红球复7式旋转矩阵（7红球排列）(&F)"_s},
+                                                 {u"mnuLst"_s, u"红球复选组合排列（6红球排列）(&L)"_s},
+                                                 {u"mnuDtlst"_s, u"红球胆拖组合排列（6红球排列）(&S)"_s}};
+    open();
+    openMenu(u"mnuSl"_s);
+    for (const auto& [name, shown] : plain)
+        EXPECT_EQ(caption(name), shown);
+    pad.pressBlue(1);
+    openMenu(u"mnuSl"_s);
+    EXPECT_EQ(caption(u"mnuLst"_s), u"红球复选组合排列（6红+1蓝排列）(&L)"_s);
+    EXPECT_EQ(caption(u"mnuDtlst"_s), u"红球胆拖组合排列（6红+1蓝排列）(&S)"_s);
+    EXPECT_EQ(caption(u"mnuFuxj"_s), u"红球复7式旋转矩阵（7红+1蓝排列）(&F)"_s);
+    for (const auto& [name, shown] : plain)
+        EXPECT_NE(caption(name), shown);
+    EXPECT_EQ(caption(u"mnu8Lst"_s), u"红球复选7复式排列（7红球排列）(&G)"_s) << "no blue changes it";
+}
+
+TEST_F(MainWindow, ButtonsActAsTheirMenuEntries) {
+    addDraw(kFirstDraw);
+    open();
+    for (const auto& name : {u"cmdRead"_s, u"Command43"_s, u"Command44"_s, u"Command48"_s})
+        press(*form, name);
+    for (const auto& name : {u"Toolbar1(ls)"_s, u"Toolbar1(zj)"_s, u"Toolbar1(yk)"_s, u"Toolbar1(gz)"_s})
+        trigger(*form, name);
+    EXPECT_EQ(ran, (std::vector<QString>{u"mnuRed"_s, u"mnuNewol"_s, u"mnuDelast"_s, u"mnuSy"_s, u"mnuSy"_s,
+                                         u"mnuzhInq"_s, u"meuRepot"_s, u"meuPlc"_s}));
+}
+
+TEST_F(MainWindow, OfTheStabilityItemsOneIsCheckedAndItsFactorSaved) {
+    open();
+    EXPECT_TRUE(action(*form, u"meuSpd2"_s)->isChecked()) << "100 without a setting";
+    trigger(*form, u"meuSpd10"_s);
+    EXPECT_EQ(stored.at(u"Initial/Wd"_s), u"2500"_s);
+    EXPECT_EQ(form->stability.Stabletarget, 3500);
+    EXPECT_FALSE(action(*form, u"meuSpd2"_s)->isChecked());
+    trigger(*form, u"meuSpd8"_s);
+    EXPECT_EQ(stored.at(u"Initial/Wd"_s), u"8000"_s);
+    EXPECT_EQ(form->stability.Stabletarget, 30000);
+    EXPECT_TRUE(action(*form, u"meuSpd8"_s)->isChecked());
+    open(); // the endless factor comes back as an ordinary one that no item shows
+    EXPECT_EQ(form->stability.Stabletarget, 11200);
+    for (const auto& item : mainwin::kStabilityItems)
+        EXPECT_FALSE(action(*form, item.name.toString())->isChecked());
+}
+
+TEST(Stability, TheTargetOfALoadedFactorIsThatOfItsItem) {
+    for (const auto& item : mainwin::kStabilityItems) {
+        mainwin::Stability stability;
+        stability.load(item.wd);
+        EXPECT_EQ(stability.Stabletarget, item.wd == 8000 ? 11200 : item.target) << item.wd;
+    }
+    EXPECT_FALSE(mainwin::checkedItem(8000));
+    EXPECT_FALSE(mainwin::checkedItem(4000));
+    EXPECT_EQ(mainwin::checkedItem(30000)->wd, 8000);
+}
+
+TEST_F(MainWindow, ThePrintSettingAsksWithTheStoredNumber) {
+    stored[u"setup/dayin"_s] = u"7"_s;
+    open();
+    EXPECT_EQ(form->Printrow, 7);
+    const ModalScript script({{u"InputBox"_s,
+                               [](QWidget& dialog) {
+                                   EXPECT_EQ(dialog.windowTitle(), u"打印设置"_s);
+                                   EXPECT_EQ(dialog.findChild<QLabel*>()->text(), u"请输入打印的时候每一行的注数"_s);
+                                   EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), u"7"_s);
+                                   type(u"12注"_s)(dialog);
+                               }},
+                              {u"InputBox"_s, type(u"abc"_s)}});
+    trigger(*form, u"mnuPtset"_s);
+    EXPECT_EQ(stored.at(u"setup/dayin"_s), u"12"_s);
+    EXPECT_EQ(form->Printrow, 12);
+    trigger(*form, u"mnuPtset"_s);
+    EXPECT_EQ(stored.at(u"setup/dayin"_s), u"0"_s) << "whatever is answered is stored as a number";
+}
+
+TEST_F(MainWindow, AWheelEntryIsOfferedForItsOwnCountOfReds) {
+    open();
+    const auto offered = [this](int reds) {
+        pad.clearReds();
+        for (int number = 1; number <= reds; ++number)
+            pad.pressRed(number);
+        QStringList names;
+        for (int index = 8; index <= 18; ++index)
+            for (const auto& name : {u"meuRtxz(%1)"_s.arg(index), u"mnukzjz(%1)"_s.arg(index)})
+                if ((index <= 16 || name.startsWith(u"mnukzjz")) && entryEnabled(name))
+                    names << name;
+        return names;
+    };
+    EXPECT_EQ(offered(7), QStringList());
+    EXPECT_EQ(offered(8), QStringList{u"mnukzjz(8)"_s}) << "the basic wheel of eight is never offered";
+    EXPECT_EQ(offered(9), (QStringList{u"meuRtxz(9)"_s, u"mnukzjz(9)"_s}));
+    EXPECT_EQ(offered(16), (QStringList{u"meuRtxz(16)"_s, u"mnukzjz(16)"_s}));
+    EXPECT_EQ(offered(18), QStringList{u"mnukzjz(18)"_s});
+    EXPECT_EQ(offered(19), QStringList());
+    EXPECT_EQ(offered(0), QStringList()) << "clearing the reds takes them back";
+    offered(9);
+    trigger(*form, u"meuRtxz(9)"_s);
+    EXPECT_EQ(ran, std::vector<QString>{u"meuRtxz(9)"_s});
+}
+
+} // namespace
+} // namespace main_window_tests

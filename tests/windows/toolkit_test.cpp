@@ -1,0 +1,325 @@
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QSplitter>
+#include <QStandardItemModel>
+#include <QTest>
+
+#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+
+#include "support/controls.h"
+#include "support/fresh_home.h"
+#include "support/modal_script.h"
+#include "toolkit/flex_grid.h"
+#include "toolkit/look.h"
+#include "toolkit/mask_edit.h"
+#include "toolkit/messages.h"
+#include "toolkit/number_ball.h"
+#include "toolkit/progress_dialog.h"
+#include "toolkit/window_place.h"
+
+using namespace Qt::StringLiterals;
+using namespace test_support;
+using toolkit::FlexGrid;
+using toolkit::MaskEdit;
+using toolkit::NumberBall;
+
+namespace {
+
+/// Cell (r, c) reads "r:c"; any number of rows costs nothing.
+class ComputedModel : public QAbstractTableModel {
+  public:
+    ComputedModel(int rows, int columns) : m_rows(rows), m_columns(columns) {}
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_rows; }
+    int columnCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_columns; }
+    QVariant data(const QModelIndex& index, int role) const override {
+        return role == Qt::DisplayRole ? QVariant(u"%1:%2"_s.arg(index.row()).arg(index.column())) : QVariant();
+    }
+
+  private:
+    int m_rows;
+    int m_columns;
+};
+
+TEST(FlexGrid, CopiesTheSelectedCellsTabSeparated) {
+    ComputedModel model(10, 4);
+    FlexGrid grid;
+    grid.setModel(&model);
+    grid.show();
+    grid.selectionModel()->select({model.index(2, 1), model.index(3, 2)}, QItemSelectionModel::ClearAndSelect);
+    QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), u"2:1\t2:2\n3:1\t3:2"_s);
+}
+
+TEST(FlexGrid, LeavesABlankForACellThatIsNotSelectedAmongSelectedOnes) {
+    ComputedModel model(10, 4);
+    FlexGrid grid;
+    grid.setModel(&model);
+    auto* selection = grid.selectionModel();
+    selection->select(model.index(8, 3), QItemSelectionModel::Select);
+    selection->select(model.index(1, 0), QItemSelectionModel::Select);
+    EXPECT_EQ(grid.selectedText(), u"1:0\t\n\t8:3"_s) << "rows come in the order of the grid";
+}
+
+TEST(FlexGrid, CopiesNothingWithoutASelection) {
+    ComputedModel model(3, 3);
+    FlexGrid grid;
+    QApplication::clipboard()->setText(u"before"_s);
+    grid.copySelection(); // without a model
+    grid.setModel(&model);
+    grid.copySelection();
+    EXPECT_EQ(QApplication::clipboard()->text(), u"before"_s);
+}
+
+TEST(FlexGrid, AsksBeforeItCopiesMoreThanTwoHundredThousandRows) {
+    ComputedModel model(FlexGrid::kAskRows + 1, 1);
+    FlexGrid grid;
+    grid.setModel(&model);
+    grid.show();
+    QApplication::clipboard()->setText(u"before"_s);
+    grid.selectAll();
+    {
+        const ModalScript script({{u"MsgBox"_s, answer({}, u"复制"_s, QMessageBox::Cancel)}});
+        grid.copySelection();
+    }
+    EXPECT_EQ(QApplication::clipboard()->text(), u"before"_s);
+    grid.selectionModel()->select({model.index(0, 0), model.index(FlexGrid::kAskRows - 1, 0)},
+                                  QItemSelectionModel::ClearAndSelect);
+    grid.copySelection(); // exactly as many as are copied without a question
+    EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), FlexGrid::kAskRows - 1);
+}
+
+TEST(FlexGrid, AHeadingDoesNotAskWhetherItsColumnIsSelected) {
+    constexpr int kLargestTable = 17'721'088;
+    class Counting : public ComputedModel {
+      public:
+        using ComputedModel::ComputedModel;
+        mutable int flagsAsked = 0;
+        Qt::ItemFlags flags(const QModelIndex& index) const override {
+            ++flagsAsked;
+            return ComputedModel::flags(index);
+        }
+    };
+    Counting model(kLargestTable, 8);
+    FlexGrid grid;
+    grid.setModel(&model);
+    grid.resize(600, 400);
+    grid.show();
+    grid.selectAll();
+    model.flagsAsked = 0;
+    grid.grab();
+    EXPECT_LT(model.flagsAsked, 10'000) << "painting looks at the cells in sight only";
+}
+
+TEST(FlexGrid, ColumnsCanBeResizedAndRowsHaveOneHeight) {
+    ComputedModel model(5, 3);
+    FlexGrid grid;
+    grid.setModel(&model);
+    grid.setColumnWidths({30, 40});
+    EXPECT_EQ(grid.columnWidth(0), 30);
+    EXPECT_EQ(grid.columnWidth(1), 40);
+    EXPECT_EQ(grid.horizontalHeader()->sectionResizeMode(1), QHeaderView::Interactive);
+    EXPECT_EQ(grid.verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
+}
+
+TEST(NumberBall, ALeftClickOnlyReportsAndChangesNothingItself) {
+    NumberBall ball(NumberBall::Kind::Red, 7);
+    ball.show();
+    const QSignalSpy clicked(&ball, &NumberBall::clicked);
+    QTest::mouseClick(&ball, Qt::LeftButton, {}, ball.rect().center());
+    EXPECT_EQ(clicked.count(), 1);
+    EXPECT_FALSE(ball.isChecked());
+    EXPECT_EQ(ball.state(), NumberBall::State::Free);
+}
+
+TEST(NumberBall, ARightPressAndTheMenuKeyAskForThePopUpAndNothingElse) {
+    NumberBall ball(NumberBall::Kind::Red, 7);
+    ball.show();
+    const QSignalSpy clicked(&ball, &NumberBall::clicked);
+    const QSignalSpy right(&ball, &NumberBall::rightPressed);
+    QTest::mouseClick(&ball, Qt::RightButton, {}, ball.rect().center());
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&ball, &key);
+    EXPECT_EQ(right.count(), 2);
+    EXPECT_EQ(clicked.count(), 0);
+}
+
+TEST(NumberBall, IsPressedBySpaceAndEnter) {
+    NumberBall ball(NumberBall::Kind::Blue, 16);
+    ball.show();
+    const QSignalSpy clicked(&ball, &NumberBall::clicked);
+    QTest::keyClick(&ball, Qt::Key_Space);
+    QTest::keyClick(&ball, Qt::Key_Return);
+    EXPECT_EQ(clicked.count(), 2);
+}
+
+TEST(NumberBall, ItsCornersAreNotPartOfIt) {
+    NumberBall ball(NumberBall::Kind::Red, 1);
+    ball.show();
+    const QSignalSpy clicked(&ball, &NumberBall::clicked);
+    QTest::mouseClick(&ball, Qt::LeftButton, {}, {1, 1});
+    EXPECT_EQ(clicked.count(), 0);
+}
+
+TEST(NumberBall, EachStateLooksAndReadsDifferently) {
+    NumberBall ball(NumberBall::Kind::Red, 9);
+    std::vector<QImage> pictures;
+    std::vector<QString> names;
+    for (const auto state : {NumberBall::State::Free, NumberBall::State::Selected, NumberBall::State::Banker}) {
+        ball.setState(state);
+        pictures.push_back(ball.grab().toImage());
+        names.push_back(ball.accessibleName());
+    }
+    for (std::size_t first = 0; first < pictures.size(); ++first)
+        for (std::size_t second = first + 1; second < pictures.size(); ++second) {
+            EXPECT_NE(pictures[first], pictures[second]);
+            EXPECT_NE(names[first], names[second]);
+        }
+    EXPECT_EQ(names[2], u"红球 9 胆"_s);
+}
+
+TEST(MaskEdit, TakesDigitsOnlyAndTellsWhenItIsFull) {
+    MaskEdit box(u"99"_s);
+    box.show();
+    box.setFocus();
+    const QSignalSpy filled(&box, &MaskEdit::filled);
+    EXPECT_EQ(box.maskedText(), u"__"_s);
+    QTest::keyClicks(&box, u"x4"_s);
+    EXPECT_EQ(box.maskedText(), u"4_"_s);
+    EXPECT_EQ(filled.count(), 0);
+    QTest::keyClicks(&box, u"2"_s);
+    EXPECT_EQ(box.maskedText(), u"42"_s);
+    EXPECT_EQ(filled.count(), 1);
+    box.clearToMask();
+    EXPECT_EQ(box.maskedText(), u"__"_s);
+}
+
+TEST(ProgressDialog, OnlyMovesForward) {
+    toolkit::ProgressDialog dialog;
+    dialog.begin();
+    EXPECT_EQ(window(u"Dialog"_s), &dialog);
+    EXPECT_EQ(dialog.windowTitle(), u"组合排列进度栏"_s);
+    const auto* bar = controlAs<QProgressBar>(dialog, u"Picture1"_s);
+    dialog.advance(0.5);
+    const int half = bar->value();
+    EXPECT_EQ(half * 2, bar->maximum());
+    dialog.advance(0.25);
+    EXPECT_EQ(bar->value(), half);
+    dialog.advance(7);
+    EXPECT_EQ(bar->value(), bar->maximum());
+    dialog.begin();
+    EXPECT_EQ(bar->value(), 0);
+}
+
+TEST(WindowPlace, AWindowComesBackWhereItWasClosed) {
+    QHash<QString, QString> kept;
+    const toolkit::PlaceStore store{[&kept](const QString& key) { return kept.value(key); },
+                                    [&kept](const QString& key, const QString& value) { kept.insert(key, value); }};
+    const auto make = [&store] {
+        auto window = std::make_unique<QSplitter>();
+        window->setObjectName(u"Form9"_s);
+        window->resize(300, 200);
+        toolkit::keepPlace(*window, store);
+        return window;
+    };
+    auto first = make();
+    first->show();
+    first->setGeometry(40, 50, 410, 320);
+    first->close();
+    EXPECT_TRUE(kept.contains(u"Form9"_s));
+    auto second = make();
+    EXPECT_EQ(second->size(), QSize(410, 320));
+}
+
+TEST(WindowPlace, AStoredPlaceThatIsNoneIsPassedOver) {
+    QWidget window;
+    window.resize(300, 200);
+    EXPECT_FALSE(toolkit::restorePlace(window, {[](const QString&) { return u"nonsense"_s; }, {}}));
+    EXPECT_FALSE(toolkit::restorePlace(window, {}));
+    EXPECT_EQ(window.size(), QSize(300, 200));
+}
+
+TEST(Messages, AnInputBoxGivesItsTextOrNothing) {
+    ModalScript script({{u"InputBox"_s, type(u"十二"_s)}, {u"InputBox"_s, cancel()}});
+    EXPECT_EQ(toolkit::askText(nullptr, u"问"_s, u"题"_s, u"5"_s), u"十二"_s);
+    EXPECT_EQ(toolkit::askText(nullptr, u"问"_s, u"题"_s, u"5"_s), QString());
+    EXPECT_EQ(script.left(), 0U);
+}
+
+TEST(Messages, QtsOwnButtonsAreChinese) {
+    const ModalScript script({{u"MsgBox"_s, [](QWidget& dialog) {
+                                   auto* box = qobject_cast<QMessageBox*>(&dialog);
+                                   EXPECT_TRUE(box->button(QMessageBox::Cancel)->text().startsWith(u"取消"_s));
+                                   box->button(QMessageBox::Ok)->click();
+                               }}});
+    EXPECT_TRUE(toolkit::confirm(nullptr, u"要吗？"_s, u"问"_s));
+}
+
+TEST(Look, DarkIsToldByThePalette) {
+    QPalette palette;
+    palette.setColor(QPalette::Window, Qt::black);
+    palette.setColor(QPalette::WindowText, Qt::white);
+    EXPECT_TRUE(toolkit::isDark(palette));
+    EXPECT_NE(toolkit::colours(palette).red, toolkit::colours(QApplication::palette()).red);
+    EXPECT_FALSE(toolkit::isDark(QApplication::palette()));
+}
+
+TEST(ModalScript, AStepMayOpenTheNextDialog) {
+    QDialog outer;
+    outer.setObjectName(u"Outer"_s);
+    QPushButton ask(u"?"_s, &outer);
+    ask.setObjectName(u"ask"_s);
+    QString typed;
+    QObject::connect(&ask, &QPushButton::clicked, [&] { typed = toolkit::askText(&outer, u"问"_s, u"题"_s); });
+    ModalScript script({{u"Outer"_s,
+                         [](QWidget& dialog) {
+                             press(dialog, u"ask"_s);
+                             dialog.close();
+                         }},
+                        {u"InputBox"_s, type(u"内"_s)}});
+    outer.exec();
+    EXPECT_EQ(typed, u"内"_s);
+    EXPECT_EQ(script.left(), 0U);
+}
+
+TEST(ModalScript, ADialogThatNobodyExpectsFailsTheCaseAndIsClosed) {
+    EXPECT_NONFATAL_FAILURE(
+        {
+            const ModalScript script({});
+            toolkit::showMessage(nullptr, u"意外"_s);
+        },
+        "nobody expected");
+}
+
+TEST(ModalScript, ADialogThatNeverComesFailsTheCase) {
+    EXPECT_NONFATAL_FAILURE({ const ModalScript script({{u"MsgBox"_s, cancel()}}); }, "never came");
+}
+
+TEST(Controls, ADisabledOrMissingControlCannotBePressed) {
+    QWidget parent;
+    auto* button = new QPushButton(&parent);
+    button->setObjectName(u"Command1"_s);
+    button->setEnabled(false);
+    parent.show();
+    EXPECT_NONFATAL_FAILURE(press(parent, u"Command1"_s), "disabled");
+    EXPECT_NONFATAL_FAILURE(press(parent, u"Command2"_s), "missing");
+    button->hide();
+    EXPECT_NONFATAL_FAILURE(press(parent, u"Command1"_s), "hidden");
+}
+
+TEST(FreshHome, PointsTheProgramAtAnEmptyFolderAndBack) {
+    const QByteArray before = qgetenv("SSQDESK_HOME");
+    {
+        const FreshHome home;
+        EXPECT_EQ(qEnvironmentVariable("SSQDESK_HOME"), home.folderName());
+        EXPECT_TRUE(std::filesystem::is_empty(home.folder()));
+    }
+    EXPECT_EQ(qgetenv("SSQDESK_HOME"), before);
+}
+
+} // namespace
