@@ -17,8 +17,8 @@ inline constexpr int kMostBlues = 18;
 inline constexpr int kMostDraws = 32767;
 
 struct History {
-    int Lsnum = 0;                      ///< draws held
-    std::vector<Draw> Lshm{Draw{}};     ///< rows 0..Lsnum
+    int Lsnum = 0;                  ///< draws held
+    std::vector<Draw> Lshm{Draw{}}; ///< rows 0..Lsnum
     std::vector<Derived> derived{Derived{}};
 
     std::array<std::int16_t, kMostReds + 1> Ylnow{};   ///< current omission of each red, by number

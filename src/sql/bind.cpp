@@ -78,6 +78,7 @@ class Binder {
         bool aggregated = false;
         for (SelectItem& item : select.items)
             if (item.expr) {
+                refuseSubselect(*item.expr);
                 bindExpr(*item.expr, true);
                 aggregated |= hasAggregate(*item.expr);
             }
@@ -283,6 +284,14 @@ class Binder {
                 throw SqlError(error::kSyntax, "合计查询中有未合计的字段", item.star ? Span{} : item.expr->span);
     }
 
+    /// A sub-select belongs into a condition; a list of rows is read row by row later, when its tables may be gone.
+    static void refuseSubselect(const Expr& expr) {
+        if (expr.kind == ExprKind::InSelect)
+            throw SqlError(error::kSyntax, "子查询只能用在条件中", expr.span);
+        for (const ExprPtr& arg : expr.args)
+            refuseSubselect(*arg);
+    }
+
     static bool hasLooseColumn(const Expr& expr) {
         if (expr.kind == ExprKind::Aggregate)
             return false;
@@ -299,6 +308,7 @@ class Binder {
                     expr.kind = ExprKind::Literal;
                     expr.literal = static_cast<std::int64_t>(item + 1);
                 }
+        refuseSubselect(expr);
         bindExpr(expr, false);
         const auto* place = std::get_if<std::int64_t>(&expr.literal);
         if (expr.kind == ExprKind::Literal && place) {

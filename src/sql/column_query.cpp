@@ -211,7 +211,7 @@ struct Tally {
             else if (vec.storage == Storage::Ints)
                 add(std::int64_t{vec.ints[row]});
             else
-                add(arg.type == ExprType::Real ? Value(vec.reals[row])
+                add(arg.type == ExprType::Real ? Value(vec.reals[row] + 0.0) // no -0
                                                : Value(static_cast<std::int64_t>(vec.reals[row])));
         });
     }

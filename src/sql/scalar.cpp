@@ -149,7 +149,7 @@ namespace {
 Value asNumber(double number, const Expr& expr) {
     if (!std::isfinite(number))
         return {};
-    return expr.type == ExprType::Integer ? Value(static_cast<std::int64_t>(number)) : Value(number);
+    return expr.type == ExprType::Integer ? Value(static_cast<std::int64_t>(number)) : Value(number + 0.0); // no -0
 }
 
 Value arithmetic(const Expr& expr, const Value& left, const Value& right) {

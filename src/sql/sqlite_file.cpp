@@ -171,7 +171,7 @@ Value SqliteQuery::column(int place) const {
     case SQLITE_INTEGER:
         return std::int64_t{sqlite3_column_int64(m_statement, place)};
     case SQLITE_FLOAT:
-        return sqlite3_column_double(m_statement, place);
+        return sqlite3_column_double(m_statement, place) + 0.0; // no -0
     case SQLITE_NULL:
         return {};
     default:

@@ -1,0 +1,124 @@
+#include "history/text_lines.h"
+
+#include <cstdio>
+#include <stdexcept>
+
+#include <QList>
+#include <QStringDecoder>
+
+#include "history/history.h"
+
+using namespace Qt::StringLiterals;
+
+namespace history {
+
+namespace {
+
+constexpr std::size_t kIssueDigits = 7;
+constexpr std::size_t kNumbers = 7;
+
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+
+bool digitsAt(std::string_view line, std::size_t position, std::size_t count) {
+    if (position + count > line.size())
+        return false;
+    for (std::size_t place = position; place < position + count; ++place)
+        if (!isDigit(line[place]))
+            return false;
+    return true;
+}
+
+std::int32_t numberAt(std::string_view line, std::size_t position, std::size_t count) {
+    std::int32_t number = 0;
+    for (std::size_t place = position; place < position + count; ++place)
+        number = number * 10 + (line[place] - '0');
+    return number;
+}
+
+/// The line for the scan: characters beyond ASCII separate like any other, so each becomes one blank.
+std::string asciiOf(QStringView line) {
+    std::string text;
+    text.reserve(static_cast<std::size_t>(line.size()));
+    for (const QChar c : line)
+        text += c.unicode() < 0x80 ? static_cast<char>(c.unicode()) : ' ';
+    return text;
+}
+
+} // namespace
+
+QString decodeText(const QByteArray& bytes) {
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF"))
+        return QStringDecoder(QStringDecoder::Utf16)(bytes);
+    // Stateless: a character that the end of the file cuts off is an error, not something to wait for.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString text = utf8(bytes);
+    if (!utf8.hasError())
+        return text;
+    QStringDecoder legacy("GB18030");
+    return legacy.isValid() ? QString(legacy(bytes)) : text;
+}
+
+std::optional<Draw> parseLine(std::string_view line, std::int32_t previousIssue) {
+    Draw draw{previousIssue + 1};
+    std::size_t position = 0;
+    if (digitsAt(line, 0, kIssueDigits)) {
+        draw[0] = numberAt(line, 0, kIssueDigits);
+        position = kIssueDigits + 1;
+    }
+    std::size_t count = 0;
+    while (position < line.size()) {
+        if (!digitsAt(line, position, 2)) {
+            ++position;
+            continue;
+        }
+        if (++count > kNumbers)
+            return std::nullopt;
+        draw[count] = numberAt(line, position, 2);
+        position += 2;
+    }
+    return count == kNumbers ? std::optional(draw) : std::nullopt;
+}
+
+ParsedDraws parseDraws(const QString& text) {
+    ParsedDraws parsed;
+    QString unified = text;
+    unified.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    int lineNumber = 0;
+    for (const QStringView line : QStringView(unified).split(u'\n')) {
+        ++lineNumber;
+        if (line.isEmpty())
+            continue;
+        if (parsed.draws.size() == kMostDraws)
+            throw std::range_error("more draws than a history holds");
+        const std::int32_t before = parsed.draws.empty() ? 0 : parsed.draws.back()[0];
+        const std::optional<Draw> draw = parseLine(asciiOf(line), before);
+        if (!draw) {
+            parsed.refused = RefusedLine{lineNumber, line.toString()};
+            break;
+        }
+        parsed.draws.push_back(*draw);
+    }
+    return parsed;
+}
+
+QByteArray drawsAsText(std::span<const Draw> draws) {
+    QByteArray text;
+    text.reserve(static_cast<qsizetype>(draws.size() * 30));
+    char number[16];
+    for (const Draw& draw : draws) {
+        if (draw[0] > 0) {
+            std::snprintf(number, sizeof number, "%04d ", draw[0]);
+            text += number;
+        }
+        for (std::size_t place = 1; place < draw.size(); ++place) {
+            std::snprintf(number, sizeof number, "%02d ", draw[place]);
+            text += number;
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+} // namespace history

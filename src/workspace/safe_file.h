@@ -1,0 +1,29 @@
+// Files that are whole or not there: written or copied under a temporary name, flushed, then renamed into place.
+//
+// A full disk or a kill leaves the file as it was before. Nothing here throws.
+#pragma once
+
+#include <filesystem>
+
+#include <QByteArray>
+#include <QString>
+
+namespace workspace {
+
+QString toQString(const std::filesystem::path& path);
+std::filesystem::path toPath(const QString& text);
+
+/// \return false when the file is not what was asked for; it then stands as it stood before
+bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes);
+
+/// Copies a closed database file over another, and removes what an earlier database of that name left beside it: its
+/// journal would be played back into the new file. \return as above
+bool copyDatabase(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Deletes a database file and its journals; a missing file is no failure.
+void removeDatabase(const std::filesystem::path& file);
+
+/// Renames within a folder and makes the renaming durable. \return whether it was done
+bool renameDurably(const std::filesystem::path& from, const std::filesystem::path& to);
+
+} // namespace workspace

@@ -1,0 +1,203 @@
+#include "workspace/windows/start_window.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include "toolkit/messages.h"
+#include "workspace/user_files.h"
+#include "workspace/windows/click_label.h"
+#include "workspace/windows/login_dialog.h"
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+namespace {
+
+/// Six red balls and a blue one: what the program is about.
+class BallRow : public QWidget {
+  public:
+    explicit BallRow() { setFixedHeight(44); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr int kBalls = 7;
+        constexpr int kDiameter = 30;
+        constexpr int kStep = 40;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const int left = (width() - (kBalls - 1) * kStep - kDiameter) / 2;
+        for (int ball = 0; ball < kBalls; ++ball) {
+            const QColor colour = ball + 1 == kBalls ? QColor(0x1f, 0x6f, 0xd6) : QColor(0xd6, 0x33, 0x3c);
+            const QRectF box(left + ball * kStep, (height() - kDiameter) / 2.0, kDiameter, kDiameter);
+            QRadialGradient light(box.topLeft() + QPointF(kDiameter * 0.35, kDiameter * 0.3), kDiameter * 0.8);
+            light.setColorAt(0, colour.lighter(150));
+            light.setColorAt(1, colour);
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(light);
+            painter.drawEllipse(box);
+        }
+    }
+};
+
+ClickLabel* button(const QString& name, const QString& text, ClickLabel::Look look = ClickLabel::Look::Plain) {
+    auto* label = new ClickLabel(text, look);
+    label->setObjectName(name);
+    return label;
+}
+
+} // namespace
+
+StartWindow::StartWindow(Settings& settings, UserList& users, sql::Engine& engine, std::filesystem::path folder,
+                         QWidget* parent)
+    : QWidget(parent), m_settings(settings), m_users(users), m_engine(engine), m_folder(std::move(folder)) {
+    setObjectName(u"Frmpre"_s);
+    setWindowTitle(u"欢迎进入云衡子.玄策乐透彩票助理"_s);
+    auto* newUser = button(u"Label2"_s, u"新建用户"_s);
+    auto* enterSystem = button(u"Label3"_s, u"进入系统"_s, ClickLabel::Look::Primary);
+    auto* removeUser = button(u"Label4"_s, u"删除用户"_s);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(12);
+    for (ClickLabel* label : {newUser, enterSystem, removeUser})
+        buttons->addWidget(label, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(28, 22, 28, 24);
+    layout->setSpacing(16);
+    layout->addWidget(buildHead());
+    layout->addWidget(buildUsers(), 1);
+    layout->addLayout(buttons);
+    resize(520, 480);
+    fillList();
+    connect(newUser, &ClickLabel::clicked, this, &StartWindow::createUser);
+    connect(enterSystem, &ClickLabel::clicked, this, &StartWindow::enter);
+    connect(removeUser, &ClickLabel::clicked, this, &StartWindow::deleteUser);
+}
+
+QWidget* StartWindow::buildHead() {
+    auto* head = new QWidget;
+    auto* title = new QLabel(windowTitle());
+    title->setObjectName(u"Label1"_s);
+    title->setAlignment(Qt::AlignCenter);
+    QFont large = title->font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    large.setBold(true);
+    title->setFont(large);
+    auto* layout = new QVBoxLayout(head);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new BallRow);
+    layout->addWidget(title);
+    return head;
+}
+
+QWidget* StartWindow::buildUsers() {
+    auto* frame = new QGroupBox(u"用户名及彩票类型选择"_s);
+    frame->setObjectName(u"Frame1"_s);
+    m_lstName = new QListWidget;
+    m_lstName->setObjectName(u"LstName"_s);
+    m_lstName->setAccessibleName(frame->title());
+    m_lstName->setSpacing(2);
+    auto* layout = new QVBoxLayout(frame);
+    layout->addWidget(m_lstName);
+    connect(m_lstName, &QListWidget::itemActivated, this, &StartWindow::enter);
+    return frame;
+}
+
+/// The item data is the user's number in the settings, from 1.
+void StartWindow::fillList() {
+    for (const UserList::User& user : m_users.users()) {
+        auto* item = new QListWidgetItem(user.name, m_lstName);
+        item->setData(Qt::UserRole, m_lstName->count());
+    }
+    m_lstName->setCurrentRow(m_users.lastEntered());
+}
+
+int StartWindow::selectedPlace() const {
+    const QListWidgetItem* item = m_lstName->currentItem();
+    return item && item->isSelected() ? m_lstName->currentRow() : -1;
+}
+
+QString StartWindow::askName() {
+    for (;;) {
+        const QString name = toolkit::askText(this, u"请输入用户名和彩票标示(比如:张先生[北京体彩36选7])："_s,
+                                              u"用户名输入"_s, m_users.proposedName());
+        if (!m_users.isTaken(name))
+            return name;
+        toolkit::showMessage(this, u"此用户名已经被注册，请换用其他的名字"_s);
+    }
+}
+
+QString StartWindow::askPassword() {
+    const QString title = u"用户密码设置"_s;
+    for (;;) {
+        const QString password = toolkit::askText(this, u"请输入用户密码(如果不需要密码则不输入)："_s, title);
+        if (toolkit::askText(this, u"请再次输入用户密码(如果不需要密码则不输入)："_s, title) == password)
+            return password;
+        toolkit::showMessage(this, u"您两次设置的密码不同，请确认后再次输入"_s);
+    }
+}
+
+void StartWindow::createUser() {
+    const QString name = askName();
+    const int place = m_users.add(name, askPassword());
+    if (place < 0)
+        return; // the list is full
+    auto* item = new QListWidgetItem(name, m_lstName);
+    item->setData(Qt::UserRole, place + 1);
+    m_lstName->setCurrentRow(place);
+    createUserFiles(m_engine, m_folder, name);
+}
+
+bool StartWindow::unlock(int place) {
+    const QString password = m_users.users()[static_cast<std::size_t>(place)].password;
+    if (password.isEmpty())
+        return true;
+    LoginDialog login(password, this);
+    login.exec();
+    return login.succeeded();
+}
+
+void StartWindow::enter() {
+    const int place = selectedPlace();
+    if (place < 0) {
+        toolkit::showMessage(this, u"请建立或选择一个用户名然后再进入。"_s, u"用户名错误"_s);
+        return;
+    }
+    if (!unlock(place))
+        return;
+    m_users.noteEntered(place);
+    try {
+        m_workspace = enterUser(m_settings, m_folder, m_users.users()[static_cast<std::size_t>(place)].name);
+    } catch (const ConversionError& failed) {
+        toolkit::showMessage(this, u"类型不匹配: \"%1\""_s.arg(failed.text()), windowTitle(), QMessageBox::Critical);
+        return;
+    }
+    hide();
+    emit entered();
+}
+
+void StartWindow::deleteUser() {
+    const int place = selectedPlace();
+    if (place < 0) {
+        toolkit::showMessage(this, u"请选择一个用户名然后再删除。"_s, u"用户名错误"_s);
+        return;
+    }
+    // The title is that of another question, and stays so.
+    if (!toolkit::confirm(this, u"确实要删除该用户吗？删除之后将不可恢复其数据！"_s, u"读入历史"_s))
+        return;
+    if (!unlock(place)) {
+        toolkit::showMessage(this, u"密码有误，没有权限删除该用户"_s);
+        return;
+    }
+    deleteUserFiles(m_folder, m_users.users()[static_cast<std::size_t>(place)].name);
+    m_users.remove(place);
+    delete m_lstName->takeItem(place);
+    m_lstName->setCurrentRow(-1); // the next press must not hit a neighbour that nobody picked
+    for (int row = place; row < m_lstName->count(); ++row)
+        m_lstName->item(row)->setData(Qt::UserRole, row + 1);
+}
+
+} // namespace workspace

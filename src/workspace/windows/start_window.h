@@ -1,0 +1,55 @@
+// Frmpre: the first window. It lists the users and lets one enter, be created or be deleted.
+//
+// It is seen until a user has entered, and does not come back. entered() is emitted once; take the workspace then:
+// its names and rule are set, its databases are still closed (openWorkspace). Closing the window instead ends the
+// program.
+#pragma once
+
+#include <filesystem>
+
+#include <QWidget>
+
+#include "workspace/user_list.h"
+#include "workspace/workspace.h"
+
+class QListWidget;
+
+namespace workspace {
+
+class StartWindow : public QWidget {
+    Q_OBJECT
+
+  public:
+    /// \param users  outlives the window, as settings and engine do
+    StartWindow(Settings& settings, UserList& users, sql::Engine& engine, std::filesystem::path folder,
+                QWidget* parent = nullptr);
+
+    Workspace takeWorkspace() { return std::move(m_workspace); }
+
+  public slots:
+    void createUser();
+    void enter();
+    void deleteUser();
+
+  signals:
+    void entered();
+
+  private:
+    QWidget* buildHead();
+    QWidget* buildUsers();
+    void fillList();
+    int selectedPlace() const;
+    QString askName();
+    QString askPassword();
+    /// Asks for the user's password, if there is one. \return whether it was given
+    bool unlock(int place);
+
+    Settings& m_settings;
+    UserList& m_users;
+    sql::Engine& m_engine;
+    std::filesystem::path m_folder;
+    Workspace m_workspace;
+    QListWidget* m_lstName = nullptr;
+};
+
+} // namespace workspace

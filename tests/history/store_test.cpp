@@ -1,0 +1,182 @@
+#include "history/store.h"
+
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+#include "history/draw_tables.h"
+#include "history/draws_support.h"
+
+namespace {
+
+using history::Draw;
+using history::History;
+
+std::vector<Draw> randomDraws(int count) {
+    std::mt19937 random(4711);
+    std::vector<Draw> draws;
+    for (int draw = 0; draw < count; ++draw)
+        draws.push_back(randomDraw(random, 2003001 + draw));
+    return draws;
+}
+
+class Store : public ::testing::Test {
+  protected:
+    std::int64_t count(const char* table) { return fresh.workspace.dbUser->rowCount(table); }
+    std::int64_t number(const std::string& select) {
+        return sql::toInteger(fresh.workspace.dbUser->queryValue(select));
+    }
+    History loaded() {
+        History again;
+        loadHistory(again, fresh.workspace);
+        return again;
+    }
+
+    FreshWorkspace fresh;
+    History history;
+};
+
+void expectSame(const History& left, const History& right) {
+    EXPECT_EQ(left.Lsnum, right.Lsnum);
+    EXPECT_EQ(left.Lshm, right.Lshm);
+    EXPECT_TRUE(left.derived == right.derived);
+    EXPECT_EQ(left.Ylnow, right.Ylnow);
+    EXPECT_EQ(left.YlnowB, right.YlnowB);
+    EXPECT_EQ(left.Glred, right.Glred);
+    EXPECT_EQ(left.GlBlue, right.GlBlue);
+    EXPECT_EQ(left.Gailvred, right.Gailvred);
+    EXPECT_EQ(left.GailvBlue, right.GailvBlue);
+}
+
+TEST_F(Store, AnEmptyWorkspaceLoadsAsAnEmptyHistory) {
+    const History empty = loaded();
+    EXPECT_EQ(empty.Lsnum, 0);
+    EXPECT_EQ(empty.Lshm, std::vector<Draw>{Draw{}});
+    EXPECT_EQ(empty.Ylnow, History().Ylnow);
+}
+
+TEST_F(Store, WhatIsStoredIsLoadedAtTheNextStart) {
+    storeBatch(history, fresh.workspace, randomDraws(200));
+    EXPECT_EQ(history.Lsnum, 200);
+    fresh.reopen();
+    const History again = loaded();
+    expectSame(again, history);
+    EXPECT_EQ(again.Glcount, 0); // not stored
+}
+
+TEST_F(Store, TheTablesHoldARecordADrawInOrder) {
+    const std::vector<Draw> draws = randomDraws(20);
+    storeBatch(history, fresh.workspace, draws);
+    for (const char* table : {"fig", "Ylqs", "YlqsB"})
+        EXPECT_EQ(count(table), 20) << table;
+    EXPECT_EQ(fresh.workspace.dbFilnum->rowCount("fig"), 20);
+    EXPECT_EQ(number("SELECT [fig0] FROM [fig] WHERE [Idx] = 7"), draws[6][0]);
+    EXPECT_EQ(number("SELECT [Znum] FROM [fig] WHERE [Idx] = 7"), history.derived[7].Znum);
+    EXPECT_EQ(number("SELECT COUNT(*) FROM [fig] WHERE [Sumjonum] = -1") +
+                  number("SELECT COUNT(*) FROM [fig] WHERE [Sumjonum] = 0"),
+              20);
+    EXPECT_EQ(number("SELECT [ylqs" + std::to_string(draws[19][1]) +
+                     "] FROM [Ylqs] WHERE [Qihao] = " + std::to_string(draws[19][0])),
+              0);
+    EXPECT_EQ(number("SELECT [Glnum] FROM [Gailv] WHERE [Number] = " + std::to_string(draws[19][1])),
+              history.Glred[static_cast<std::size_t>(draws[19][1])]);
+}
+
+TEST_F(Store, TheTableHasAColumnForEveryDerivedValueAndNoOther) {
+    EXPECT_EQ(fresh.workspace.dbUser->columnNames("fig"), history::figColumns());
+}
+
+TEST_F(Store, AnIssueOfZeroBecomesTheRowNumber) {
+    storeBatch(history, fresh.workspace, std::vector<Draw>{{0, 1, 2, 3, 4, 5, 6, 7}, {0, 1, 2, 3, 4, 5, 6, 7}});
+    EXPECT_EQ(number("SELECT [fig0] FROM [fig] WHERE [Idx] = 2"), 2);
+    EXPECT_EQ(sql::toInteger(fresh.workspace.dbFilnum->queryValue("SELECT [fig0] FROM [fig] WHERE [idx] = 2")), 2);
+}
+
+TEST_F(Store, ABatchEndsAtTheTrueCountOfDrawsAlsoAfterAStart) {
+    storeBatch(history, fresh.workspace, randomDraws(30));
+    History again = loaded(); // Glcount is 0 now
+    storeBatch(again, fresh.workspace, randomDraws(12));
+    EXPECT_EQ(again.Lsnum, 42);
+    EXPECT_EQ(again.Glcount, 42);
+}
+
+TEST_F(Store, ADrawTypedAfterAStartMakesTheSharesOvershoot) {
+    storeBatch(history, fresh.workspace, std::vector<Draw>(10, Draw{0, 1, 2, 3, 4, 5, 6, 7}));
+    History again = loaded();
+    storeDraw(again, fresh.workspace, {11, 1, 2, 3, 4, 5, 6, 7});
+    EXPECT_EQ(again.Glcount, 1);
+    EXPECT_DOUBLE_EQ(again.Gailvred[1], 11.0 / 6 * 100); // eleven hits over one draw
+    EXPECT_DOUBLE_EQ(again.GailvBlue[7], 1100);
+    EXPECT_DOUBLE_EQ(
+        sql::toReal(fresh.workspace.dbUser->queryValue("SELECT [gailv] FROM [GailvB] WHERE [Number] = 7")), 1100);
+}
+
+TEST_F(Store, AWholeNewHistoryStartsEveryStatisticAtZero) {
+    storeBatch(history, fresh.workspace, randomDraws(50));
+    replaceHistory(history, fresh.workspace, std::vector<Draw>{{5, 1, 2, 3, 4, 5, 6, 7}});
+    EXPECT_EQ(history.Lsnum, 1);
+    EXPECT_EQ(history.Glcount, 1);
+    EXPECT_EQ(history.Ylnow[33], 1);
+    EXPECT_EQ(history.derived[1].Zynum, 0);
+    EXPECT_EQ(count("fig"), 1);
+    EXPECT_EQ(count("YlqsB"), 1);
+    EXPECT_EQ(fresh.workspace.dbFilnum->rowCount("fig"), 51); // only ever added to
+    expectSame(loaded(), history);
+}
+
+TEST_F(Store, AWholeNewHistoryWithoutDrawsWritesSharesOfZero) {
+    storeBatch(history, fresh.workspace, randomDraws(5));
+    replaceHistory(history, fresh.workspace, {});
+    EXPECT_EQ(history.Lsnum, 0);
+    EXPECT_EQ(number("SELECT SUM([Glnum]) FROM [Gailv]"), 0);
+    EXPECT_EQ(number("SELECT SUM([gailv]) FROM [Gailv]"), 0);
+    EXPECT_EQ(count("fig"), 0);
+}
+
+TEST_F(Store, RecordsAboveANarrowerRuleStayUntouched) {
+    storeBatch(history, fresh.workspace, std::vector<Draw>{{1, 28, 29, 30, 31, 32, 33, 16}});
+    fresh.workspace.Bitnum = 28;
+    fresh.workspace.BitnumB = 12;
+    storeBatch(history, fresh.workspace, std::vector<Draw>{{2, 1, 2, 3, 4, 5, 28, 1}});
+    EXPECT_DOUBLE_EQ(sql::toReal(fresh.workspace.dbUser->queryValue("SELECT [gailv] FROM [Gailv] WHERE [Number]=33")),
+                     1.0 / 6 * 100); // of one draw
+    EXPECT_DOUBLE_EQ(sql::toReal(fresh.workspace.dbUser->queryValue("SELECT [gailv] FROM [Gailv] WHERE [Number]=28")),
+                     2.0 / 12 * 100);
+    EXPECT_EQ(number("SELECT [Glnum] FROM [GailvB] WHERE [Number] = 16"), 1);
+}
+
+TEST_F(Store, AFailureInTheMiddleLeavesTablesAndMemoryAsTheyWere) {
+    storeBatch(history, fresh.workspace, randomDraws(8));
+    fresh.workspace.dbUser->execute("DELETE FROM [GailvB] WHERE [Number] > 15"); // too few for 16 blues
+    const History before = history;
+    EXPECT_THROW(storeBatch(history, fresh.workspace, randomDraws(3)), sql::SqlError);
+    EXPECT_THROW(replaceHistory(history, fresh.workspace, randomDraws(3)), sql::SqlError);
+    expectSame(history, before);
+    EXPECT_EQ(count("fig"), 8);
+    EXPECT_EQ(count("Ylqs"), 8);
+    EXPECT_EQ(fresh.workspace.dbFilnum->rowCount("fig"), 8);
+}
+
+TEST_F(Store, DrawNumber32768IsARangeError) {
+    const std::vector<Draw> draws(32768, Draw{1, 1, 2, 3, 4, 5, 6, 7});
+    EXPECT_THROW(storeBatch(history, fresh.workspace, draws), std::range_error);
+    EXPECT_EQ(history.Lsnum, 0);
+    EXPECT_EQ(count("fig"), 0);
+}
+
+TEST_F(Store, NumbersBeyondTheRuleAreStoredAsTheyAre) {
+    storeBatch(history, fresh.workspace, std::vector<Draw>{{1, 33, 1, 40, 99, 0, 6, 77}});
+    EXPECT_EQ(number("SELECT [fig4] FROM [fig]"), 99);
+    EXPECT_EQ(number("SELECT [fig7] FROM [fig]"), 77);
+}
+
+TEST_F(Store, TheRealDrawsComeBackAsTheyWereStored) {
+    if (realDraws().empty())
+        GTEST_SKIP() << "the real draws are not at " << SSQ_REAL_DATA;
+    replaceHistory(history, fresh.workspace, realDraws());
+    fresh.reopen();
+    expectSame(loaded(), history);
+    EXPECT_EQ(history.Lsnum, 3358);
+}
+
+} // namespace
