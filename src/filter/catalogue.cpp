@@ -191,10 +191,7 @@ static_assert(all([](const Parameter& p) { return p.tick >= 0 && p.tick < 32; })
 // Combo1(20) belongs to all rows together.
 static_assert(all([](const Parameter& p) { return p.period >= -1 && p.period < 32 && p.period != 20; }));
 static_assert(all([](const Parameter& p) { return p.defaults.low <= p.defaults.high; }));
-// A parameter has exactly one way to its value.
-static_assert(all([](const Parameter& p) {
-    return int(!p.statement.empty()) + int(p.compute != nullptr) + int(!p.column.empty()) == 1;
-}));
+static_assert(all([](const Parameter& p) { return p.statement.empty() || p.column.empty(); }));
 static_assert(all([](const Parameter& p) { return p.column.empty() == (p.oddBox < 0); }));
 static_assert(all([](const Parameter& p) { return p.column.empty() == p.parityReason.empty(); }));
 

@@ -284,6 +284,45 @@ TEST_F(FilterWindowTest, WhatChangedIsStoredWhenTheWindowCloses) {
     EXPECT_FALSE(m_database->storePending());
 }
 
+TEST_F(FilterWindowTest, WhatChangedIsStoredOnceTheWindowIsIdle) {
+    press(kForm, u"Option23"_s);
+    EXPECT_TRUE(m_database->storePending());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !m_database->storePending(); }));
+}
+
+TEST_F(FilterWindowTest, TheBankerMemberFillsItsTableWithBankersInEveryRow) {
+    m_window.reset();
+    m_window =
+        std::make_unique<FilterWindow>(*findMember("Gdanagan"), FilterContext{*m_database, m_history, 33, m_Baoliu});
+    selection::GenerationInput input;
+    input.chosen = {{1, 10, 25, 30, 31}, {3, 20}, {8}};
+    input.Genreds = 5;
+    m_window->load(input);
+    m_window->show();
+    EXPECT_EQ(m_window->objectName(), u"Gdanagan"_s);
+    EXPECT_EQ(shown(), 5);
+    EXPECT_EQ(m_window->windowTitle(), title(5));
+    EXPECT_EQ(grid().model()->index(0, 2).data().toString(), u"3"_s);
+    input.chosen.bankers = {3, 20, 4, 5, 6, 7};
+    m_window->load(input);
+    EXPECT_EQ(shown(), 0);
+    EXPECT_EQ(m_window->windowTitle(), title(1)); // one set is announced, none is written
+}
+
+TEST_F(FilterWindowTest, TabsFollowTheRow) {
+    QWidget* at = controlAs<QCheckBox>(*m_window, u"Check1(9)"_s);
+    for (const QString& next : {u"Option13"_s, u"Text12(0)"_s, u"Text12(1)"_s, u"Check2(4)"_s, u"Check2(5)"_s,
+                                u"Text12(2)"_s, u"Text12(3)"_s, u"Combo1(10)"_s, u"Check1(10)"_s}) {
+        at = at->nextInFocusChain();
+        EXPECT_EQ(at->objectName(), next);
+    }
+}
+
+TEST_F(FilterWindowTest, EscapeDoesNotCloseIt) {
+    QTest::keyClick(m_window.get(), Qt::Key_Escape);
+    EXPECT_TRUE(m_window->isVisible());
+}
+
 TEST_F(FilterWindowTest, ControlsWithoutAFunctionAreDisabled) {
     EXPECT_FALSE(m_window->findChild<QWidget*>(u"CmdPrint"_s)->isEnabled());
     EXPECT_FALSE(m_window->findChild<QWidget*>(u"Combo1(0)"_s)->isEnabled());
