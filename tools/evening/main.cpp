@@ -10,9 +10,6 @@
 
 #include <QApplication>
 #include <QCryptographicHash>
-#include <QElapsedTimer>
-#include <QMessageBox>
-#include <QTest>
 
 #include "evening/stage.h"
 #include "mainwin/windows/program.h"
@@ -55,8 +52,8 @@ class Evening {
         makeWorkspace();
         readHistory();
         chooseNumbers();
-        m_stage.modal(
-            u"GAgan"_s, [this] { m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuLst"_s}); }, [this] { filter(); });
+        m_stage.script([this] { m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuLst"_s}); },
+                       {{u"GAgan"_s, [this](QWidget&) { filter(); }}});
         writeBets();
         writeChecksum();
         m_stage.window(u"Form1"_s).close();
@@ -67,12 +64,8 @@ class Evening {
         m_stage.window(u"Frmpre"_s);
         m_stage.show(u"users"_s, u"程序已启动，还没有用户"_s);
         const QString name = m_madeUp ? u"虚构历史[双色球]"_s : u"张先生[双色球33选6]"_s;
-        // Three boxes follow one another: the name, the password, the password again.
-        m_stage.answerInput(name, [this] {
-            m_stage.answerInput({}, [this] {
-                m_stage.answerInput({}, [this] { m_stage.click(u"Frmpre"_s, u"Label2"_s); });
-            });
-        });
+        m_stage.script([this] { m_stage.click(u"Frmpre"_s, u"Label2"_s); },
+                       {Stage::answerInput(name), Stage::answerInput({}), Stage::answerInput({})});
         m_stage.show(u"workspace"_s, u"新建用户 "_s + name);
         m_stage.click(u"Frmpre"_s, u"Label3"_s);
         m_stage.window(u"Form1"_s);
@@ -80,11 +73,8 @@ class Evening {
     }
 
     void readHistory() {
-        QElapsedTimer clock;
-        m_stage.chooseFile(m_draws, [&] {
-            m_stage.answerMessage([this] { m_stage.click(u"Form1"_s, u"cmdRead"_s); });
-            clock.start();
-        });
+        m_stage.script([this] { m_stage.click(u"Form1"_s, u"cmdRead"_s); },
+                       {Stage::pressOk(), Stage::chooseFile(m_draws)});
         m_stage.show(u"history"_s, u"读取历史 %1 期%2"_s.arg(m_program.history.Lsnum).arg(
                                        m_madeUp ? u"（虚构，种子 %1）"_s.arg(kSeed) : QString()));
     }

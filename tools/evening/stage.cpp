@@ -111,50 +111,51 @@ void Stage::doubleClickCell(const QString& windowName, const QString& grid, int 
     QTest::qWait(30);
 }
 
-void Stage::modal(const QString& name, const std::function<void()>& first, const std::function<void()>& then) {
-    bool played = false;
+void Stage::script(const std::function<void()>& first, std::vector<Step> steps) {
+    std::size_t next = 0;
+    QWidget* handled = nullptr;
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&] {
         QWidget* top = QApplication::activeModalWidget();
-        if (played || !top || top->objectName() != name || !top->isVisible())
+        if (next == steps.size() || !top || top == handled || !top->isVisible())
             return;
-        played = true;
-        watch.stop();
+        const Step& step = steps[next];
+        if (top->objectName() != step.name)
+            return;
+        ++next;
+        handled = top;
+        QObject::connect(top, &QObject::destroyed, &watch, [&] { handled = nullptr; });
         QTest::qWait(50);
-        then();
+        step.act(*top);
     });
     watch.start(5);
     first();
-    if (!QTest::qWaitFor([&] { return played; }, kPatienceMs))
-        fail(u"no window "_s + name);
+    if (!QTest::qWaitFor([&] { return next == steps.size(); }, kPatienceMs))
+        fail(u"no window "_s + steps[next].name);
 }
 
-void Stage::answerInput(const QString& text, const std::function<void()>& first) {
-    modal(u"InputBox"_s, first, [&] {
-        auto* box = QApplication::activeModalWidget();
-        auto* edit = box->findChild<QLineEdit*>();
-        QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-        edit->insert(text); // an input method's result comes as one piece, too
-        QTest::mouseClick(box->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
-    });
+Stage::Step Stage::answerInput(const QString& text) {
+    return {u"InputBox"_s, [text](QWidget& box) {
+                auto* edit = box.findChild<QLineEdit*>();
+                QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
+                edit->insert(text); // an input method's result comes as one piece, too
+                QTest::mouseClick(box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+            }};
 }
 
-void Stage::answerMessage(const std::function<void()>& first, const std::function<void()>& then) {
-    modal(u"MsgBox"_s, first, [&] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        const auto press = [box] { QTest::mouseClick(box->button(QMessageBox::Ok), Qt::LeftButton); };
-        then ? then() : press();
-    });
+Stage::Step Stage::pressOk() {
+    return {u"MsgBox"_s, [](QWidget& box) {
+                QTest::mouseClick(qobject_cast<QMessageBox*>(&box)->button(QMessageBox::Ok), Qt::LeftButton);
+            }};
 }
 
-void Stage::chooseFile(const std::filesystem::path& file, const std::function<void()>& first) {
-    modal(u"FileDialog"_s, first, [&] {
-        auto* dialog = QApplication::activeModalWidget();
-        auto* edit = dialog->findChild<QLineEdit*>(u"fileNameEdit"_s);
-        edit->clear();
-        edit->insert(QString::fromStdString(file.string()));
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
+Stage::Step Stage::chooseFile(const std::filesystem::path& file) {
+    return {u"FileDialog"_s, [file](QWidget& dialog) {
+                auto* edit = dialog.findChild<QLineEdit*>(u"fileNameEdit"_s);
+                edit->clear();
+                edit->insert(QString::fromStdString(file.string()));
+                QTest::keyClick(edit, Qt::Key_Return);
+            }};
 }
 
 void Stage::show(const QString& picture, const QString& line) {

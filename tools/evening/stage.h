@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <vector>
 
 #include <QString>
 #include <QStringList>
@@ -25,13 +26,16 @@ class Stage {
     void menu(const QString& window, const QStringList& names);
     void doubleClickCell(const QString& window, const QString& grid, int row, int column);
 
-    /// Does `first`, which opens the modal window `name`, and plays `then` while that stands. The window has to be
-    /// closed by `then`.
-    void modal(const QString& name, const std::function<void()>& first, const std::function<void()>& then);
-    /// The same for an input box, a message box and the file dialog.
-    void answerInput(const QString& text, const std::function<void()>& first);
-    void answerMessage(const std::function<void()>& first, const std::function<void()>& then = {});
-    void chooseFile(const std::filesystem::path& file, const std::function<void()>& first);
+    /// One modal window that is expected, and what is done while it stands; `act` has to close it.
+    struct Step {
+        QString name;
+        std::function<void(QWidget&)> act;
+    };
+    /// Does `first`, which opens modal windows one after the other, and plays the steps in their order.
+    void script(const std::function<void()>& first, std::vector<Step> steps);
+    static Step answerInput(const QString& text);
+    static Step pressOk();
+    static Step chooseFile(const std::filesystem::path& file);
 
     /// A line on the terminal and a picture of the screen.
     void show(const QString& picture, const QString& line);
