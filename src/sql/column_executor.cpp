@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "sql/column_compute.h"
 #include "sql/column_file.h"
 #include "sql/column_query.h"
 #include "sql/column_write.h"
@@ -212,16 +213,6 @@ class ColumnBackend final : public Recordset::Backend {
     std::vector<std::string> m_names;
 };
 
-int placeOf(const ColumnTable& table, const std::string& column) {
-    const int place = table.shape().find(column);
-    if (place < 0)
-        throw SqlError(error::kColumnNotFound, "找不到字段 " + column);
-    const ColumnType type = table.columns[static_cast<std::size_t>(place)].def.type;
-    if (type != ColumnType::Integer && type != ColumnType::Short)
-        throw SqlError(error::kTypeMismatch, "字段不是整数 " + column);
-    return place;
-}
-
 } // namespace
 
 std::unique_ptr<Recordset::Backend> ColumnExecutor::openTable(const std::string& table) {
@@ -253,32 +244,12 @@ void ColumnExecutor::appendRows(const std::string& name, const RowBlock& block) 
 
 void ColumnExecutor::computeColumn(const std::string& name, std::span<const std::string> inputs,
                                    const std::string& output, const RowKernel& kernel) {
-    ColumnTable& table = *m_state->table(name);
-    std::vector<const Column*> columns;
-    for (const std::string& input : inputs)
-        columns.push_back(&table.columns[static_cast<std::size_t>(placeOf(table, input))]);
-    Column& target = table.columns[static_cast<std::size_t>(placeOf(table, output))];
-    std::vector<std::vector<std::int32_t>> buffers(inputs.size(), std::vector<std::int32_t>(m_state->batchRows));
-    std::vector<std::span<const std::int32_t>> spans(inputs.size());
-    std::vector<std::int32_t> results(m_state->batchRows);
-    Numbers fresh;
-    fresh.rebuild(table.rows, 0, 0);
-    forEachBatch(table, m_state->batchRows, nullptr, [&](const Batch& batch, const std::uint64_t*) {
-        for (std::size_t input = 0; input < columns.size(); ++input) {
-            columns[input]->numbers.read(batch.first, batch.count, buffers[input].data());
-            std::uint64_t nulls[kBatchWords];
-            if (columns[input]->nulls.read(batch.first, batch.count, nulls))
-                forEachBit(nulls, batch.count, [&](std::size_t row) { buffers[input][row] = 0; });
-            spans[input] = std::span(buffers[input]).first(batch.count);
-        }
-        kernel(spans, std::span(results).first(batch.count));
-        const auto [low, high] = std::minmax_element(results.begin(), results.begin() + static_cast<long>(batch.count));
-        fresh.makeRoom(*low, *high);
-        fresh.write(batch.first, batch.count, results.data(), nullptr);
-    });
-    target.numbers = std::move(fresh);
-    target.nulls.setNone();
-    target.markAllDirty(table.rows);
+    sql::computeColumn(*m_state->table(name), inputs, output, kernel, m_state->batchRows);
+}
+
+void ColumnExecutor::computeColumns(const std::string& name, std::span<const std::string> inputs,
+                                    std::span<const std::string> outputs, const BatchKernel& kernel) {
+    sql::computeColumns(*m_state->table(name), inputs, outputs, kernel, m_state->batchRows);
 }
 
 } // namespace sql

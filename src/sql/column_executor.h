@@ -20,6 +20,8 @@ class ColumnExecutor final : public TableExecutor {
     void appendRows(const std::string& table, const RowBlock& block) override;
     void computeColumn(const std::string& table, std::span<const std::string> inputs, const std::string& output,
                        const RowKernel& kernel) override;
+    void computeColumns(const std::string& table, std::span<const std::string> inputs,
+                        std::span<const std::string> outputs, const BatchKernel& kernel) override;
 
     /// Writes what changed to the file in one transaction. \throws SqlError; then all that was pending still is
     void store();

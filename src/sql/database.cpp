@@ -100,6 +100,12 @@ void Database::computeColumn(std::string_view table, std::span<const std::string
     m_store->keeperOf(name).computeColumn(name, inputs, std::string(output), kernel);
 }
 
+void Database::computeColumns(std::string_view table, std::span<const std::string> inputs,
+                              std::span<const std::string> outputs, const BatchKernel& kernel) {
+    const std::string name = bareName(table);
+    m_store->keeperOf(name).computeColumns(name, inputs, outputs, kernel);
+}
+
 void Database::setListener(Listener listener) { m_listener = std::move(listener); }
 void Database::begin() { m_store->begin(); }
 void Database::commit() { m_store->commit(); }
