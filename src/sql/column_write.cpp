@@ -135,6 +135,7 @@ void ColumnWriter::finish() {
     if (m_type == ColumnType::Text) {
         column().replaceDictionary();
         column().dictionary = m_dictionary;
+        column().recipe.reset();
     }
     if (m_type != ColumnType::Bit)
         column().nulls = std::move(m_freshNulls);

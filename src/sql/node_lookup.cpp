@@ -105,9 +105,12 @@ class LookupNode final : public FlagNode {
 
 class Filler {
   public:
-    Filler(const Expr& expr, Storage storage, TextPool& pool) : m_expr(expr), m_storage(storage), m_pool(pool) {}
+    Filler(const Expr& expr, Storage storage, TextPool& pool, std::int64_t* evaluations)
+        : m_expr(expr), m_storage(storage), m_pool(pool), m_evaluations(evaluations) {}
 
     void add(const Value& input, Results& results, bool counts) {
+        if (m_evaluations)
+            ++*m_evaluations;
         const Value result = evaluate(m_expr, [&](int) { return input; });
         results.nulls.push_back(isNull(result));
         results.anyNull |= isNull(result);
@@ -131,12 +134,14 @@ class Filler {
     const Expr& m_expr;
     Storage m_storage;
     TextPool& m_pool;
+    std::int64_t* m_evaluations;
     bool m_any = false;
 };
 
 } // namespace
 
-Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPool& pool) {
+Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPool& pool,
+                   std::int64_t* evaluations) {
     const Column& column = table.columns[static_cast<std::size_t>(place)];
     const bool isText = column.def.type == ColumnType::Text;
     const std::int32_t low = isText ? 0 : column.numbers.low();
@@ -149,7 +154,7 @@ Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPo
                               expr.range.high <= kIntegerHigh
                           ? Storage::Ints
                           : Storage::Reals;
-    Filler filler(expr, planned.storage, pool);
+    Filler filler(expr, planned.storage, pool, evaluations);
     Results results;
     for (std::int64_t number = low; number <= high; ++number)
         if (isText && column.dictionary->size() == 0)
