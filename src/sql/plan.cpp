@@ -14,6 +14,10 @@ namespace {
 constexpr double kWordLow = kIntegerLow;
 constexpr double kWordHigh = kIntegerHigh;
 
+// Sums, counts and digits of bets spread over a few hundred values. A table of 4096 results stays in the first-level
+// cache; beyond that a number is as often met once, and a loop over the rows is the better way.
+constexpr std::size_t kWidestTable = 4096;
+
 bool fitsInts(const Range& range) { return range.low >= kWordLow && range.high <= kWordHigh; }
 
 struct Reads {
@@ -63,7 +67,7 @@ class Planner {
             break;
         }
         const auto spread = static_cast<std::size_t>(std::int64_t{column.numbers.high()} - column.numbers.low());
-        return spread < 65536 && spread <= std::max<std::size_t>(4 * m_context.table.rows, 256);
+        return spread < kWidestTable && spread <= std::max<std::size_t>(m_context.table.rows, 256);
     }
 
     static Storage storageOf(const Expr& expr, const Range& range) {
