@@ -387,6 +387,11 @@ void bind(Statement& statement, const ShapeOf& shapeOf) {
         binder.bindCondition(*statement.where);
 }
 
+bool readsNoColumn(const Expr& expr) {
+    return expr.kind != ExprKind::Column && expr.kind != ExprKind::InSelect &&
+           std::all_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return readsNoColumn(*arg); });
+}
+
 bool hasAggregate(const Expr& expr) {
     return expr.kind == ExprKind::Aggregate ||
            std::any_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return hasAggregate(*arg); });

@@ -37,6 +37,7 @@ struct ColumnExecutor::State {
     void remove(const Statement& bound);
     void insert(const Statement& bound);
     bool updateByRecipe(ColumnTable& target, const Statement& bound);
+    bool updateByConstants(ColumnTable& target, const Statement& bound);
     void selectInto(const Select& select);
     std::shared_ptr<ColumnTable> makeTable(const std::string& name, const std::vector<ColumnDef>& columns);
 };
@@ -130,6 +131,8 @@ void ColumnExecutor::State::update(const Statement& bound) {
         if (bound.where)
             settleText(target, assignment.place);
     }
+    if (updateByConstants(target, bound))
+        return;
     TextPool pool;
     PlanContext context = planContext(target, pool, tools());
     NodePtr where = bound.where ? plan(*bound.where, context).node : nullptr;
@@ -159,6 +162,19 @@ bool ColumnExecutor::State::updateByRecipe(ColumnTable& target, const Statement&
     if (!recipe)
         return false;
     setRecipe(target, assignment.place, std::move(*recipe));
+    return true;
+}
+
+/// Constants in every row: resets and counters.
+bool ColumnExecutor::State::updateByConstants(ColumnTable& target, const Statement& bound) {
+    const auto isConstant = [](const Assignment& assignment) { return readsNoColumn(*assignment.value); };
+    if (bound.where || !std::all_of(bound.assignments.begin(), bound.assignments.end(), isConstant))
+        return false;
+    for (const Assignment& assignment : bound.assignments) {
+        const ColumnType type = target.columns[static_cast<std::size_t>(assignment.place)].def.type;
+        const Value value = evaluate(*assignment.value, [](int) { return Value(); });
+        assignConstant(target, assignment.place, storedValue(value, type));
+    }
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "sql/bind.h"
 #include "sql/scalar.h"
 
 namespace sql {
@@ -13,11 +14,6 @@ constexpr std::size_t kLongestNumber = 11; // "-2147483648"
 
 const Column& columnAt(const ColumnTable& table, int place) {
     return table.columns[static_cast<std::size_t>(place)];
-}
-
-bool readsNoColumn(const Expr& expr) {
-    return expr.kind != ExprKind::Column && expr.kind != ExprKind::InSelect &&
-           std::all_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return readsNoColumn(*arg); });
 }
 
 bool isPlainNumber(const Expr& expr, const ColumnTable& table) {
