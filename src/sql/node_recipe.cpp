@@ -4,12 +4,14 @@
 #include "sql/lexer.h"
 #include "sql/node.h"
 #include "sql/text_recipe.h"
+#include "sql/vector_loop.h"
 
 namespace sql {
 
 namespace {
 
-template <class T> void equals(const T* rows, std::size_t count, std::int32_t wanted, std::uint8_t* out) {
+template <class T>
+SSQ_VECTOR_LOOP void equals(const T* rows, std::size_t count, std::int32_t wanted, std::uint8_t* out) {
     for (std::size_t row = 0; row < count; ++row)
         out[row] = rows[row] == wanted;
 }
