@@ -26,6 +26,9 @@ class ColumnExecutor final : public TableExecutor {
     /// Writes what changed to the file in one transaction. \throws SqlError; then all that was pending still is
     void store();
     bool storePending() const;
+    /// Results of expressions that were worked one by one since the file was opened, for entries of tables of results
+    /// and distinct operands. It does not grow with the rows of a table.
+    std::int64_t evaluations() const;
 
   private:
     struct State;

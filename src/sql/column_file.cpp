@@ -76,6 +76,7 @@ std::shared_ptr<ColumnTable> ColumnFile::load(const Entry& entry) {
     }
     for (Column& column : table->columns)
         loadColumn(*table, column);
+    resolveRecipes(*table);
     return table;
 }
 
@@ -243,7 +244,7 @@ void ColumnFile::storeColumn(const ColumnTable& table, Column& column) {
         if (chunk < column.dirtyChunks.size() && !column.dirtyChunks[chunk])
             continue;
         const std::size_t first = chunk * kChunkRows;
-        const std::string blob = encodeChunk(column, first, std::min(kChunkRows, table.rows - first));
+        const std::string blob = encodeChunk(table, column, first, std::min(kChunkRows, table.rows - first));
         put.bind(0, column.id);
         put.bind(1, static_cast<std::int64_t>(chunk));
         put.bindBlob(2, blob.data(), blob.size());

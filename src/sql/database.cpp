@@ -112,6 +112,7 @@ void Database::commit() { m_store->commit(); }
 void Database::rollback() { m_store->rollback(); }
 void Database::store() { m_store->store(); }
 bool Database::storePending() const { return m_store->storePending(); }
+std::int64_t Database::evaluations() const { return m_store->evaluations(); }
 
 Transaction::~Transaction() {
     if (!m_database)

@@ -169,6 +169,10 @@ class Database {
     void store();
     bool storePending() const;
 
+    /// Results of expressions over combination tables that were worked one by one since the file was opened: once for
+    /// each distinct input, so the count must not grow with the rows. For tests and measurements.
+    std::int64_t evaluations() const;
+
   private:
     std::shared_ptr<Store> m_store;
     Listener m_listener;

@@ -17,6 +17,13 @@ struct Results {
     bool anyNull = false;
 };
 
+/// out[i] = table[rows[i] - low]. Plain loads: gathering instructions are slower on many processors.
+template <class Rows, class T>
+void pickFrom(const Rows* rows, std::size_t count, const T* table, std::int32_t low, T* out) {
+    for (std::size_t row = 0; row < count; ++row)
+        out[row] = table[rows[row] - low];
+}
+
 class LookupNode final : public FlagNode {
   public:
     LookupNode(std::size_t place, std::int32_t low, Results results, Results ofNull, Storage storage)
@@ -64,9 +71,7 @@ class LookupNode final : public FlagNode {
             return;
         }
         numbers.visit([&](const auto* rows) {
-            const auto* from = rows + batch.first;
-            for (std::size_t row = 0; row < batch.count; ++row)
-                out[row] = table[from[row] - m_low];
+            pickFrom(rows + batch.first, batch.count, table, m_low, out);
         });
     }
 
@@ -105,9 +110,12 @@ class LookupNode final : public FlagNode {
 
 class Filler {
   public:
-    Filler(const Expr& expr, Storage storage, TextPool& pool) : m_expr(expr), m_storage(storage), m_pool(pool) {}
+    Filler(const Expr& expr, Storage storage, TextPool& pool, std::int64_t* evaluations)
+        : m_expr(expr), m_storage(storage), m_pool(pool), m_evaluations(evaluations) {}
 
     void add(const Value& input, Results& results, bool counts) {
+        if (m_evaluations)
+            ++*m_evaluations;
         const Value result = evaluate(m_expr, [&](int) { return input; });
         results.nulls.push_back(isNull(result));
         results.anyNull |= isNull(result);
@@ -131,12 +139,14 @@ class Filler {
     const Expr& m_expr;
     Storage m_storage;
     TextPool& m_pool;
+    std::int64_t* m_evaluations;
     bool m_any = false;
 };
 
 } // namespace
 
-Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPool& pool) {
+Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPool& pool,
+                   std::int64_t* evaluations) {
     const Column& column = table.columns[static_cast<std::size_t>(place)];
     const bool isText = column.def.type == ColumnType::Text;
     const std::int32_t low = isText ? 0 : column.numbers.low();
@@ -149,7 +159,7 @@ Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPo
                               expr.range.high <= kIntegerHigh
                           ? Storage::Ints
                           : Storage::Reals;
-    Filler filler(expr, planned.storage, pool);
+    Filler filler(expr, planned.storage, pool, evaluations);
     Results results;
     for (std::int64_t number = low; number <= high; ++number)
         if (isText && column.dictionary->size() == 0)
