@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <cmath>
 
 #include "base/number_text.h"
@@ -77,13 +78,19 @@ void call(sqlite3_context* context, int count, sqlite3_value** values) {
     answer(context, entry->function(argument(values[0]), count > 1 ? argument(values[1]) : Value()));
 }
 
-int errorNumber(int code) {
-    switch (code & 0xFF) {
+/// Whether the system refused a write for want of room: a full disk, a used-up quota, a file at its size limit.
+bool lacksRoom(int systemError) { return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG; }
+
+int errorNumber(sqlite3* handle) {
+    switch (sqlite3_errcode(handle) & 0xFF) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
         return error::kNotADatabase;
     case SQLITE_FULL:
         return error::kDiskFull;
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN: // the journal, when there is no room for it
+        return lacksRoom(sqlite3_system_errno(handle)) ? error::kDiskFull : error::kStorage;
     default:
         return error::kStorage;
     }
@@ -107,6 +114,9 @@ SqliteFile::SqliteFile(const std::filesystem::path& file, bool mustExist) {
         // deletion is replayed the same way either way.
         run("PRAGMA synchronous=FULL");
         run("PRAGMA cache_size=-16000");
+        // The file may be damaged: what its schema says is not run, and pages are checked before they are believed.
+        run("PRAGMA trusted_schema=OFF");
+        run("PRAGMA cell_size_check=ON");
         run("SELECT count(*) FROM sqlite_schema"); // a file that is no database shows here
     } catch (...) {
         close();
@@ -120,7 +130,13 @@ void SqliteFile::close() { sqlite3_close_v2(m_handle); }
 
 void SqliteFile::run(const std::string& statement) { SqliteQuery(*this, statement).run(); }
 
-void SqliteFile::fail() const { throw SqlError(errorNumber(sqlite3_errcode(m_handle)), sqlite3_errmsg(m_handle)); }
+void SqliteFile::fail() const {
+    const int number = errorNumber(m_handle);
+    if (number != error::kDiskFull)
+        throw SqlError(number, sqlite3_errmsg(m_handle));
+    const char* file = sqlite3_db_filename(m_handle, nullptr);
+    throw SqlError(number, std::string("磁盘空间不足,数据没有写入 ") + (file ? file : ""));
+}
 
 bool sqliteInTransaction(const SqliteFile& file) { return sqlite3_get_autocommit(file.handle()) == 0; }
 

@@ -7,6 +7,7 @@
 //   x  stored texts become the rest (one byte chooses which)
 //   y  the same, with sound compression around the rest
 //   n  a number of the lists of tables and columns is changed: one byte chooses it, up to nine digits follow
+// A capital letter does the same to a file with a table of two chunks a column, which takes a hundred times longer.
 // A change that SQLite itself refuses is no damage; the whole file is read then.
 #include <sqlite3.h>
 #include <zstd.h>
@@ -137,7 +138,9 @@ class Reader {
         }
         for (const char* table : {"zuhe", "Tmp"}) {
             const std::string name = "[" + std::string(table) + "]";
-            attempt([&] { m_db->query("SELECT [a], [t] FROM " + name + " WHERE [b] > 3 AND [u] LIKE \"*1*\" ORDER BY [t], [r]"); });
+            attempt([&] {
+                m_db->query("SELECT [a], [t] FROM " + name + " WHERE [b] > 3 AND [u] LIKE \"*1*\" ORDER BY [t], [r]");
+            });
             attempt([&] { m_db->query("SELECT Min([r]), Max([t]), SUM([w]), Avg([h]) FROM " + name); });
             attempt([&] { m_db->execute("UPDATE " + name + " SET [t]=[t] & [b], [h]=[h]*[h] mod 7, [p]=NOT [q]"); });
         }
@@ -173,8 +176,7 @@ class Reader {
     std::unique_ptr<sql::Database> m_db;
 };
 
-void damage(const std::filesystem::path& file, const std::string& good, std::string_view input) {
-    const unsigned kind = takeByte(input);
+void damage(const std::filesystem::path& file, unsigned kind, const std::string& good, std::string_view input) {
     if (kind == 'r')
         return fuzz::putDatabase(file, input);
     if (kind == 'p')
@@ -189,9 +191,7 @@ void damage(const std::filesystem::path& file, const std::string& good, std::str
     const bool texts = kind == 'x' || kind == 'y';
     const std::string table = texts ? "column_store_texts" : "column_store_chunks";
     const unsigned which = takeByte(input);
-    const std::string blob = kind == 'z'   ? soundChunk(input)
-                             : kind == 'y' ? soundTexts(input)
-                                           : std::string(input);
+    const std::string blob = kind == 'z' ? soundChunk(input) : kind == 'y' ? soundTexts(input) : std::string(input);
     change(file, "UPDATE " + table + " SET data = ?1" + nth(table, which), blob);
 }
 
@@ -199,9 +199,12 @@ void damage(const std::filesystem::path& file, const std::string& good, std::str
 
 void fuzz::damaged(std::string_view input) {
     static const FastFolder folder;
-    static const std::string good = smallWorkspace();
+    static const std::string small = smallWorkspace();
+    static const std::string twoChunks = workspaceOfTwoChunks();
     const std::filesystem::path file = folder.path() / "damaged.mdb";
-    damage(file, good, input);
+    const unsigned kind = takeByte(input);
+    const bool isCapital = kind >= 'A' && kind <= 'Z';
+    damage(file, isCapital ? kind + ('a' - 'A') : kind, isCapital ? twoChunks : small, input);
     try {
         Reader(file).readAll();
     } catch (const sql::SqlError&) {

@@ -27,8 +27,12 @@ bool same(const sql::SelectItem& a, const sql::SelectItem& b) {
 bool same(const sql::OrderItem& a, const sql::OrderItem& b) {
     return a.descending == b.descending && same(a.expr, b.expr);
 }
-bool same(const sql::ColumnDef& a, const sql::ColumnDef& b) { return a.name == b.name && a.type == b.type; }
-bool same(const sql::Assignment& a, const sql::Assignment& b) { return a.column == b.column && same(a.value, b.value); }
+bool same(const sql::ColumnDef& a, const sql::ColumnDef& b) {
+    return a.name == b.name && a.type == b.type;
+}
+bool same(const sql::Assignment& a, const sql::Assignment& b) {
+    return a.column == b.column && same(a.value, b.value);
+}
 
 template <class Item> bool same(const std::vector<Item>& left, const std::vector<Item>& right) {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),

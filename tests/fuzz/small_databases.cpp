@@ -15,7 +15,7 @@ std::vector<std::vector<std::int32_t>> numbers(int rows) {
         values[0].push_back(row);
         values[1].push_back(row * 7919 % 34);
         values[2].push_back(row * 31 % 12 - 4);
-        values[3].push_back((row * 104729 % 200003 - 100000) * 3);
+        values[3].push_back((row * 1049 % 200003 - 100000) * 3);
         values[4].push_back(row * 613 % 3000);
     }
     return values;
@@ -23,7 +23,8 @@ std::vector<std::vector<std::int32_t>> numbers(int rows) {
 
 void fillTable(sql::Database& db, const std::string& table, int rows) {
     const auto values = numbers(rows);
-    db.execute("CREATE TABLE [" + table + "]([id] integer,[a] integer,[b] integer,[w] integer,[s] integer,[t] string,"
+    db.execute("CREATE TABLE [" + table +
+               "]([id] integer,[a] integer,[b] integer,[w] integer,[s] integer,[t] string,"
                "[u] string,[p] bit,[q] bit,[r] double,[h] short)");
     db.appendRows(table, {{"id", "a", "b", "w", "s"}, {values.begin(), values.end()}});
     for (const char* change : {"[t]=\"x\" & [b], [p]=([a] mod 2 = 0) WHERE [a] < 25", "[b]=Null WHERE [a] mod 7 = 3",
@@ -80,18 +81,28 @@ std::string smallTables(sql::Executor executor) {
     });
 }
 
+namespace {
+
+void fillWorkspace(sql::Database& db, int rows) {
+    fillTable(db, "zuhe", 70);
+    fillTable(db, "Tmp", rows);
+    db.execute("CREATE TABLE [fig]([idx] integer,[fig0] integer,[fig1] integer,[Sumjonum] Bit)");
+    db.execute("CREATE TABLE [Gailv]([Number] short,[gailv] double,[Glnum] short)");
+    for (int number = 1; number <= 33; ++number) {
+        const std::string text = std::to_string(number);
+        db.execute("INSERT INTO [fig] ([idx],[fig0],[fig1]) VALUES (" + text + ",2003001+" + text + "," + text + ")");
+        db.execute("INSERT INTO [Gailv] ([Number],[gailv],[Glnum]) VALUES (" + text + ",3.5,0)");
+    }
+}
+
+} // namespace
+
 std::string smallWorkspace() {
-    return bytesOf(sql::Executor::Column, [](sql::Database& db) {
-        fillTable(db, "zuhe", 70);
-        fillTable(db, "Tmp", 70000);
-        db.execute("CREATE TABLE [fig]([idx] integer,[fig0] integer,[fig1] integer,[Sumjonum] Bit)");
-        db.execute("CREATE TABLE [Gailv]([Number] short,[gailv] double,[Glnum] short)");
-        for (int number = 1; number <= 33; ++number) {
-            const std::string text = std::to_string(number);
-            db.execute("INSERT INTO [fig] ([idx],[fig0],[fig1]) VALUES (" + text + ",2003001+" + text + "," + text + ")");
-            db.execute("INSERT INTO [Gailv] ([Number],[gailv],[Glnum]) VALUES (" + text + ",3.5,0)");
-        }
-    });
+    return bytesOf(sql::Executor::Column, [](sql::Database& db) { fillWorkspace(db, 40); });
+}
+
+std::string workspaceOfTwoChunks() {
+    return bytesOf(sql::Executor::Column, [](sql::Database& db) { fillWorkspace(db, 66000); });
 }
 
 } // namespace fuzz

@@ -28,7 +28,9 @@ void putDatabase(const std::filesystem::path& file, std::string_view bytes);
 /// Tables zuhe and zuheR with all types, Nulls and repeated texts: 70 rows each, kept by this executor.
 std::string smallTables(sql::Executor executor);
 
-/// zuhe (70 rows) and Tmp (70,000 rows, two chunks a column) beside an ordinary fig and Gailv.
+/// zuhe (70 rows) and Tmp (40 rows) beside an ordinary fig and Gailv.
 std::string smallWorkspace();
+/// The same with 66,000 rows in Tmp: two chunks a column.
+std::string workspaceOfTwoChunks();
 
 } // namespace fuzz

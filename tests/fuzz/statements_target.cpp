@@ -48,7 +48,6 @@ Lines answers(sql::Database& db, const std::string& statement, bool isQuery) {
     }
 }
 
-
 /// Statements on which the two may differ: SQLite is asked in its own way there.
 bool hasSubselect(const sql::Expr& expr) {
     return expr.subquery || std::any_of(expr.args.begin(), expr.args.end(),
@@ -93,7 +92,7 @@ class Twins {
         Lines got = answers(*m_column, text, isQuery);
         Lines expected = answers(*m_sqlite, text, isQuery);
         if (!compared)
-            return false; // the tables may differ from here on
+            return false;                // the tables may differ from here on
         if (statement.select.distinct) { // equal sort keys may come in any order there
             std::sort(got.begin(), got.end());
             std::sort(expected.begin(), expected.end());

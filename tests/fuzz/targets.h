@@ -30,6 +30,8 @@ inline constexpr Target kTargets[] = {
     // add a target here, and its name in CMakeLists.txt
 };
 
-[[noreturn]] inline void broken(const std::string& promise) { throw std::logic_error(promise); }
+[[noreturn]] inline void broken(const std::string& promise) {
+    throw std::logic_error(promise);
+}
 
 } // namespace fuzz
