@@ -78,8 +78,19 @@ void call(sqlite3_context* context, int count, sqlite3_value** values) {
     answer(context, entry->function(argument(values[0]), count > 1 ? argument(values[1]) : Value()));
 }
 
-/// Whether the system refused a write for want of room: a full disk, a used-up quota, a file at its size limit.
-bool lacksRoom(int systemError) { return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG; }
+bool isLackOfRoom(int systemError) {
+    return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
+}
+
+/// Whether the system refused a write for want of room: a full disk, a used-up quota, a file at its size limit. SQLite
+/// knows only the first as such. Its note of the system's error may be overwritten when it rolls back; the file keeps
+/// its own.
+bool lacksRoom(sqlite3* handle) {
+    int ofFile = 0;
+    if (sqlite3_extended_errcode(handle) == SQLITE_IOERR_WRITE)
+        sqlite3_file_control(handle, "main", SQLITE_FCNTL_LAST_ERRNO, &ofFile);
+    return isLackOfRoom(sqlite3_system_errno(handle)) || isLackOfRoom(ofFile);
+}
 
 int errorNumber(sqlite3* handle) {
     switch (sqlite3_errcode(handle) & 0xFF) {
@@ -90,7 +101,7 @@ int errorNumber(sqlite3* handle) {
         return error::kDiskFull;
     case SQLITE_IOERR:
     case SQLITE_CANTOPEN: // the journal, when there is no room for it
-        return lacksRoom(sqlite3_system_errno(handle)) ? error::kDiskFull : error::kStorage;
+        return lacksRoom(handle) ? error::kDiskFull : error::kStorage;
     default:
         return error::kStorage;
     }

@@ -136,15 +136,11 @@ class Reader {
             attempt([&] { readRows(m_db->query("SELECT * FROM [" + std::string(table) + "]")); });
             attempt([&] { readRecords(table); });
         }
-        for (const char* table : {"zuhe", "Tmp"}) {
-            const std::string name = "[" + std::string(table) + "]";
-            attempt([&] {
-                m_db->query("SELECT [a], [t] FROM " + name + " WHERE [b] > 3 AND [u] LIKE \"*1*\" ORDER BY [t], [r]");
-            });
-            attempt([&] { m_db->query("SELECT Min([r]), Max([t]), SUM([w]), Avg([h]) FROM " + name); });
-            attempt([&] { m_db->execute("UPDATE " + name + " SET [t]=[t] & [b], [h]=[h]*[h] mod 7, [p]=NOT [q]"); });
-        }
-        attempt([&] { m_db->execute("DELETE FROM [zuhe] WHERE [id] < 5"); });
+        attempt([&] { m_db->execute("UPDATE [Tmp] SET [p]=NOT [q]"); });
+        attempt(
+            [&] { m_db->query("SELECT [a], [t] FROM [zuhe] WHERE [b] > 3 AND [u] LIKE \"*1*\" ORDER BY [t], [r]"); });
+        attempt([&] { m_db->query("SELECT Min([r]), Max([t]), SUM([w]), Avg([h]) FROM [zuhe]"); });
+        attempt([&] { m_db->execute("UPDATE [zuhe] SET [t]=[t] & [b], [h]=[h]*[h] mod 7, [p]=NOT [q]"); });
         attempt([&] { m_db->execute("UPDATE [fig] SET [fig1]=[fig1] + 1"); });
         attempt([&] { m_db->store(); });
     }
