@@ -42,7 +42,7 @@ QString UserList::proposedName() const {
 }
 
 int UserList::add(const QString& name, const QString& password) {
-    if (count() == kMostUsers)
+    if (isFull())
         return -1;
     m_users.push_back({name, password});
     writeCount();

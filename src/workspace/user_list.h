@@ -29,6 +29,7 @@ class UserList {
     int count() const { return static_cast<int>(m_users.size()); }
     /// Place of the user who entered last, or -1: "Ftopt", no further than the last user.
     int lastEntered() const { return m_lastEntered; }
+    bool isFull() const { return count() == kMostUsers; }
     /// Whether a user bears exactly this name; names that differ in case are two users.
     bool isTaken(const QString& name) const;
     /// "新用户" and the next number.

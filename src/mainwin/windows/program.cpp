@@ -53,6 +53,7 @@ Program::~Program() = default;
 void Program::start() {
     m_start = std::make_unique<workspace::StartWindow>(settings, users, engine, m_folder);
     connect(m_start.get(), &workspace::StartWindow::entered, this, &Program::enter);
+    connect(m_start.get(), &workspace::StartWindow::closed, this, &Program::ended);
     m_start->show();
 }
 
@@ -65,8 +66,19 @@ void Program::enter() {
     m_context = std::make_unique<MainContext>(MainContext{workspace, history, pad, userSettings(), {}});
     registerCommands();
     m_form = std::make_unique<Form1>(*m_context);
-    connect(m_form.get(), &Form1::closed, this, &Program::ended);
+    connect(m_form.get(), &Form1::closed, this, &Program::finish);
     m_form->show();
+}
+
+/// What a failed store left pending is tried once more, so that nothing is lost without a word.
+void Program::finish() {
+    try {
+        if (workspace.dbFilnum->storePending())
+            workspace.dbFilnum->store();
+    } catch (const sql::SqlError& error) {
+        toolkit::showMessage(nullptr, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
+    }
+    emit ended();
 }
 
 bool Program::openWorkspace() {
@@ -108,7 +120,8 @@ void Program::registerCommands() {
             enumerate("GAgan");
         },
         withBlues);
-    m_context->commands.on(u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, withBlues);
+    m_context->commands.on(
+        u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, withBlues);
 }
 
 void Program::readHistory() {
@@ -130,8 +143,9 @@ void Program::enumerate(std::string_view form) {
     generation.Genreds = pad.Redcnt;
     generation.chosen = {listOf(pad.Redlist, pad.Redcnt), listOf(pad.Danlist, pad.Dancnt),
                          listOf(pad.Bluelist, pad.Bluecnt)};
-    filter::FilterWindow window(*filter::findMember(form),
-                                {*workspace.dbFilnum, history, workspace.Bitnum, Baoliu}, m_form.get());
+    filter::FilterWindow window(
+        *filter::findMember(form),
+        {*workspace.dbFilnum, history, workspace.Bitnum, Baoliu, placesIn(m_context->settings)}, m_form.get());
     {
         toolkit::ProgressDialog progress(m_form.get());
         progress.begin();

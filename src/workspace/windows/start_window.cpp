@@ -1,5 +1,6 @@
 #include "workspace/windows/start_window.h"
 
+#include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -145,10 +146,13 @@ QString StartWindow::askPassword() {
 }
 
 void StartWindow::createUser() {
+    if (m_users.isFull()) {
+        toolkit::showMessage(this, u"用户数已达上限 %1 个，请先删除不用的用户然后再新建。"_s.arg(kMostUsers),
+                             u"用户名错误"_s);
+        return;
+    }
     const QString name = askName();
     const int place = m_users.add(name, askPassword());
-    if (place < 0)
-        return; // the list is full
     addItem(name);
     m_lstName->setCurrentRow(place);
     createUserFiles(m_engine, m_folder, name);
@@ -201,6 +205,11 @@ void StartWindow::deleteUser() {
     m_lstName->setCurrentRow(-1); // the next press must not hit a neighbour that nobody picked
     for (int row = place; row < m_lstName->count(); ++row)
         m_lstName->item(row)->setData(Qt::UserRole, row + 1);
+}
+
+void StartWindow::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    emit closed();
 }
 
 } // namespace workspace

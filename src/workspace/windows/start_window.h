@@ -33,6 +33,11 @@ class StartWindow : public QWidget {
 
   signals:
     void entered();
+    /// The window was closed before anybody entered: the program ends.
+    void closed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     QWidget* buildHead();
