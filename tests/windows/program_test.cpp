@@ -111,7 +111,7 @@ class ProgramTest : public testing::Test {
         const sql::Rows rows = program->workspace.dbFilnum->query(std::string("SELECT * FROM [") + table + "]");
         std::string all;
         for (std::int64_t row = 0; row < rows.count(); ++row) {
-            for (int column = 0; column < static_cast<int>(rows.columns().size()); ++column)
+            for (int column = 0; column < rows.columnCount(); ++column)
                 all += rows.textAt(row, column) + '\t';
             all += '\n';
         }
@@ -153,7 +153,6 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
         press(form, u"Option13"_s);
         EXPECT_EQ(form.windowTitle(), title(7));
     });
-    EXPECT_TRUE(window(u"Form1"_s)->isActiveWindow() || window(u"Form1"_s)->isVisible());
 
     const QSignalSpy ended(program.get(), &mainwin::Program::ended);
     const history::History before = program->history;
@@ -248,16 +247,16 @@ TEST_F(ProgramTest, AWorkspaceThatCannotBeRepairedEndsTheProgram) {
 
 TEST_F(ProgramTest, APasswordIsAskedUntilItMatches) {
     start();
-    createUser(u"有密码"_s, u"秘密"_s);
+    createUser(u"有密码"_s, u"right"_s);
     const ModalScript script({{u"frmLogin"_s,
                                [](QWidget& login) {
                                    EXPECT_EQ(login.windowTitle(), u"登录"_s);
                                    auto* box = controlAs<QLineEdit>(login, u"txtPassword"_s);
-                                   typeInto(login, u"txtPassword"_s, u"秘蜜"_s);
+                                   typeInto(login, u"txtPassword"_s, u"wr"_s);
                                    press(login, u"cmdOK"_s);
                                    EXPECT_TRUE(login.isVisible());
                                    EXPECT_EQ(box->selectedText().size(), 2);
-                                   typeInto(login, u"txtPassword"_s, u"秘密"_s);
+                                   typeInto(login, u"txtPassword"_s, u"right"_s);
                                    press(login, u"cmdOK"_s);
                                }},
                               {u"MsgBox"_s, answer(u"无效的密码，请重试!"_s, u"登录"_s, QMessageBox::Ok)}});
@@ -349,7 +348,7 @@ TEST_F(ProgramTest, ARefusedLineIsToldAndTheStoredHistoryStays) {
                                   {u"FileDialog"_s, chooseFile(path)},
                                   {u"MsgBox"_s,
                                    [](QWidget& box) {
-                                       const QString question = qobject_cast<QMessageBox&>(box).text();
+                                       const QString question = qobject_cast<QMessageBox*>(&box)->text();
                                        EXPECT_TRUE(
                                            question.startsWith(u"读取的历史号码将保存为名为: 张三 双色号码"_s));
                                        answer({}, u"读入历史"_s, QMessageBox::Ok)(box);
