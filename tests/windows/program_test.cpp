@@ -20,6 +20,7 @@
 #include "support/fresh_home.h"
 #include "support/modal_script.h"
 #include "toolkit/flex_grid.h"
+#include "workspace/paths.h"
 
 using namespace Qt::StringLiterals;
 using namespace test_support;
@@ -337,6 +338,68 @@ TEST_F(ProgramTest, TheFilterWindowComesBackInItsSize) {
         size = form.size();
     });
     inFilterWindow(u"mnuLst"_s, u"GAgan"_s, [&size](QWidget& form) { EXPECT_EQ(form.size(), size); });
+}
+
+TEST_F(ProgramTest, ANewNameIsANewEmptyWorkspaceFromTheNextStartOn) {
+    enterAs(u"张三"_s);
+    readThreeDraws();
+    trigger(u"Form1"_s, u"mnuBlue(14)"_s);
+    {
+        const ModalScript script({{u"InputBox"_s,
+                                   [](QWidget& box) {
+                                       EXPECT_EQ(box.windowTitle(), u"用户名输入"_s);
+                                       EXPECT_EQ(box.findChild<QLabel*>()->text(),
+                                                 u"请输入用户名和彩票标示(比如:张先生[北京体彩36选7])："_s);
+                                       EXPECT_EQ(box.findChild<QLineEdit*>()->text(), u"张三"_s);
+                                       type(u"王五/二"_s)(box);
+                                   }},
+                                  {u"InputBox"_s, type(u"a"_s)},
+                                  {u"InputBox"_s, type(u"b"_s)},
+                                  {u"MsgBox"_s, answer(u"您两次设置的密码不同，请确认后再次输入"_s)},
+                                  {u"InputBox"_s, type({})},
+                                  {u"InputBox"_s, type({})}});
+        trigger(u"Form1"_s, u"mnuName"_s);
+    }
+    const auto fresh = workspace::userFolder(home.folder(), u"王五/二"_s);
+    for (const char* file : {"filnum.mdb", "numsave.mdb", "Gailv.mdb"})
+        EXPECT_TRUE(std::filesystem::exists(fresh / file)) << file;
+    EXPECT_FALSE(std::filesystem::exists(fresh / "filnumR.mdb")); // this one is not copied
+    EXPECT_TRUE(std::filesystem::exists(home.folder() / "张三" / "张三.mdb"));
+    EXPECT_EQ(program->workspace.Username, u"张三"_s); // until the next start
+    EXPECT_EQ(program->history.Lsnum, 3);
+    window(u"Form1"_s)->close();
+    start();
+    press(u"Frmpre"_s, u"Label3"_s);
+    EXPECT_EQ(program->workspace.Username, u"王五/二"_s);
+    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->workspace.BitnumB, 16); // settings under the old name are left behind
+}
+
+TEST_F(ProgramTest, ANameOfAnotherUserIsRefusedAndAnEmptyOneEndsTheCommand) {
+    start();
+    createUser(u"李四"_s);
+    createUser(u"张三"_s, u"old"_s);
+    {
+        const ModalScript script({{u"frmLogin"_s, [](QWidget& login) {
+                                       typeInto(login, u"txtPassword"_s, u"old"_s);
+                                       press(login, u"cmdOK"_s);
+                                   }}});
+        press(u"Frmpre"_s, u"Label3"_s);
+    }
+    {
+        const ModalScript script({{u"InputBox"_s, type(u"李四"_s)},
+                                  {u"MsgBox"_s, answer(u"此用户名已经被注册，请换用其他的名字"_s)},
+                                  {u"InputBox"_s, cancel()}});
+        trigger(u"Form1"_s, u"mnuName"_s);
+    }
+    EXPECT_EQ(program->users.users()[1].name, u"张三"_s);
+    EXPECT_EQ(program->users.users()[1].password, u"old"_s);
+    readThreeDraws();
+    const ModalScript script(
+        {{u"InputBox"_s, type(u"张三"_s)}, {u"InputBox"_s, type(u"new"_s)}, {u"InputBox"_s, type(u"new"_s)}});
+    trigger(u"Form1"_s, u"mnuName"_s); // his own name: the password alone changes
+    EXPECT_EQ(workspace::Settings().value(u"AHXLOTQ"_s, u"Username2"_s, u"Password"_s), u"new"_s);
+    EXPECT_EQ(program->workspace.dbUser->queryValue("SELECT Count(*) FROM [fig]"), sql::Value(std::int64_t{3}));
 }
 
 TEST_F(ProgramTest, ARefusedLineIsToldAndTheStoredHistoryStays) {

@@ -13,6 +13,7 @@
 #include "workspace/setting_names.h"
 #include "workspace/templates.h"
 #include "workspace/user_files.h"
+#include "workspace/windows/rename_user.h"
 #include "workspace/windows/start_window.h"
 
 using namespace Qt::StringLiterals;
@@ -113,6 +114,8 @@ void Program::registerCommands() {
     // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
     const auto withBlues = [this] { return pad.Bluecnt > 0; };
     m_context->commands.on(u"mnuRed"_s, [this](int) { readHistory(); });
+    m_context->commands.on(u"mnuName"_s,
+                           [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, m_folder); });
     m_context->commands.on(
         u"mnuLst"_s,
         [this](int) {
