@@ -77,6 +77,8 @@ void Store::begin() {
 }
 
 void Store::commit() {
+    if (m_transactionDepth == 0)
+        throw SqlError(error::kStorage, "没有可提交的事务"); // an inner one has been rolled back, and all with it
     if (m_transactionDepth == 1)
         m_file->run("COMMIT");
     --m_transactionDepth;
@@ -92,6 +94,8 @@ void Store::store() {
     if (storePending() && m_transactionDepth == 0)
         m_columns->store();
 }
+
+std::int64_t Store::evaluations() const { return m_columns ? m_columns->evaluations() : 0; }
 
 bool Store::storePending() const { return m_columns && m_columns->storePending(); }
 
