@@ -87,6 +87,49 @@ TEST_F(FilterWindowTest, OpensOnAllRowsWithHeadingsTitleAndKeepSet) {
     EXPECT_EQ(grid().model()->index(2, 6).data(Qt::UserRole).toLongLong(), 7);
 }
 
+TEST_F(FilterWindowTest, OpensWithTheseTextsAndChoices) {
+    const struct {
+        QString name, caption, toolTip;
+    } buttons[] = {
+        {u"Option22"_s, u"范围查询"_s, {}},
+        {u"Option21"_s, u"均值差幅"_s, {}},
+        {u"Option36"_s, u"最值查询(出现概率最大的若干个参数)"_s, {}},
+        {u"Option1(0)"_s, u"保留"_s, {}},
+        {u"Option1(1)"_s, u"排除"_s, {}},
+        {u"optZzuhe(0)"_s, u"过滤剩余"_s, {}},
+        {u"optZzuhe(1)"_s, u"所有组合(含被过滤)显示"_s, {}},
+        {u"ChkBt(1)"_s, u"红1"_s, u"彩色参数是否按照所选位计算过滤"_s},
+        {u"ChkBt(7)"_s, u"蓝球"_s, u"彩色参数是否按照所选位计算过滤"_s},
+        {u"Command111"_s, u"翻页(&U)"_s, {}},
+        {u"Command1"_s, u"全部复位(&S)"_s, u"回收所有被滤掉的组合"_s},
+        {u"cmdRetn"_s, u"上次过滤复位(&T)"_s, u"回收上次过滤被滤掉的组合"_s},
+        {u"Command2"_s, u"全部组号反选(&U)"_s, u"反选所有被滤掉的组合"_s},
+        {u"Command3"_s, u"上一步过滤反选(&R)"_s, u"反选上次被滤掉的组合"_s},
+        {u"CmdPrint"_s, u"打印预览(&P)"_s, {}},
+    };
+    for (const auto& [name, caption, toolTip] : buttons) {
+        const auto* button = controlAs<QAbstractButton>(*m_window, name);
+        EXPECT_EQ(button->text().toStdString(), caption.toStdString());
+        EXPECT_EQ(button->toolTip().toStdString(), toolTip.toStdString()) << name.toStdString();
+    }
+    for (const QString& chosen : {u"Option22"_s, u"Option1(0)"_s, u"optZzuhe(0)"_s})
+        EXPECT_TRUE(controlAs<QRadioButton>(*m_window, chosen)->isChecked()) << chosen.toStdString();
+    for (int position = 1; position <= 7; ++position)
+        EXPECT_TRUE(controlAs<QCheckBox>(*m_window, indexedName(u"ChkBt"_s, position))->isChecked());
+    EXPECT_EQ(controlAs<QLineEdit>(*m_window, u"Text1"_s)->text(), u"1"_s);
+    EXPECT_FALSE(m_window->findChild<QComboBox*>(u"Combo2"_s)->isVisible());
+    for (const auto& [column, width] : {std::pair(0, 50), std::pair(1, 36), std::pair(6, 36), std::pair(7, 43)})
+        EXPECT_GE(grid().columnWidth(column), width) << column; // 750, 550 and 650 twips, more where a text asks it
+}
+
+TEST_F(FilterWindowTest, BlueMarksAParameterAsUsedUntilTheWindowCloses) {
+    press(kForm, u"Option4"_s);
+    press(kForm, u"Option5"_s);
+    press(kForm, u"Command1"_s);
+    const auto* used = controlAs<QRadioButton>(*m_window, u"Option4"_s);
+    EXPECT_EQ(used->palette().color(QPalette::WindowText), QColor(0, 0, 255));
+}
+
 TEST_F(FilterWindowTest, APressRunsItsStatementsAndShowsWhatIsLeft) {
     typeInto(kForm, u"Text5(0)"_s, u"3"_s);
     press(kForm, u"Option4"_s); // sets without an odd number have three evens of 1..7

@@ -130,5 +130,16 @@ TEST_F(MainWindow, TheSeventhNumberEnablesTheStartControls) {
         EXPECT_FALSE(entryEnabled(name)) << name.toStdString();
 }
 
+TEST_F(MainWindow, ClearingTheRedsMovesTheCheckMarkBackToSixNumbers) {
+    open();
+    action(*form, u"meuDanxuan(6)"_s)->setChecked(false);
+    action(*form, u"meuDanxuan(9)"_s)->setChecked(true);
+    pad.Genreds = 9;
+    press(*form, u"Command45"_s);
+    EXPECT_TRUE(action(*form, u"meuDanxuan(6)"_s)->isChecked());
+    EXPECT_FALSE(action(*form, u"meuDanxuan(9)"_s)->isChecked());
+    EXPECT_EQ(pad.Genreds, 6);
+}
+
 } // namespace
 } // namespace main_window_tests

@@ -177,6 +177,20 @@ TEST_F(MainWindow, FitsASmallerScreenByScrolling) {
     EXPECT_LE(form->minimumSizeHint().width(), 1024);
 }
 
+TEST_F(MainWindow, OnALargeScreenItsPartsGrow) {
+    open();
+    const auto width = [this](const QString& name) { return control(*form, name)->width(); };
+    QTest::qWait(0);
+    const int shares = width(u"SharePanel"_s);
+    const int history = width(u"HistoryPanel"_s);
+    const int grid = control(*form, u"MSFlexGrid1"_s)->height();
+    form->resize(2000, 1200);
+    QTest::qWait(0);
+    EXPECT_GT(width(u"SharePanel"_s), shares);
+    EXPECT_GT(width(u"HistoryPanel"_s), history);
+    EXPECT_GT(control(*form, u"MSFlexGrid1"_s)->height(), grid);
+}
+
 TEST_F(MainWindow, ALongUserNameLeavesRoomForTheOtherPanels) {
     workspace.Username = QString(300, u'长');
     open();
