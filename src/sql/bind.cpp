@@ -60,6 +60,12 @@ ExprType exprType(ColumnType type) {
     }
 }
 
+void typeColumn(Expr& expr, ColumnType type) {
+    expr.type = exprType(type);
+    expr.isBit = type == ColumnType::Bit;
+    expr.range = columnRange(type);
+}
+
 class Binder {
   public:
     Binder(const TableShape& shape, const ShapeOf& shapeOf) : m_shape(shape), m_shapeOf(shapeOf) {}
@@ -145,10 +151,7 @@ class Binder {
         expr.column = expr.table.empty() || sameName(expr.table, m_shape.name) ? m_shape.find(expr.name) : -1;
         if (expr.column < 0)
             throw SqlError(error::kColumnNotFound, "找不到字段 " + expr.name, expr.span);
-        const ColumnType type = m_shape.columns[static_cast<std::size_t>(expr.column)].type;
-        expr.type = exprType(type);
-        expr.isBit = type == ColumnType::Bit;
-        expr.range = columnRange(type);
+        typeColumn(expr, m_shape.columns[static_cast<std::size_t>(expr.column)].type);
     }
 
     static bool whole(const Expr& expr) { return expr.type == ExprType::Integer || expr.type == ExprType::Null; }
@@ -334,7 +337,29 @@ void bindAssignments(Statement& statement, const TableShape& shape, Binder& bind
     }
 }
 
+/// Columns are matched by name. A number goes into a text column as text; no text goes into a number column.
+void bindInsert(const Statement& statement, const TableShape& source, const TableShape& target) {
+    for (const ResultColumn& column : resultColumns(statement.select, source)) {
+        const int place = target.find(column.name);
+        if (place < 0)
+            throw SqlError(error::kColumnNotFound, "找不到字段 " + column.name, statement.tableSpan);
+        const bool textTarget = target.columns[static_cast<std::size_t>(place)].type == ColumnType::Text;
+        if (column.type == ColumnType::Text && !textTarget)
+            throw SqlError(error::kTypeMismatch, "数据类型不符 " + column.name, statement.tableSpan);
+    }
+}
+
 } // namespace
+
+ExprPtr columnExpr(const TableShape& shape, int place) {
+    ExprPtr expr = std::make_unique<Expr>();
+    const ColumnDef& def = shape.columns[static_cast<std::size_t>(place)];
+    expr->kind = ExprKind::Column;
+    expr->name = def.name;
+    expr->column = place;
+    typeColumn(*expr, def.type);
+    return expr;
+}
 
 int TableShape::find(std::string_view column) const {
     for (std::size_t place = 0; place < columns.size(); ++place)
@@ -348,7 +373,7 @@ void bind(Statement& statement, const ShapeOf& shapeOf) {
         const TableShape shape = shapeOf(statement.select.from);
         Binder(shape, shapeOf).bindSelect(statement.select);
         if (statement.kind == StatementKind::Insert)
-            shapeOf(statement.table);
+            bindInsert(statement, shape, shapeOf(statement.table));
         return;
     }
     if (statement.kind == StatementKind::Create || statement.kind == StatementKind::Drop ||
@@ -360,6 +385,11 @@ void bind(Statement& statement, const ShapeOf& shapeOf) {
     bindAssignments(statement, shape, binder);
     if (statement.where)
         binder.bindCondition(*statement.where);
+}
+
+bool readsNoColumn(const Expr& expr) {
+    return expr.kind != ExprKind::Column && expr.kind != ExprKind::InSelect &&
+           std::all_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return readsNoColumn(*arg); });
 }
 
 bool hasAggregate(const Expr& expr) {

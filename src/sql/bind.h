@@ -33,6 +33,12 @@ struct ResultColumn {
 };
 std::vector<ResultColumn> resultColumns(const Select& select, const TableShape& shape);
 
+/// A bound expression that reads the column at a place of the table.
+ExprPtr columnExpr(const TableShape& shape, int place);
+
+/// Whether the expression is the same for every row.
+bool readsNoColumn(const Expr& expr);
+
 /// Whether the expression or anything below it is an aggregate.
 bool hasAggregate(const Expr& expr);
 

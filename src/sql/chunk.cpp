@@ -18,7 +18,7 @@ static_assert(std::endian::native == std::endian::little, "chunks are written as
 namespace {
 
 // How the rows of a chunk are kept. These bytes are in users' files: never renumber them.
-enum class Encoding : char { AllNull = 0, Sequence = 1, Numbers = 2, Bits = 3, EqualBits = 4, Reals = 5 };
+enum class Encoding : char { AllNull = 0, Sequence = 1, Numbers = 2, Bits = 3, EqualBits = 4, Reals = 5, Recipe = 6 };
 
 // A text of kTextLimit characters of four bytes each, and its length.
 constexpr std::size_t kMostTextBytes = kTextsPerBlob * (kTextLimit * 4 + sizeof(std::uint32_t));
@@ -230,11 +230,66 @@ void decodeNumbers(Encoding encoding, std::string_view blob, Column& column, std
     checkNumbers(column, size, count);
 }
 
+std::string encodeRecipe(const ColumnTable& table, const TextRecipe& recipe) {
+    std::string blob(1, static_cast<char>(Encoding::Recipe));
+    for (const TextRecipe::Part& part : recipe.parts) {
+        const std::int64_t field = part.column < 0 ? 0 : table.columns[static_cast<std::size_t>(part.column)].id;
+        putSection(blob, part.literal);
+        putNumber(blob, static_cast<std::uint32_t>(field));
+        putNumber(blob, part.digits);
+    }
+    return blob;
+}
+
+void decodeRecipe(std::string_view blob, Column& column, std::size_t size, std::size_t count) {
+    TextRecipe recipe;
+    while (!blob.empty()) {
+        TextRecipe::Part part;
+        part.literal = takeSection(blob);
+        part.field = takeNumber(blob);
+        const std::uint32_t digits = takeNumber(blob);
+        if (digits > 20 || recipe.parts.size() > kTextLimit)
+            damaged();
+        part.digits = static_cast<std::uint8_t>(digits);
+        recipe.parts.push_back(std::move(part));
+    }
+    const bool sameAsBefore = size == 0 || (column.recipe && *column.recipe == recipe);
+    if (column.def.type != ColumnType::Text || !sameAsBefore)
+        damaged();
+    column.recipe = std::make_shared<const TextRecipe>(std::move(recipe));
+    column.numbers.appendCopies(count, 0);
+    column.nulls.append(size, count, false);
+}
+
 } // namespace
 
-std::string encodeChunk(const Column& column, std::size_t first, std::size_t count) {
+void resolveRecipes(ColumnTable& table) {
+    for (Column& column : table.columns) {
+        if (!column.recipe)
+            continue;
+        TextRecipe recipe = *column.recipe;
+        for (TextRecipe::Part& part : recipe.parts) {
+            if (part.field == 0)
+                continue;
+            for (std::size_t place = 0; place < table.columns.size(); ++place)
+                if (table.columns[place].id == part.field)
+                    part.column = static_cast<int>(place);
+            const Column* source = part.column < 0 ? nullptr : &table.columns[static_cast<std::size_t>(part.column)];
+            const bool isWhole = source && (source->def.type == ColumnType::Integer ||
+                                            source->def.type == ColumnType::Short);
+            if (!isWhole || !source->nulls.none())
+                damaged();
+            part.field = 0;
+        }
+        column.recipe = std::make_shared<const TextRecipe>(std::move(recipe));
+    }
+}
+
+std::string encodeChunk(const ColumnTable& table, const Column& column, std::size_t first, std::size_t count) {
     if (column.def.type == ColumnType::Bit)
         return encodeBits(column, first, count);
+    if (column.recipe)
+        return encodeRecipe(table, *column.recipe);
     if (column.nulls.all())
         return std::string(1, static_cast<char>(Encoding::AllNull));
     return column.def.type == ColumnType::Real ? encodeReals(column, first, count)
@@ -248,6 +303,10 @@ void decodeChunk(std::string_view blob, Column& column, std::size_t size, std::s
     blob.remove_prefix(1);
     if (column.def.type == ColumnType::Bit)
         return decodeBits(encoding, blob, column, size, count);
+    if (encoding == Encoding::Recipe)
+        return decodeRecipe(blob, column, size, count);
+    if (column.recipe)
+        damaged(); // a column has a recipe for all rows or for none
     if (encoding == Encoding::AllNull)
         return column.appendDefaults(size, count);
     if (column.def.type != ColumnType::Real)

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cassert>
 
+#include "sql/text_recipe.h"
+
 namespace sql {
 
 std::int32_t Dictionary::intern(std::string_view text) {
@@ -101,6 +103,11 @@ void Column::replaceDictionary() {
     dictionary = std::make_shared<Dictionary>();
     storedTexts = 0;
     dictionaryReplaced = true;
+}
+
+Value ColumnTable::at(std::size_t row, int column) const {
+    const Column& source = columns[static_cast<std::size_t>(column)];
+    return source.recipe ? Value(composedText(*this, *source.recipe, row)) : source.at(row);
 }
 
 TableShape ColumnTable::shape() const {

@@ -33,6 +33,19 @@ class Dictionary {
     std::unordered_map<std::string_view, std::int32_t> m_codes;
 };
 
+/// A text that is put together from other columns of its row: the column holds no texts of its own then.
+struct TextRecipe {
+    struct Part {
+        std::string literal;
+        int column = -1;            ///< a whole-number column without Nulls; -1: only the literal
+        std::int64_t field = 0;     ///< id of the column, in the file
+        std::uint8_t digits = 0;    ///< padded with zeros to as many; 0: as the number is
+        bool operator==(const Part&) const = default;
+    };
+    std::vector<Part> parts; ///< the literal, then the number
+    bool operator==(const TextRecipe&) const = default;
+};
+
 /// Which rows of a column are Null.
 class NullMap {
   public:
@@ -62,10 +75,12 @@ struct Column {
     Bitmap bits;
     NullMap nulls; ///< never of a Bit
     std::shared_ptr<Dictionary> dictionary = std::make_shared<Dictionary>(); ///< Text
+    std::shared_ptr<const TextRecipe> recipe; ///< Text: the rows' texts follow from other columns
     std::vector<bool> dirtyChunks;
     std::size_t storedTexts = 0; ///< texts of the dictionary that the file holds
     bool dictionaryReplaced = false;
 
+    /// Not of a column with a recipe: ask the table.
     Value at(std::size_t row) const;
     /// Rows of default value (Null, or false of a Bit) at the end.
     void appendDefaults(std::size_t size, std::size_t count);
@@ -83,7 +98,7 @@ struct ColumnTable {
     bool shapeDirty = true; ///< rows or columns differ from the file's list
 
     TableShape shape() const;
-    Value at(std::size_t row, int column) const { return columns[static_cast<std::size_t>(column)].at(row); }
+    Value at(std::size_t row, int column) const;
     /// Debug check: lengths, codes, tails. Our own mistakes only.
     void verify() const;
 };

@@ -2,11 +2,14 @@
 
 #include <algorithm>
 
+#include "sql/column_compute.h"
 #include "sql/column_file.h"
+#include "sql/column_change.h"
 #include "sql/column_query.h"
 #include "sql/column_write.h"
 #include "sql/lexer.h"
 #include "sql/scalar.h"
+#include "sql/text_recipe.h"
 
 namespace sql {
 
@@ -15,14 +18,15 @@ struct ColumnExecutor::State {
 
     ColumnFile file;
     std::size_t batchRows;
+    std::int64_t evaluations = 0;
 
     std::shared_ptr<ColumnTable> table(const std::string& name) {
         if (std::shared_ptr<ColumnTable> found = file.find(name))
             return found;
         throw SqlError(error::kTableNotFound, "找不到表 " + name);
     }
-    TableLookup lookup() {
-        return [this](const std::string& name) { return table(name); };
+    QueryTools tools() {
+        return {[this](const std::string& name) { return table(name); }, batchRows, &evaluations};
     }
 
     void create(const Statement& bound);
@@ -31,7 +35,9 @@ struct ColumnExecutor::State {
     void update(const Statement& bound);
     void insertValues(const Statement& bound);
     void remove(const Statement& bound);
-    void appendSelected(ColumnTable& target, const Select& select, bool byName);
+    void insert(const Statement& bound);
+    bool updateByRecipe(ColumnTable& target, const Statement& bound);
+    bool updateByConstants(ColumnTable& target, const Statement& bound);
     void selectInto(const Select& select);
     std::shared_ptr<ColumnTable> makeTable(const std::string& name, const std::vector<ColumnDef>& columns);
 };
@@ -47,6 +53,7 @@ std::int64_t ColumnExecutor::rowCount(const std::string& table) const {
 }
 void ColumnExecutor::store() { m_state->file.store(); }
 bool ColumnExecutor::storePending() const { return m_state->file.storePending(); }
+std::int64_t ColumnExecutor::evaluations() const { return m_state->evaluations; }
 
 void ColumnExecutor::execute(Statement& bound) {
     switch (bound.kind) {
@@ -62,7 +69,7 @@ void ColumnExecutor::execute(Statement& bound) {
     case StatementKind::Update:
         return m_state->update(bound);
     case StatementKind::Insert:
-        return m_state->appendSelected(*m_state->table(bound.table), bound.select, true);
+        return m_state->insert(bound);
     case StatementKind::InsertValues:
         return m_state->insertValues(bound);
     case StatementKind::Delete:
@@ -112,14 +119,24 @@ void ColumnExecutor::State::dropColumn(const Statement& bound) {
         throw SqlError(error::kColumnMissing, "找不到字段 " + bound.column);
     if (target.columns.size() == 1)
         throw SqlError(error::kStorage, "表至少要有一个字段 " + bound.column);
+    settleTexts(target); // recipes count places
     target.columns.erase(target.columns.begin() + place);
     target.shapeDirty = true;
 }
 
 void ColumnExecutor::State::update(const Statement& bound) {
     ColumnTable& target = *table(bound.table);
+    if (updateByRecipe(target, bound))
+        return;
+    for (const Assignment& assignment : bound.assignments) {
+        settleReadersOf(target, assignment.place);
+        if (bound.where)
+            settleText(target, assignment.place);
+    }
+    if (updateByConstants(target, bound))
+        return;
     TextPool pool;
-    PlanContext context = planContext(target, pool, lookup(), batchRows);
+    PlanContext context = planContext(target, pool, tools());
     NodePtr where = bound.where ? plan(*bound.where, context).node : nullptr;
     std::vector<ColumnWriter> writers;
     writers.reserve(bound.assignments.size());
@@ -136,6 +153,33 @@ void ColumnExecutor::State::update(const Statement& bound) {
     target.verify();
 }
 
+/// A text over all rows that only joins numbers of its row stays what it is: a recipe.
+bool ColumnExecutor::State::updateByRecipe(ColumnTable& target, const Statement& bound) {
+    if (bound.where || bound.assignments.size() != 1)
+        return false;
+    const Assignment& assignment = bound.assignments[0];
+    if (target.columns[static_cast<std::size_t>(assignment.place)].def.type != ColumnType::Text)
+        return false;
+    std::optional<TextRecipe> recipe = recipeFor(*assignment.value, target);
+    if (!recipe)
+        return false;
+    setRecipe(target, assignment.place, std::move(*recipe));
+    return true;
+}
+
+/// Constants in every row: resets and counters.
+bool ColumnExecutor::State::updateByConstants(ColumnTable& target, const Statement& bound) {
+    const auto isConstant = [](const Assignment& assignment) { return readsNoColumn(*assignment.value); };
+    if (bound.where || !std::all_of(bound.assignments.begin(), bound.assignments.end(), isConstant))
+        return false;
+    for (const Assignment& assignment : bound.assignments) {
+        const ColumnType type = target.columns[static_cast<std::size_t>(assignment.place)].def.type;
+        const Value value = evaluate(*assignment.value, [](int) { return Value(); });
+        assignConstant(target, assignment.place, storedValue(value, type));
+    }
+    return true;
+}
+
 void ColumnExecutor::State::insertValues(const Statement& bound) {
     ColumnTable& target = *table(bound.table);
     std::vector<std::pair<int, Value>> fields;
@@ -146,7 +190,7 @@ void ColumnExecutor::State::insertValues(const Statement& bound) {
 
 void ColumnExecutor::State::remove(const Statement& bound) {
     ColumnTable& target = *table(bound.table);
-    Bitmap kept = chosenRows(target, bound.where.get(), lookup(), batchRows);
+    Bitmap kept = chosenRows(target, bound.where.get(), tools());
     for (std::uint64_t& word : kept.words())
         word = ~word;
     if (target.rows % 64 != 0)
@@ -154,34 +198,34 @@ void ColumnExecutor::State::remove(const Statement& bound) {
     keepRows(target, RowPlaces(std::move(kept)).list());
 }
 
-void ColumnExecutor::State::appendSelected(ColumnTable& target, const Select& select, bool byName) {
-    const std::shared_ptr<ColumnTable> source = table(select.from);
-    const std::vector<ResultColumn> columns = resultColumns(select, source->shape());
+void ColumnExecutor::State::insert(const Statement& bound) {
+    ColumnTable& target = *table(bound.table);
+    ColumnTable& source = *table(bound.select.from);
     std::vector<int> places;
-    for (std::size_t column = 0; column < columns.size(); ++column) {
-        places.push_back(byName ? target.shape().find(columns[column].name) : static_cast<int>(column));
-        if (places.back() < 0)
-            throw SqlError(error::kColumnNotFound, "找不到字段 " + columns[column].name);
-    }
-    const std::vector<std::uint32_t> rows = rowsOf(source, select, lookup(), batchRows).list();
-    appendGathered(target, places, *source, select, rows);
+    for (const ResultColumn& column : resultColumns(bound.select, source.shape()))
+        places.push_back(target.shape().find(column.name));
+    appendSelected(target, places, source, bound.select, tools());
     target.verify();
 }
 
 void ColumnExecutor::State::selectInto(const Select& select) {
+    ColumnTable& source = *table(select.from);
     std::vector<ColumnDef> columns;
-    for (const ResultColumn& column : resultColumns(select, table(select.from)->shape()))
+    std::vector<int> places;
+    for (const ResultColumn& column : resultColumns(select, source.shape())) {
+        places.push_back(static_cast<int>(columns.size()));
         columns.push_back({column.name, column.type});
+    }
     const std::shared_ptr<ColumnTable> made = makeTable(select.into, columns);
-    appendSelected(*made, select, false);
+    appendSelected(*made, places, source, select, tools());
     file.add(made);
 }
 
 std::shared_ptr<const Rows::Source> ColumnExecutor::query(Select&& bound) {
     const std::shared_ptr<ColumnTable> table = m_state->table(bound.from);
     if (isAggregate(bound))
-        return aggregateRow(table, std::move(bound), m_state->lookup(), m_state->batchRows);
-    RowPlaces places = rowsOf(table, bound, m_state->lookup(), m_state->batchRows);
+        return aggregateRow(*table, std::move(bound), m_state->tools());
+    RowPlaces places = rowsOf(*table, bound, m_state->tools());
     return std::make_shared<ColumnRows>(table, std::move(bound), std::move(places));
 }
 
@@ -214,16 +258,6 @@ class ColumnBackend final : public Recordset::Backend {
     std::vector<std::string> m_names;
 };
 
-int placeOf(const ColumnTable& table, const std::string& column) {
-    const int place = table.shape().find(column);
-    if (place < 0)
-        throw SqlError(error::kColumnNotFound, "找不到字段 " + column);
-    const ColumnType type = table.columns[static_cast<std::size_t>(place)].def.type;
-    if (type != ColumnType::Integer && type != ColumnType::Short)
-        throw SqlError(error::kTypeMismatch, "字段不是整数 " + column);
-    return place;
-}
-
 } // namespace
 
 std::unique_ptr<Recordset::Backend> ColumnExecutor::openTable(const std::string& table) {
@@ -232,6 +266,7 @@ std::unique_ptr<Recordset::Backend> ColumnExecutor::openTable(const std::string&
 
 void ColumnExecutor::appendRows(const std::string& name, const RowBlock& block) {
     ColumnTable& table = *m_state->table(name);
+    settleTexts(table);
     const std::size_t count = block.values.empty() ? 0 : block.values[0].size();
     std::vector<bool> given(table.columns.size());
     for (std::size_t source = 0; source < block.columns.size(); ++source) {
@@ -256,31 +291,16 @@ void ColumnExecutor::appendRows(const std::string& name, const RowBlock& block) 
 void ColumnExecutor::computeColumn(const std::string& name, std::span<const std::string> inputs,
                                    const std::string& output, const RowKernel& kernel) {
     ColumnTable& table = *m_state->table(name);
-    std::vector<const Column*> columns;
-    for (const std::string& input : inputs)
-        columns.push_back(&table.columns[static_cast<std::size_t>(placeOf(table, input))]);
-    Column& target = table.columns[static_cast<std::size_t>(placeOf(table, output))];
-    std::vector<std::vector<std::int32_t>> buffers(inputs.size(), std::vector<std::int32_t>(m_state->batchRows));
-    std::vector<std::span<const std::int32_t>> spans(inputs.size());
-    std::vector<std::int32_t> results(m_state->batchRows);
-    Numbers fresh;
-    fresh.rebuild(table.rows, 0, 0);
-    forEachBatch(table, m_state->batchRows, nullptr, [&](const Batch& batch, const std::uint64_t*) {
-        for (std::size_t input = 0; input < columns.size(); ++input) {
-            columns[input]->numbers.read(batch.first, batch.count, buffers[input].data());
-            std::uint64_t nulls[kBatchWords];
-            if (columns[input]->nulls.read(batch.first, batch.count, nulls))
-                forEachBit(nulls, batch.count, [&](std::size_t row) { buffers[input][row] = 0; });
-            spans[input] = std::span(buffers[input]).first(batch.count);
-        }
-        kernel(spans, std::span(results).first(batch.count));
-        const auto [low, high] = std::minmax_element(results.begin(), results.begin() + static_cast<long>(batch.count));
-        fresh.makeRoom(*low, *high);
-        fresh.write(batch.first, batch.count, results.data(), nullptr);
-    });
-    target.numbers = std::move(fresh);
-    target.nulls.setNone();
-    target.markAllDirty(table.rows);
+    settleReadersOf(table, table.shape().find(output));
+    sql::computeColumn(table, inputs, output, kernel, m_state->batchRows);
+}
+
+void ColumnExecutor::computeColumns(const std::string& name, std::span<const std::string> inputs,
+                                    std::span<const std::string> outputs, const BatchKernel& kernel) {
+    ColumnTable& table = *m_state->table(name);
+    for (const std::string& output : outputs)
+        settleReadersOf(table, table.shape().find(output));
+    sql::computeColumns(table, inputs, outputs, kernel, m_state->batchRows);
 }
 
 } // namespace sql

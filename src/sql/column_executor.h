@@ -20,10 +20,15 @@ class ColumnExecutor final : public TableExecutor {
     void appendRows(const std::string& table, const RowBlock& block) override;
     void computeColumn(const std::string& table, std::span<const std::string> inputs, const std::string& output,
                        const RowKernel& kernel) override;
+    void computeColumns(const std::string& table, std::span<const std::string> inputs,
+                        std::span<const std::string> outputs, const BatchKernel& kernel) override;
 
     /// Writes what changed to the file in one transaction. \throws SqlError; then all that was pending still is
     void store();
     bool storePending() const;
+    /// Results of expressions that were worked one by one since the file was opened, for entries of tables of results
+    /// and distinct operands. It does not grow with the rows of a table.
+    std::int64_t evaluations() const;
 
   private:
     struct State;

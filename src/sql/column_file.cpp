@@ -78,6 +78,7 @@ std::shared_ptr<ColumnTable> ColumnFile::load(const Entry& entry) {
         throw SqlError(error::kNotADatabase, "数据库文件已损坏");
     for (Column& column : table->columns)
         loadColumn(*table, column);
+    resolveRecipes(*table);
     return table;
 }
 
@@ -259,7 +260,7 @@ void ColumnFile::storeColumn(const ColumnTable& table, Column& column) {
         if (chunk < column.dirtyChunks.size() && !column.dirtyChunks[chunk])
             continue;
         const std::size_t first = chunk * kChunkRows;
-        const std::string blob = encodeChunk(column, first, std::min(kChunkRows, table.rows - first));
+        const std::string blob = encodeChunk(table, column, first, std::min(kChunkRows, table.rows - first));
         put.bind(0, column.id);
         put.bind(1, static_cast<std::int64_t>(chunk));
         put.bindBlob(2, blob.data(), blob.size());

@@ -1,5 +1,4 @@
-// Questions to combination tables: which rows hold, in which order, what they sum to; and rows gathered into another
-// table.
+// Questions to combination tables: which rows hold, in which order, what they sum to.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +12,14 @@ namespace sql {
 /// Finds a table. \throws SqlError kTableNotFound
 using TableLookup = std::function<std::shared_ptr<ColumnTable>(const std::string&)>;
 
-PlanContext planContext(const ColumnTable& table, TextPool& pool, TableLookup lookup, std::size_t batchRows);
+/// What every question needs beside its table.
+struct QueryTools {
+    TableLookup lookup;
+    std::size_t batchRows = kBatchLimit;
+    std::int64_t* evaluations = nullptr; ///< counts results of expressions that were worked one by one
+};
+
+PlanContext planContext(ColumnTable& table, TextPool& pool, const QueryTools& tools);
 
 /// Calls visit(batch, chosen) for every batch with at least one row that holds; all rows hold when `where` is null.
 template <class Visit>
@@ -37,23 +43,12 @@ void forEachBatch(const ColumnTable& table, std::size_t batchRows, Node* where, 
 }
 
 /// One bit a row.
-Bitmap chosenRows(const ColumnTable& table, const Expr* where, const TableLookup& lookup, std::size_t batchRows);
+Bitmap chosenRows(ColumnTable& table, const Expr* where, const QueryTools& tools);
 
 /// The rows of a SELECT without aggregates: WHERE, DISTINCT, ORDER BY.
-RowPlaces rowsOf(const std::shared_ptr<ColumnTable>& table, const Select& select, const TableLookup& lookup,
-                 std::size_t batchRows);
+RowPlaces rowsOf(ColumnTable& table, const Select& select, const QueryTools& tools);
 
 bool isAggregate(const Select& select);
-std::shared_ptr<const Rows::Source> aggregateRow(const std::shared_ptr<ColumnTable>& table, Select&& select,
-                                                 const TableLookup& lookup, std::size_t batchRows);
-
-/// Appends the select's items for the given rows of `source`; item k goes to column places[k].
-void appendGathered(ColumnTable& target, const std::vector<int>& places, const ColumnTable& source,
-                    const Select& select, const std::vector<std::uint32_t>& rows);
-
-void appendRow(ColumnTable& table, const std::vector<std::pair<int, Value>>& fields);
-void writeValue(ColumnTable& table, std::size_t row, int place, const Value& value);
-/// The table shrinks to these rows.
-void keepRows(ColumnTable& table, const std::vector<std::uint32_t>& rows);
+std::shared_ptr<const Rows::Source> aggregateRow(ColumnTable& table, Select&& select, const QueryTools& tools);
 
 } // namespace sql

@@ -127,6 +127,25 @@ void ColumnWriter::writeNulls(const Batch& batch, const std::uint64_t* mask) {
     nulls.write(batch.first, batch.count, bits, mask, m_table.rows);
 }
 
+void assignConstant(ColumnTable& table, int place, const Value& value) {
+    Column& column = table.columns[static_cast<std::size_t>(place)];
+    column.markAllDirty(table.rows);
+    if (column.def.type == ColumnType::Bit)
+        return column.bits.fill(toInteger(value) != 0);
+    column.recipe.reset();
+    isNull(value) ? column.nulls.setAll() : column.nulls.setNone();
+    if (column.def.type == ColumnType::Real) {
+        column.reals.assign(table.rows, toReal(value));
+        return;
+    }
+    if (column.def.type == ColumnType::Text)
+        column.replaceDictionary();
+    const std::int32_t number = isNull(value)                           ? 0
+                                : column.def.type == ColumnType::Text ? column.dictionary->intern(toText(value))
+                                                                      : static_cast<std::int32_t>(toInteger(value));
+    column.numbers.rebuild(table.rows, number, number);
+}
+
 void ColumnWriter::finish() {
     if (!m_whole)
         return;
@@ -135,6 +154,7 @@ void ColumnWriter::finish() {
     if (m_type == ColumnType::Text) {
         column().replaceDictionary();
         column().dictionary = m_dictionary;
+        column().recipe.reset();
     }
     if (m_type != ColumnType::Bit)
         column().nulls = std::move(m_freshNulls);

@@ -41,4 +41,7 @@ class ColumnWriter {
     std::unique_ptr<Buffer> m_buffer = std::make_unique<Buffer>();
 };
 
+/// Every row of a column becomes one value, already as the column keeps it: no row is touched.
+void assignConstant(ColumnTable& table, int place, const Value& value);
+
 } // namespace sql

@@ -100,12 +100,19 @@ void Database::computeColumn(std::string_view table, std::span<const std::string
     m_store->keeperOf(name).computeColumn(name, inputs, std::string(output), kernel);
 }
 
+void Database::computeColumns(std::string_view table, std::span<const std::string> inputs,
+                              std::span<const std::string> outputs, const BatchKernel& kernel) {
+    const std::string name = bareName(table);
+    m_store->keeperOf(name).computeColumns(name, inputs, outputs, kernel);
+}
+
 void Database::setListener(Listener listener) { m_listener = std::move(listener); }
 void Database::begin() { m_store->begin(); }
 void Database::commit() { m_store->commit(); }
 void Database::rollback() { m_store->rollback(); }
 void Database::store() { m_store->store(); }
 bool Database::storePending() const { return m_store->storePending(); }
+std::int64_t Database::evaluations() const { return m_store->evaluations(); }
 
 Transaction::~Transaction() {
     if (!m_database)

@@ -108,6 +108,18 @@ struct RowBlock {
 using RowKernel =
     std::function<void(std::span<const std::span<const std::int32_t>> inputs, std::span<std::int32_t> output)>;
 
+/// Some rows of a pass that writes several columns (computeColumns): read `inputs`, write `outputs`.
+struct RowBatch {
+    struct Output {
+        std::span<std::int32_t> values;
+        std::span<std::uint8_t> written; ///< 0 at first; 1: the row gets its value. Other rows keep theirs, Null or not
+    };
+    std::size_t rows;
+    std::span<const std::span<const std::int32_t>> inputs; ///< inputs[k][row]: Null reads as 0, a bit as -1 or 0
+    std::span<const Output> outputs;                       ///< outputs[k].values[row]
+};
+using BatchKernel = std::function<void(const RowBatch&)>;
+
 using Listener = std::function<void(std::string_view statement)>;
 
 class Database {
@@ -139,6 +151,12 @@ class Database {
     void computeColumn(std::string_view table, std::span<const std::string> inputs, std::string_view output,
                        const RowKernel& kernel);
 
+    /// One pass over a table, in batches of any length, in the order of the rows: the kernel reads `inputs` (whole numbers
+    /// or bits) and writes chosen rows of `outputs` (whole numbers). A column may be both: it is read first.
+    /// \throws SqlError kTableNotFound, kColumnNotFound, kTypeMismatch before the first row
+    void computeColumns(std::string_view table, std::span<const std::string> inputs,
+                        std::span<const std::string> outputs, const BatchKernel& kernel);
+
     /// Called with the text of each statement of this handle before it runs.
     void setListener(Listener listener);
 
@@ -150,6 +168,10 @@ class Database {
     /// Writes what changed in combination tables to the file, in one transaction.
     void store();
     bool storePending() const;
+
+    /// Results of expressions over combination tables that were worked one by one since the file was opened: once for
+    /// each distinct input, so the count must not grow with the rows. For tests and measurements.
+    std::int64_t evaluations() const;
 
   private:
     std::shared_ptr<Store> m_store;

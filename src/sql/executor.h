@@ -48,6 +48,8 @@ class TableExecutor {
     virtual void appendRows(const std::string& table, const RowBlock& block) = 0;
     virtual void computeColumn(const std::string& table, std::span<const std::string> inputs,
                                const std::string& output, const RowKernel& kernel) = 0;
+    virtual void computeColumns(const std::string& table, std::span<const std::string> inputs,
+                                std::span<const std::string> outputs, const BatchKernel& kernel) = 0;
 };
 
 /// Refuses changes: the record set of a SELECT.

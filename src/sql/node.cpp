@@ -2,11 +2,13 @@
 
 #include <algorithm>
 
+#include "sql/vector_loop.h"
+
 namespace sql {
 
 namespace {
 
-template <class T> void nonZero(const T* values, std::size_t count, std::uint8_t* out) {
+template <class T> SSQ_VECTOR_LOOP void nonZero(const T* values, std::size_t count, std::uint8_t* out) {
     for (std::size_t row = 0; row < count; ++row)
         out[row] = values[row] != 0;
 }

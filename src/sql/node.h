@@ -66,7 +66,8 @@ NodePtr constantNode(const Value& value, Storage storage, TextPool& pool);
 NodePtr columnNode(const ColumnTable& table, int column, TextPool& pool);
 NodePtr bitTestNode(int column, bool wanted, bool possible);
 /// A subtree over one narrow column, answered from a table of its results.
-Planned lookupNode(const Expr& expr, const ColumnTable& table, int column, TextPool& pool);
+/// \param evaluations  raised by one for each result that is worked, when given
+Planned lookupNode(const Expr& expr, const ColumnTable& table, int column, TextPool& pool, std::int64_t* evaluations);
 NodePtr arithmeticNode(BinaryOp op, bool wholeResult, Planned left, Planned right, Storage storage);
 NodePtr negateNode(Planned operand, Storage storage);
 NodePtr compareNode(BinaryOp op, Planned left, Planned right);
@@ -81,17 +82,27 @@ struct MemoOperand {
     Planned planned;
     bool wholeNumbers = true; ///< hand whole numbers to the function as such, also when stored as reals
 };
-NodePtr memoNode(ApplyFunction function, std::vector<MemoOperand> operands, Storage storage, TextPool& pool);
+NodePtr memoNode(ApplyFunction function, std::vector<MemoOperand> operands, Storage storage, TextPool& pool,
+                 std::int64_t* evaluations);
 
 /// The values that a sub-select gave.
 struct ValueSet {
-    bool isText = false;
+    struct TextHash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
+    };
     bool hasNull = false;
-    std::unordered_set<std::string> texts; ///< folded
+    std::unordered_set<std::string, TextHash, std::equal_to<>> texts; ///< folded
     std::unordered_set<double> numbers;
     bool empty() const { return !hasNull && texts.empty() && numbers.empty(); }
 };
 NodePtr memberNode(Planned operand, ValueSet set, bool negated, TextPool& pool);
+
+/// LIKE over a text of two-digit numbers with blanks between them, answered from the numbers: the row holds when these
+/// numbers stand in it in this order.
+NodePtr numbersInOrderNode(std::vector<int> columns, std::vector<std::int32_t> wanted, bool negated);
+/// IN over a text that is put together from other columns.
+NodePtr recipeMemberNode(std::shared_ptr<const TextRecipe> recipe, ValueSet set, bool negated);
 
 // Helpers for nodes.
 /// The values as real numbers; whole ones are copied to `buffer`.

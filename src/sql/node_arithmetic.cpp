@@ -5,6 +5,7 @@
 #include "base/number_text.h"
 #include "sql/node.h"
 #include "sql/scalar.h"
+#include "sql/vector_loop.h"
 
 namespace sql {
 
@@ -21,7 +22,8 @@ struct Times {
 };
 
 /// out[i] = Op(left[i], right[i]). The caller has chosen a type that cannot overflow.
-template <class Op, class T> void compute(const T* left, const T* right, std::size_t count, T* out) {
+template <class Op, class T>
+SSQ_VECTOR_LOOP void compute(const T* left, const T* right, std::size_t count, T* out) {
     for (std::size_t row = 0; row < count; ++row)
         out[row] = Op::apply(left[row], right[row]);
 }
@@ -160,7 +162,8 @@ struct LessEqual {
     template <class T> static bool holds(T a, T b) { return a <= b; }
 };
 
-template <class Op, class T> void test(const T* left, const T* right, std::size_t count, std::uint8_t* out) {
+template <class Op, class T>
+SSQ_VECTOR_LOOP void test(const T* left, const T* right, std::size_t count, std::uint8_t* out) {
     for (std::size_t row = 0; row < count; ++row)
         out[row] = Op::holds(left[row], right[row]);
 }

@@ -83,8 +83,10 @@ Value valueOf(const Vec& vec, std::size_t row, bool wholeNumbers, const TextPool
 
 class MemoNode final : public ValueNode {
   public:
-    MemoNode(ApplyFunction function, std::vector<MemoOperand> operands, Storage storage, TextPool& pool)
-        : m_function(std::move(function)), m_operands(std::move(operands)), m_storage(storage), m_pool(pool) {}
+    MemoNode(ApplyFunction function, std::vector<MemoOperand> operands, Storage storage, TextPool& pool,
+             std::int64_t* evaluations)
+        : m_function(std::move(function)), m_operands(std::move(operands)), m_storage(storage), m_pool(pool),
+          m_evaluations(evaluations) {}
 
     Vec values(const Batch& batch) override {
         std::array<Vec, 2> args;
@@ -111,6 +113,8 @@ class MemoNode final : public ValueNode {
         std::array<Value, 2> values;
         for (std::size_t place = 0; place < m_operands.size(); ++place)
             values[place] = valueOf(args[place], row, m_operands[place].wholeNumbers, m_pool);
+        if (m_evaluations)
+            ++*m_evaluations;
         const Value result = m_function(std::span(values).first(m_operands.size()));
         m_nulls.push_back(isNull(result));
         if (m_storage == Storage::Reals)
@@ -125,6 +129,7 @@ class MemoNode final : public ValueNode {
     std::vector<MemoOperand> m_operands;
     Storage m_storage;
     TextPool& m_pool;
+    std::int64_t* m_evaluations;
     PairTable m_table;
     std::vector<std::int32_t> m_ints;
     std::vector<double> m_reals;
@@ -178,8 +183,9 @@ class MemberNode final : public FlagNode {
 
 } // namespace
 
-NodePtr memoNode(ApplyFunction function, std::vector<MemoOperand> operands, Storage storage, TextPool& pool) {
-    return std::make_unique<MemoNode>(std::move(function), std::move(operands), storage, pool);
+NodePtr memoNode(ApplyFunction function, std::vector<MemoOperand> operands, Storage storage, TextPool& pool,
+                 std::int64_t* evaluations) {
+    return std::make_unique<MemoNode>(std::move(function), std::move(operands), storage, pool, evaluations);
 }
 
 NodePtr memberNode(Planned operand, ValueSet set, bool negated, TextPool& pool) {

@@ -4,17 +4,18 @@
 #include <new>
 
 #include "sql/bitmap.h"
+#include "sql/vector_loop.h"
 
 namespace sql {
 
 namespace {
 
-template <class T> void widen(const T* from, std::size_t count, std::int32_t* out) {
+template <class T> SSQ_VECTOR_LOOP void widen(const T* from, std::size_t count, std::int32_t* out) {
     for (std::size_t row = 0; row < count; ++row)
         out[row] = from[row];
 }
 
-template <class T> void storeAll(T* to, std::size_t count, const std::int32_t* values) {
+template <class T> SSQ_VECTOR_LOOP void storeAll(T* to, std::size_t count, const std::int32_t* values) {
     for (std::size_t row = 0; row < count; ++row)
         to[row] = static_cast<T>(values[row]);
 }

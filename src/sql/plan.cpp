@@ -5,6 +5,7 @@
 #include <set>
 
 #include "sql/scalar.h"
+#include "sql/text_recipe.h"
 
 namespace sql {
 
@@ -12,6 +13,10 @@ namespace {
 
 constexpr double kWordLow = kIntegerLow;
 constexpr double kWordHigh = kIntegerHigh;
+
+// Sums, counts and digits of bets spread over a few hundred values. A table of 4096 results stays in the first-level
+// cache; beyond that a number is as often met once, and a loop over the rows is the better way.
+constexpr std::size_t kWidestTable = 4096;
 
 bool fitsInts(const Range& range) { return range.low >= kWordLow && range.high <= kWordHigh; }
 
@@ -28,6 +33,17 @@ void collectReads(const Expr& expr, Reads& reads) {
         collectReads(*arg, reads);
 }
 
+/// Sums and products of whole numbers: the loops over arrays do these faster than any table.
+bool isPlainArithmetic(const Expr& expr) {
+    if (expr.kind == ExprKind::Column || expr.kind == ExprKind::Literal)
+        return expr.type == ExprType::Integer;
+    const bool plain = expr.kind == ExprKind::Binary &&
+                       (expr.binary == BinaryOp::Add || expr.binary == BinaryOp::Subtract ||
+                        expr.binary == BinaryOp::Multiply) &&
+                       expr.type == ExprType::Integer;
+    return plain && isPlainArithmetic(*expr.args[0]) && isPlainArithmetic(*expr.args[1]);
+}
+
 class Planner {
   public:
     explicit Planner(PlanContext& context) : m_context(context) {}
@@ -41,8 +57,9 @@ class Planner {
             return column(expr);
         if (auto test = bitTest(expr))
             return std::move(*test);
-        if (!reads.subselect && reads.columns.size() == 1 && isNarrow(*reads.columns.begin()))
-            return lookupNode(expr, m_context.table, *reads.columns.begin(), m_context.pool);
+        if (!reads.subselect && reads.columns.size() == 1 && isNarrow(*reads.columns.begin()) &&
+            !isPlainArithmetic(expr))
+            return lookupNode(expr, m_context.table, *reads.columns.begin(), m_context.pool, m_context.evaluations);
         return general(expr);
     }
 
@@ -57,12 +74,12 @@ class Planner {
         case ColumnType::Real:
             return false;
         case ColumnType::Text:
-            return column.dictionary->size() <= std::max<std::size_t>(4 * m_context.table.rows, 256);
+            return !column.recipe && column.dictionary->size() <= std::max<std::size_t>(4 * m_context.table.rows, 256);
         default:
             break;
         }
         const auto spread = static_cast<std::size_t>(std::int64_t{column.numbers.high()} - column.numbers.low());
-        return spread < 65536 && spread <= std::max<std::size_t>(4 * m_context.table.rows, 256);
+        return spread < kWidestTable && spread <= std::max<std::size_t>(m_context.table.rows, 256);
     }
 
     static Storage storageOf(const Expr& expr, const Range& range) {
@@ -80,6 +97,7 @@ class Planner {
     }
 
     Planned column(const Expr& expr) {
+        settleText(m_context.table, expr.column);
         const Column& source = columnAt(expr.column);
         Planned planned{columnNode(m_context.table, expr.column, m_context.pool), Storage::Ints, {-1, 0}};
         if (source.def.type == ColumnType::Text)
@@ -119,7 +137,13 @@ class Planner {
             return expr.function == FunctionId::IIf ? choice(expr) : memo(expr);
         case ExprKind::IsNull:
             return {isNullNode(plan(*expr.args[0]).node, expr.negated), Storage::Ints, {-1, 0}};
+        case ExprKind::Like:
+            return like(expr);
         case ExprKind::InSelect:
+            if (const auto recipe = recipeOf(*expr.args[0]))
+                return {recipeMemberNode(recipe, m_context.runSubselect(*expr.subquery), expr.negated),
+                        Storage::Ints,
+                        {-1, 0}};
             return {memberNode(plan(*expr.args[0]), m_context.runSubselect(*expr.subquery), expr.negated,
                                m_context.pool),
                     Storage::Ints,
@@ -127,6 +151,23 @@ class Planner {
         default:
             return memo(expr);
         }
+    }
+
+    /// The recipe of a text column that has one.
+    std::shared_ptr<const TextRecipe> recipeOf(const Expr& expr) const {
+        return expr.kind == ExprKind::Column ? columnAt(expr.column).recipe : nullptr;
+    }
+
+    Planned like(const Expr& expr) {
+        const auto* pattern = std::get_if<std::string>(&expr.args[1]->literal);
+        const auto recipe = recipeOf(*expr.args[0]);
+        if (recipe && expr.args[1]->kind == ExprKind::Literal && pattern) {
+            const auto wanted = numbersOfPattern(*pattern);
+            const auto columns = paddedColumns(m_context.table, *recipe);
+            if (wanted && columns)
+                return {numbersInOrderNode(*columns, *wanted, expr.negated), Storage::Ints, {-1, 0}};
+        }
+        return memo(expr);
     }
 
     Planned unary(const Expr& expr) {
@@ -185,7 +226,9 @@ class Planner {
         const auto asText = [](std::span<const Value> args) {
             return isNull(args[0]) ? Value() : Value(toText(args[0]));
         };
-        return {memoNode(asText, std::move(operands), Storage::Texts, m_context.pool), Storage::Texts, {}};
+        return {memoNode(asText, std::move(operands), Storage::Texts, m_context.pool, m_context.evaluations),
+                Storage::Texts,
+                {}};
     }
 
     /// A function of one or two operands; `format` has its pattern in the tree.
@@ -202,7 +245,8 @@ class Planner {
             return applyNode(expr, both);
         };
         const Storage storage = storageOf(expr, expr.range);
-        return {memoNode(apply, std::move(operands), storage, m_context.pool), storage, expr.range};
+        return {memoNode(apply, std::move(operands), storage, m_context.pool, m_context.evaluations), storage,
+                expr.range};
     }
 
     friend Planned sql::planAsText(const Expr& expr, PlanContext& context);

@@ -8,9 +8,10 @@
 namespace sql {
 
 struct PlanContext {
-    const ColumnTable& table;
+    ColumnTable& table; ///< planning may settle texts that have a recipe; their values stay
     TextPool& pool;
     std::function<ValueSet(const Select&)> runSubselect;
+    std::int64_t* evaluations = nullptr; ///< raised by one for each result that is worked by itself
 };
 
 Planned plan(const Expr& expr, PlanContext& context);

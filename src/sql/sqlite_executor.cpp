@@ -4,6 +4,7 @@
 
 #include "sql/lexer.h"
 #include "sql/scalar.h"
+#include "sql/sqlite_savepoint.h"
 #include "sql/sqlite_text.h"
 
 namespace sql {
@@ -16,6 +17,8 @@ bool isInternal(const std::string& table) {
     return name.starts_with("column_store_") || name.starts_with("sqlite_");
 }
 
+<<<<<<< HEAD
+=======
 /// Several SQLite statements as one step: all or nothing.
 class Savepoint {
   public:
@@ -41,6 +44,7 @@ class Savepoint {
     SqliteFile* m_file;
 };
 
+>>>>>>> wb
 /// Rows that are kept whole: distinct ones and aggregates.
 class KeptRows final : public Rows::Source {
   public:
@@ -398,39 +402,6 @@ void SqliteExecutor::appendRows(const std::string& table, const RowBlock& block)
         for (std::size_t place = 0; place < used.size(); ++place)
             insert.bind(static_cast<int>(place), std::int64_t{block.values[used[place]][row]});
         insert.run();
-    }
-    step.release();
-}
-
-void SqliteExecutor::computeColumn(const std::string& table, std::span<const std::string> inputs,
-                                   const std::string& output, const RowKernel& kernel) {
-    const TableShape target = shape(table);
-    std::string names;
-    for (const std::string& input : inputs) {
-        if (target.find(input) < 0)
-            throw SqlError(error::kColumnNotFound, "找不到字段 " + input);
-        names += ", " + sqliteName(input);
-    }
-    if (target.find(output) < 0)
-        throw SqlError(error::kColumnNotFound, "找不到字段 " + output);
-    std::vector<std::int64_t> places;
-    std::vector<std::vector<std::int32_t>> columns(inputs.size());
-    SqliteQuery rows(*m_file, "SELECT rowid" + names + " FROM " + sqliteName(target.name));
-    while (rows.step()) {
-        places.push_back(rows.integer(0));
-        for (std::size_t input = 0; input < inputs.size(); ++input)
-            columns[input].push_back(static_cast<std::int32_t>(rows.integer(static_cast<int>(input) + 1)));
-    }
-    std::vector<std::span<const std::int32_t>> spans(columns.begin(), columns.end());
-    std::vector<std::int32_t> results(places.size());
-    kernel(spans, results);
-    Savepoint step(*m_file);
-    SqliteQuery update(*m_file,
-                       "UPDATE " + sqliteName(target.name) + " SET " + sqliteName(output) + " = ?1 WHERE rowid = ?2");
-    for (std::size_t row = 0; row < places.size(); ++row) {
-        update.bind(0, std::int64_t{results[row]});
-        update.bind(1, places[row]);
-        update.run();
     }
     step.release();
 }

@@ -22,6 +22,8 @@ class SqliteExecutor final : public TableExecutor {
     void appendRows(const std::string& table, const RowBlock& block) override;
     void computeColumn(const std::string& table, std::span<const std::string> inputs, const std::string& output,
                        const RowKernel& kernel) override;
+    void computeColumns(const std::string& table, std::span<const std::string> inputs,
+                        std::span<const std::string> outputs, const BatchKernel& kernel) override;
 
   private:
     void create(const std::string& table, const std::vector<ColumnDef>& columns);

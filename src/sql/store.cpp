@@ -95,6 +95,8 @@ void Store::store() {
         m_columns->store();
 }
 
+std::int64_t Store::evaluations() const { return m_columns ? m_columns->evaluations() : 0; }
+
 bool Store::storePending() const { return m_columns && m_columns->storePending(); }
 
 } // namespace sql

@@ -37,6 +37,7 @@ class Store {
 
     void store();
     bool storePending() const;
+    std::int64_t evaluations() const;
 
   private:
     TableExecutor& executorOf(const Statement& statement);

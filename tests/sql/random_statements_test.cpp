@@ -79,7 +79,7 @@ class Maker {
             return "NOT " + condition(depth - 1);
         case 5:
             return "(" + (oneIn(2) ? text(depth - 1) : number(depth - 1)) + pick({" LIKE ", " NOT LIKE "}) +
-                   pick({"\"*1*\"", "\"a?\"", "\"* \"&[a]&\" *\"", "\"*\"&[b]&\"*\"", "[t]", "\"*\""}) + ")";
+                   pick({"\"*1*\"", "\"*05*\"", "\"*02**03*\"", "\"a?\"", "\"* \"&[a]&\" *\"", "\"*\"&[b]&\"*\"", "[t]", "\"*\""}) + ")";
         case 6:
             return "(" + number(depth - 1) + pick({" IS NULL)", " IS NOT NULL)"});
         case 7:
@@ -92,6 +92,9 @@ class Maker {
     }
 
     std::string update() {
+        if (oneIn(8)) // a text that follows from numbers of its row
+            return "UPDATE [zuhe] SET [" + pick({"t", "u"}) + "]= format([a],\"00\") & " +
+                   pick({"Chr(32)", "\" \"", "'-'"}) + " & " + pick({"format([id],\"00\")", "[b]", "format([b],\"00\")"});
         std::string set = assignment();
         for (int more = below(3); more > 0; --more)
             set += ", " + assignment();

@@ -1,0 +1,104 @@
+// How the engine feels: every operation on all bets of 33 reds, as a Markdown table.
+//
+//   engine_bench                            all operations: 1,107,568 rows on both executors, with the ratio, and the
+//                                           full table of 17,721,088 rows on the column executor
+//   engine_bench --benchmark_filter=press   some of them
+//   engine_bench --memory=16                memory of a fresh process with 16 blues (or 1) after ten presses
+//
+// A result is checked before its time counts; a wrong count ends the run with an error.
+#include <chrono>
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+
+#include "memory.h"
+#include "operations.h"
+#include "report.h"
+
+namespace {
+
+using namespace bench;
+
+struct Setting {
+    const char* name;
+    sql::Executor executor;
+    int blues;
+    int repetitions;
+};
+
+constexpr Setting kSettings[] = {
+    {kSqlite, sql::Executor::Sqlite, 1, 3},
+    {kColumn, sql::Executor::Column, 1, 11},
+    {kFull, sql::Executor::Column, 16, 9},
+};
+
+/// One table at a time; it lives until a benchmark asks for another setting.
+class Stage {
+  public:
+    RuleTable& tableFor(const Setting& setting) {
+        if (m_setting != &setting) {
+            m_table.reset();
+            m_table = std::make_unique<RuleTable>(setting.executor, setting.blues);
+            m_setting = &setting;
+        }
+        return *m_table;
+    }
+
+  private:
+    const Setting* m_setting = nullptr;
+    std::unique_ptr<RuleTable> m_table;
+};
+
+double secondsOf(const Operation& operation, RuleTable& table) {
+    if (table.executor() == sql::Executor::Sqlite && operation.sqliteSeconds)
+        return operation.sqliteSeconds(table);
+    operation.prepare(table);
+    const auto start = std::chrono::steady_clock::now();
+    const std::int64_t got = operation.work(table);
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    require(operation.name, got, operation.expected(table));
+    return taken.count();
+}
+
+void measure(benchmark::State& state, Stage& stage, const Setting& setting, const Operation& operation) {
+    for (auto _ : state) {
+        try {
+            state.SetIterationTime(secondsOf(operation, stage.tableFor(setting)));
+        } catch (const std::exception& failure) {
+            state.SkipWithError(failure.what());
+            return;
+        }
+    }
+}
+
+void addAll(Stage& stage) {
+    for (const Setting& setting : kSettings)
+        for (const Operation& operation : operations()) {
+            if (setting.executor == sql::Executor::Sqlite && !operation.onSqlite)
+                continue;
+            const std::string name = std::string(operation.name) + "/" + setting.name;
+            benchmark::RegisterBenchmark(name.c_str(),
+                                         [&](benchmark::State& state) { measure(state, stage, setting, operation); })
+                ->Unit(benchmark::kMillisecond)
+                ->UseManualTime()
+                ->Iterations(1)
+                ->Repetitions(setting.repetitions);
+        }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    constexpr const char* kMemory = "--memory=";
+    if (count == 2 && std::strncmp(arguments[1], kMemory, std::strlen(kMemory)) == 0)
+        return printMemoryOfTenPresses(std::atoi(arguments[1] + std::strlen(kMemory))) ? 0 : 1;
+    benchmark::Initialize(&count, arguments);
+    if (benchmark::ReportUnrecognizedArguments(count, arguments))
+        return 1;
+    Stage stage;
+    addAll(stage);
+    TableReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    return reporter.failed() ? 1 : 0;
+}

@@ -1,0 +1,101 @@
+// Questions to texts that are kept as recipes, answered from the numbers.
+#include <algorithm>
+
+#include "sql/lexer.h"
+#include "sql/node.h"
+#include "sql/text_recipe.h"
+#include "sql/vector_loop.h"
+
+namespace sql {
+
+namespace {
+
+template <class T>
+SSQ_VECTOR_LOOP void equals(const T* rows, std::size_t count, std::int32_t wanted, std::uint8_t* out) {
+    for (std::size_t row = 0; row < count; ++row)
+        out[row] = rows[row] == wanted;
+}
+
+/// found[k] says of each row whether the first k wanted numbers have been met, walking the columns left to right.
+/// A number of the row can serve for one wanted number only, so the later stages look first.
+class NumbersInOrderNode final : public FlagNode {
+  public:
+    NumbersInOrderNode(std::vector<int> columns, std::vector<std::int32_t> wanted, bool negated)
+        : m_columns(std::move(columns)), m_wanted(std::move(wanted)), m_negated(negated), m_found(m_wanted.size()) {}
+
+    Flags flags(const Batch& batch) override {
+        for (auto& stage : m_found)
+            std::fill_n(stage.begin(), batch.count, 0);
+        for (const int column : m_columns)
+            for (std::size_t stage = m_wanted.size(); stage-- > 0;)
+                look(batch, column, stage);
+        std::uint8_t* last = m_found.back().data();
+        if (m_negated)
+            for (std::size_t row = 0; row < batch.count; ++row)
+                last[row] ^= 1;
+        return {last, nullptr};
+    }
+
+  private:
+    void look(const Batch& batch, int column, std::size_t stage) {
+        const Numbers& numbers = batch.table->columns[static_cast<std::size_t>(column)].numbers;
+        std::uint8_t* hit = m_hit.data();
+        if (numbers.width() == Width::Constant)
+            std::fill_n(hit, batch.count, numbers.low() == m_wanted[stage]);
+        else
+            numbers.visit([&](const auto* rows) { equals(rows + batch.first, batch.count, m_wanted[stage], hit); });
+        std::uint8_t* found = m_found[stage].data();
+        const std::uint8_t* before = stage == 0 ? nullptr : m_found[stage - 1].data();
+        if (!before)
+            for (std::size_t row = 0; row < batch.count; ++row)
+                found[row] |= hit[row];
+        else
+            for (std::size_t row = 0; row < batch.count; ++row)
+                found[row] |= hit[row] & before[row];
+    }
+
+    std::vector<int> m_columns;
+    std::vector<std::int32_t> m_wanted;
+    bool m_negated;
+    std::vector<std::array<std::uint8_t, kBatchLimit>> m_found;
+    std::array<std::uint8_t, kBatchLimit> m_hit;
+};
+
+class RecipeMemberNode final : public FlagNode {
+  public:
+    RecipeMemberNode(std::shared_ptr<const TextRecipe> recipe, ValueSet set, bool negated)
+        : m_recipe(std::move(recipe)), m_set(std::move(set)), m_negated(negated) {}
+
+    Flags flags(const Batch& batch) override {
+        bool anyUnknown = false;
+        for (std::size_t row = 0; row < batch.count; ++row) {
+            composeText(*batch.table, *m_recipe, batch.first + row, m_text);
+            const bool found = m_set.texts.contains(foldedName(m_text));
+            const bool unknown = !found && m_set.hasNull;
+            m_flags[row] = !unknown && found != m_negated;
+            m_unknown[row] = unknown;
+            anyUnknown |= unknown;
+        }
+        return {m_flags.data(), anyUnknown ? m_unknown.data() : nullptr};
+    }
+
+  private:
+    std::shared_ptr<const TextRecipe> m_recipe;
+    ValueSet m_set;
+    bool m_negated;
+    std::string m_text;
+    std::array<std::uint8_t, kBatchLimit> m_flags;
+    std::array<std::uint8_t, kBatchLimit> m_unknown;
+};
+
+} // namespace
+
+NodePtr numbersInOrderNode(std::vector<int> columns, std::vector<std::int32_t> wanted, bool negated) {
+    return std::make_unique<NumbersInOrderNode>(std::move(columns), std::move(wanted), negated);
+}
+
+NodePtr recipeMemberNode(std::shared_ptr<const TextRecipe> recipe, ValueSet set, bool negated) {
+    return std::make_unique<RecipeMemberNode>(std::move(recipe), std::move(set), negated);
+}
+
+} // namespace sql
