@@ -32,6 +32,7 @@ crash::Contents readContents(std::istream& words) {
 
 /// What a driver has told before it was killed.
 struct Told {
+    std::optional<crash::Contents> opened;    ///< by ready
     std::optional<crash::Contents> committed; ///< by ready or the last done
     std::optional<crash::Contents> changed;   ///< by the operation that was killed, as far as it came
     std::string killed;                       ///< the operation that was begun and not done; empty: none
@@ -47,7 +48,7 @@ struct Told {
             if (kind == "failed")
                 failure = line;
             else if (kind == "ready")
-                committed = readContents(words);
+                opened = committed = readContents(words);
             else if (words >> number; kind == "begin")
                 std::getline(words >> std::ws, killed);
             else if (kind == "changed")
@@ -144,11 +145,16 @@ TEST_F(Killing, LosesNothingThatWasCommitted) {
     crash::Contents last = crash::Work(folder.path()).contents();
     for (unsigned kill = 0; kill < kills && !HasFailure(); ++kill) {
         Told told = killOnce();
+        if (told.opened) {
+            EXPECT_EQ(told.opened->table, last.table) << "opened once more, the table is another one";
+            EXPECT_EQ(told.opened->draws, last.draws);
+        }
+        const std::string moment = momentOf(told);
         if (!told.committed)
             told.committed = last; // killed before it had opened everything: nothing may have changed
-        ++moments[momentOf(told)];
+        ++moments[moment];
         done += told.done;
-        SCOPED_TRACE("kill " + std::to_string(kill) + " in " + momentOf(told));
+        SCOPED_TRACE("kill " + std::to_string(kill) + " in " + moment);
         try {
             crash::Work again(folder.path());
             again.verify();
