@@ -4,6 +4,8 @@
 #include <bit>
 #include <span>
 
+#include "sql/vector_loop.h"
+
 namespace filter {
 namespace {
 
@@ -17,7 +19,7 @@ struct Numbers {
 };
 
 /// changed |= column[row] ^ column[row - 1], row by row; a plain loop that the compiler vectorises.
-void markChanges(std::span<const std::int32_t> column, std::span<std::int32_t> changed) {
+SSQ_VECTOR_LOOP void markChanges(std::span<const std::int32_t> column, std::span<std::int32_t> changed) {
     for (std::size_t row = 1; row < changed.size(); ++row)
         changed[row] |= column[row] ^ column[row - 1];
 }
