@@ -19,7 +19,7 @@ endif()
 add_library(ssq_flags INTERFACE)
 target_compile_options(ssq_flags INTERFACE
   -Wall -Wextra -Wold-style-cast -Woverloaded-virtual -Wnon-virtual-dtor -Werror
-  -Wno-restrict) # GCC 12 warns of its own std::string at -O2 and above
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>) # GCC 12 warns of its own std::string at -O2 and above
 target_compile_definitions(ssq_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
 target_include_directories(ssq_flags INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -30,6 +30,9 @@ if(SSQ_SANITIZE)
   target_compile_options(ssq_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
     -fno-sanitize-recover=undefined)
   target_link_options(ssq_flags INTERFACE -fsanitize=address,undefined)
+  if(SSQ_FUZZ)
+    target_compile_options(ssq_flags INTERFACE -fsanitize=fuzzer-no-link)
+  endif()
 endif()
 
 # One precompiled Qt header serves every window target.

@@ -63,7 +63,7 @@ View ResultView::inPlay(std::string_view gridTitle) const {
 View ResultView::reasons() const {
     View view{queryQuietly(m_database, select(bracketedColumns() + " ,[canshu],[fliter]", "")), heads()};
     view.columns.push_back({"参数", kValueTwips});
-    view.columns.push_back({"过滤缘故", kReasonTwips});
+    view.columns.push_back({"过滤缘故", kReasonTwips, true});
     return view;
 }
 

@@ -18,7 +18,8 @@ inline constexpr std::int64_t kPageRows = 10000;
 
 struct GridColumn {
     std::string heading;
-    int widthTwips; ///< 15 to a pixel
+    int widthTwips;      ///< 15 to a pixel
+    bool isText = false; ///< stands at the left, heading too; numbers stand in the middle
 };
 
 /// A view: its rows and the heading of each column.

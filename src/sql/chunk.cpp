@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstring>
 #include <vector>
 
@@ -18,6 +19,9 @@ namespace {
 
 // How the rows of a chunk are kept. These bytes are in users' files: never renumber them.
 enum class Encoding : char { AllNull = 0, Sequence = 1, Numbers = 2, Bits = 3, EqualBits = 4, Reals = 5, Recipe = 6 };
+
+// A text of kTextLimit characters of four bytes each, and its length.
+constexpr std::size_t kMostTextBytes = kTextsPerBlob * (kTextLimit * 4 + sizeof(std::uint32_t));
 
 // Level 1: about as fast as memory can be read here, and lottery columns are mostly runs.
 constexpr int kLevel = 1;
@@ -187,10 +191,22 @@ void decodeBits(Encoding encoding, std::string_view blob, Column& column, std::s
     std::copy(words.begin(), words.end(), column.bits.words().begin() + static_cast<std::ptrdiff_t>(size / 64));
 }
 
-void checkCodes(const Column& column) {
-    if (column.def.type == ColumnType::Text && column.numbers.size() > 0 && !column.nulls.all() &&
-        (column.numbers.low() < 0 ||
-         static_cast<std::size_t>(column.numbers.high()) >= std::max<std::size_t>(column.dictionary->size(), 1)))
+/// Rows first.. of a text column must be codes of its dictionary; without one, all of them must be Null.
+void checkCodes(const Column& column, std::size_t first, std::size_t count) {
+    const std::size_t texts = column.dictionary->size();
+    if (column.numbers.low() < 0 || static_cast<std::size_t>(column.numbers.high()) >= std::max<std::size_t>(texts, 1))
+        damaged();
+    for (std::size_t row = first; texts == 0 && row < first + count; ++row)
+        if (!column.nulls.get(row))
+            damaged();
+}
+
+/// The engine works out the room for results from what a column's type can hold.
+void checkNumbers(const Column& column, std::size_t first, std::size_t count) {
+    if (column.def.type == ColumnType::Text)
+        checkCodes(column, first, count);
+    else if (column.def.type == ColumnType::Short &&
+             (column.numbers.low() < INT16_MIN || column.numbers.high() > INT16_MAX))
         damaged();
 }
 
@@ -211,7 +227,7 @@ void decodeNumbers(Encoding encoding, std::string_view blob, Column& column, std
         damaged();
     }
     decodeNulls(blob, column, size, count);
-    checkCodes(column);
+    checkNumbers(column, size, count);
 }
 
 std::string encodeRecipe(const ColumnTable& table, const TextRecipe& recipe) {
@@ -299,12 +315,15 @@ void decodeChunk(std::string_view blob, Column& column, std::size_t size, std::s
         damaged();
     column.reals.resize(size + count);
     expand(takeSection(blob), column.reals.data() + size, count * sizeof(double));
+    if (!std::all_of(column.reals.begin() + static_cast<std::ptrdiff_t>(size), column.reals.end(),
+                     [](double number) { return std::isfinite(number); }))
+        damaged();
     decodeNulls(blob, column, size, count);
 }
 
-std::string encodeTexts(const Dictionary& dictionary, std::size_t first) {
+std::string encodeTexts(const Dictionary& dictionary, std::size_t first, std::size_t count) {
     std::string plain;
-    for (std::size_t code = first; code < dictionary.size(); ++code)
+    for (std::size_t code = first; code < first + count; ++code)
         putSection(plain, dictionary.text(static_cast<std::int32_t>(code)));
     std::string blob;
     putNumber(blob, static_cast<std::uint32_t>(plain.size()));
@@ -313,7 +332,7 @@ std::string encodeTexts(const Dictionary& dictionary, std::size_t first) {
 
 void decodeTexts(std::string_view blob, Dictionary& dictionary) {
     const std::uint32_t size = takeNumber(blob);
-    if (ZSTD_getFrameContentSize(blob.data(), blob.size()) != size)
+    if (size > kMostTextBytes || ZSTD_getFrameContentSize(blob.data(), blob.size()) != size)
         damaged();
     std::string plain(size, '\0');
     expand(blob, plain.data(), size);

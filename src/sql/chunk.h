@@ -19,8 +19,12 @@ void decodeChunk(std::string_view blob, Column& column, std::size_t size, std::s
 /// \throws SqlError kNotADatabase when one is not there, or is none that a recipe may read
 void resolveRecipes(ColumnTable& table);
 
-/// Texts first.. of a dictionary as a blob, and back at the end of one.
-std::string encodeTexts(const Dictionary& dictionary, std::size_t first);
+/// Most texts of a blob: no blob expands to more than 16 MiB, whatever a damaged one says of itself.
+inline constexpr std::size_t kTextsPerBlob = 16384;
+
+/// `count` texts of a dictionary, at most kTextsPerBlob, as a blob, and back at the end of one.
+std::string encodeTexts(const Dictionary& dictionary, std::size_t first, std::size_t count);
+/// \throws SqlError kNotADatabase when the blob is not one of texts that the dictionary lacks
 void decodeTexts(std::string_view blob, Dictionary& dictionary);
 
 } // namespace sql

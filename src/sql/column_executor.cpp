@@ -117,6 +117,8 @@ void ColumnExecutor::State::dropColumn(const Statement& bound) {
     const int place = target.shape().find(bound.column);
     if (place < 0)
         throw SqlError(error::kColumnMissing, "找不到字段 " + bound.column);
+    if (target.columns.size() == 1)
+        throw SqlError(error::kStorage, "表至少要有一个字段 " + bound.column);
     settleTexts(target); // recipes count places
     target.columns.erase(target.columns.begin() + place);
     target.shapeDirty = true;

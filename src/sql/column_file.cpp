@@ -74,6 +74,8 @@ std::shared_ptr<ColumnTable> ColumnFile::load(const Entry& entry) {
             throw SqlError(error::kNotADatabase, "数据库文件已损坏");
         table->columns.push_back(std::move(column));
     }
+    if (table->columns.empty())
+        throw SqlError(error::kNotADatabase, "数据库文件已损坏");
     for (Column& column : table->columns)
         loadColumn(*table, column);
     resolveRecipes(*table);
@@ -138,11 +140,10 @@ void ColumnFile::store() {
                 storeTable(entry);
         m_file->run("COMMIT");
     } catch (...) {
-        if (sqliteInTransaction(*m_file))
-            m_file->run("ROLLBACK");
         for (std::int64_t* id : m_newIds)
             *id = 0;
         m_newIds.clear();
+        undo();
         throw;
     }
     m_newIds.clear();
@@ -158,6 +159,16 @@ void ColumnFile::store() {
             column.storedTexts = column.dictionary->size();
             column.dictionaryReplaced = false;
         }
+    }
+}
+
+/// Nothing of the failed store() stays in the file, nor open on it.
+void ColumnFile::undo() {
+    try {
+        if (sqliteInTransaction(*m_file))
+            m_file->run("ROLLBACK");
+    } catch (const SqlError&) {
+        // SQLite rolls back by itself when the file is next used; what made store() fail is what the caller learns.
     }
 }
 
@@ -224,21 +235,26 @@ void ColumnFile::storeShape(ColumnTable& table) {
                 kept + ")");
 }
 
+/// The texts that the file lacks.
+void ColumnFile::storeTexts(const Column& column) {
+    SqliteQuery insert(*m_file, "INSERT OR REPLACE INTO column_store_texts VALUES (?1, ?2, ?3)");
+    const std::size_t end = column.dictionary->size();
+    for (std::size_t first = column.dictionaryReplaced ? 0 : column.storedTexts; first < end; first += kTextsPerBlob) {
+        const std::string blob = encodeTexts(*column.dictionary, first, std::min(kTextsPerBlob, end - first));
+        insert.bind(0, column.id);
+        insert.bind(1, static_cast<std::int64_t>(first));
+        insert.bindBlob(2, blob.data(), blob.size());
+        insert.run();
+    }
+}
+
 void ColumnFile::storeColumn(const ColumnTable& table, Column& column) {
     if (column.dictionaryReplaced) {
         SqliteQuery remove(*m_file, "DELETE FROM column_store_texts WHERE field_id = ?1");
         remove.bind(0, column.id);
         remove.run();
     }
-    const std::size_t firstText = column.dictionaryReplaced ? 0 : column.storedTexts;
-    if (firstText != column.dictionary->size()) {
-        const std::string blob = encodeTexts(*column.dictionary, firstText);
-        SqliteQuery insert(*m_file, "INSERT OR REPLACE INTO column_store_texts VALUES (?1, ?2, ?3)");
-        insert.bind(0, column.id);
-        insert.bind(1, static_cast<std::int64_t>(firstText));
-        insert.bindBlob(2, blob.data(), blob.size());
-        insert.run();
-    }
+    storeTexts(column);
     SqliteQuery put(*m_file, "INSERT OR REPLACE INTO column_store_chunks VALUES (?1, ?2, ?3)");
     for (std::size_t chunk = 0; chunk < chunksOf(table.rows); ++chunk) {
         if (chunk < column.dirtyChunks.size() && !column.dirtyChunks[chunk])

@@ -42,6 +42,8 @@ class ColumnFile {
     void storeTable(Entry& entry);
     void storeShape(ColumnTable& table);
     void storeColumn(const ColumnTable& table, Column& column);
+    void storeTexts(const Column& column);
+    void undo();
     void removeStored(std::int64_t id);
     void requireStoreTables();
 

@@ -97,7 +97,7 @@ void ColumnWriter::write(const Batch& batch, const std::uint64_t* mask) {
 
 void ColumnWriter::writeReals(const Batch& batch, const std::uint64_t* mask) {
     const double* reals = asReals(m_vec, batch.count, m_buffer->reals.data());
-    forEachBit(mask, batch.count, [&](std::size_t row) { column().reals[batch.first + row] = reals[row]; });
+    forEachBit(mask, batch.count, [&](std::size_t row) { column().reals[batch.first + row] = reals[row] + 0.0; }); // no -0
 }
 
 void ColumnWriter::writeTexts(const Batch& batch, const std::uint64_t* mask) {

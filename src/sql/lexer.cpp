@@ -123,7 +123,12 @@ class Scanner {
 
 } // namespace
 
-std::vector<Token> tokenize(std::string_view statement) { return Scanner(statement).run(); }
+std::vector<Token> tokenize(std::string_view statement) {
+    const std::size_t zero = statement.find('\0'); // ends a name or a text in SQLite
+    if (zero != std::string_view::npos)
+        throw SqlError(error::kSyntax, "语句中有不认识的字符", {zero, 1});
+    return Scanner(statement).run();
+}
 
 bool sameName(std::string_view left, std::string_view right) {
     return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),

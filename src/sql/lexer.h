@@ -2,7 +2,8 @@
 //
 // Names are plain (letters, digits, _, anything beyond ASCII) or in brackets; texts stand between double or single
 // quotes, a doubled quote inside is one quote; numbers may have decimals and an exponent and may touch the next word
-// ("16.5AND"). A quote without its partner, an unclosed bracket or a strange character is a syntax error.
+// ("16.5AND"). A quote without its partner, an unclosed bracket, a strange character, or a zero byte
+// anywhere is a syntax error.
 #pragma once
 
 #include <string>

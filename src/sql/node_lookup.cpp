@@ -17,11 +17,31 @@ struct Results {
     bool anyNull = false;
 };
 
-/// out[i] = table[rows[i] - low]. Plain loads: gathering instructions are slower on many processors.
+// Plain loads in both: gathering instructions are slower on many processors.
+
+/// out[i] = table[low byte of rows[i]]
+template <class Rows, class T> void pickByByte(const Rows* rows, std::size_t count, const T* table, T* out) {
+#pragma GCC unroll 8
+    for (std::size_t row = 0; row < count; ++row)
+        out[row] = table[static_cast<std::uint8_t>(rows[row])];
+}
+
+/// out[i] = table[rows[i] - low]
 template <class Rows, class T>
-void pickFrom(const Rows* rows, std::size_t count, const T* table, std::int32_t low, T* out) {
+void pickFromLow(const Rows* rows, std::size_t count, const T* table, std::int32_t low, T* out) {
+#pragma GCC unroll 8
     for (std::size_t row = 0; row < count; ++row)
         out[row] = table[rows[row] - low];
+}
+
+/// Entries for low, low + 1, … moved to the places of their low bytes.
+template <class T> void layOutByByte(std::vector<T>& entries, std::int32_t low) {
+    if (entries.empty())
+        return;
+    std::vector<T> table(256);
+    for (std::size_t entry = 0; entry < entries.size(); ++entry)
+        table[static_cast<std::uint8_t>(low + static_cast<std::int32_t>(entry))] = entries[entry];
+    entries = std::move(table);
 }
 
 class LookupNode final : public FlagNode {
@@ -30,6 +50,13 @@ class LookupNode final : public FlagNode {
         : m_place(place), m_low(low), m_results(std::move(results)), m_ofNull(std::move(ofNull)), m_storage(storage) {
         for (std::size_t entry = 0; entry < m_results.nulls.size(); ++entry)
             m_flags.push_back(holds(m_results, entry));
+        m_byByte = low >= INT8_MIN && low + static_cast<std::int64_t>(m_flags.size()) - 1 <= INT8_MAX;
+        if (!m_byByte)
+            return;
+        layOutByByte(m_flags, low);
+        layOutByByte(m_results.ints, low);
+        layOutByByte(m_results.reals, low);
+        layOutByByte(m_results.nulls, low);
     }
 
     Vec values(const Batch& batch) override {
@@ -67,11 +94,15 @@ class LookupNode final : public FlagNode {
     template <class T> void pick(const Column& column, const Batch& batch, const T* table, T* out) const {
         const Numbers& numbers = column.numbers;
         if (numbers.width() == Width::Constant) {
-            std::fill_n(out, batch.count, table[numbers.low() - m_low]);
+            const std::int32_t number = numbers.low();
+            std::fill_n(out, batch.count, table[m_byByte ? static_cast<std::uint8_t>(number) : number - m_low]);
             return;
         }
         numbers.visit([&](const auto* rows) {
-            pickFrom(rows + batch.first, batch.count, table, m_low, out);
+            if (m_byByte)
+                pickByByte(rows + batch.first, batch.count, table, out);
+            else
+                pickFromLow(rows + batch.first, batch.count, table, m_low, out);
         });
     }
 
@@ -101,6 +132,7 @@ class LookupNode final : public FlagNode {
 
     std::size_t m_place;
     std::int32_t m_low;
+    bool m_byByte = false; // every value of the column fits a byte
     Results m_results;
     Results m_ofNull;
     Storage m_storage;

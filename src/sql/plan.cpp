@@ -33,6 +33,17 @@ void collectReads(const Expr& expr, Reads& reads) {
         collectReads(*arg, reads);
 }
 
+/// Sums and products of whole numbers: the loops over arrays do these faster than any table.
+bool isPlainArithmetic(const Expr& expr) {
+    if (expr.kind == ExprKind::Column || expr.kind == ExprKind::Literal)
+        return expr.type == ExprType::Integer;
+    const bool plain = expr.kind == ExprKind::Binary &&
+                       (expr.binary == BinaryOp::Add || expr.binary == BinaryOp::Subtract ||
+                        expr.binary == BinaryOp::Multiply) &&
+                       expr.type == ExprType::Integer;
+    return plain && isPlainArithmetic(*expr.args[0]) && isPlainArithmetic(*expr.args[1]);
+}
+
 class Planner {
   public:
     explicit Planner(PlanContext& context) : m_context(context) {}
@@ -46,7 +57,8 @@ class Planner {
             return column(expr);
         if (auto test = bitTest(expr))
             return std::move(*test);
-        if (!reads.subselect && reads.columns.size() == 1 && isNarrow(*reads.columns.begin()))
+        if (!reads.subselect && reads.columns.size() == 1 && isNarrow(*reads.columns.begin()) &&
+            !isPlainArithmetic(expr))
             return lookupNode(expr, m_context.table, *reads.columns.begin(), m_context.pool, m_context.evaluations);
         return general(expr);
     }

@@ -16,8 +16,9 @@ bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0
 
 /// Byte after the character that starts at `at`.
 std::size_t nextCharacter(std::string_view text, std::size_t at) {
+    const std::size_t longest = std::min(text.size(), at + 4);
     ++at;
-    while (at < text.size() && isContinuation(text[at]))
+    while (at < longest && isContinuation(text[at]))
         ++at;
     return at;
 }

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <cmath>
 
 #include "base/number_text.h"
@@ -77,13 +78,30 @@ void call(sqlite3_context* context, int count, sqlite3_value** values) {
     answer(context, entry->function(argument(values[0]), count > 1 ? argument(values[1]) : Value()));
 }
 
-int errorNumber(int code) {
-    switch (code & 0xFF) {
+bool isLackOfRoom(int systemError) {
+    return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
+}
+
+/// Whether the system refused a write for want of room: a full disk, a used-up quota, a file at its size limit. SQLite
+/// knows only the first as such. Its note of the system's error may be overwritten when it rolls back; the file keeps
+/// its own.
+bool lacksRoom(sqlite3* handle) {
+    int ofFile = 0;
+    if (sqlite3_extended_errcode(handle) == SQLITE_IOERR_WRITE)
+        sqlite3_file_control(handle, "main", SQLITE_FCNTL_LAST_ERRNO, &ofFile);
+    return isLackOfRoom(sqlite3_system_errno(handle)) || isLackOfRoom(ofFile);
+}
+
+int errorNumber(sqlite3* handle) {
+    switch (sqlite3_errcode(handle) & 0xFF) {
     case SQLITE_NOTADB:
     case SQLITE_CORRUPT:
         return error::kNotADatabase;
     case SQLITE_FULL:
         return error::kDiskFull;
+    case SQLITE_IOERR:
+    case SQLITE_CANTOPEN: // the journal, when there is no room for it
+        return lacksRoom(handle) ? error::kDiskFull : error::kStorage;
     default:
         return error::kStorage;
     }
@@ -107,6 +125,9 @@ SqliteFile::SqliteFile(const std::filesystem::path& file, bool mustExist) {
         // deletion is replayed the same way either way.
         run("PRAGMA synchronous=FULL");
         run("PRAGMA cache_size=-16000");
+        // The file may be damaged: what its schema says is not run, and pages are checked before they are believed.
+        run("PRAGMA trusted_schema=OFF");
+        run("PRAGMA cell_size_check=ON");
         run("SELECT count(*) FROM sqlite_schema"); // a file that is no database shows here
     } catch (...) {
         close();
@@ -120,7 +141,13 @@ void SqliteFile::close() { sqlite3_close_v2(m_handle); }
 
 void SqliteFile::run(const std::string& statement) { SqliteQuery(*this, statement).run(); }
 
-void SqliteFile::fail() const { throw SqlError(errorNumber(sqlite3_errcode(m_handle)), sqlite3_errmsg(m_handle)); }
+void SqliteFile::fail() const {
+    const int number = errorNumber(m_handle);
+    if (number != error::kDiskFull)
+        throw SqlError(number, sqlite3_errmsg(m_handle));
+    const char* file = sqlite3_db_filename(m_handle, nullptr);
+    throw SqlError(number, std::string("磁盘空间不足,数据没有写入 ") + (file ? file : ""));
+}
 
 bool sqliteInTransaction(const SqliteFile& file) { return sqlite3_get_autocommit(file.handle()) == 0; }
 

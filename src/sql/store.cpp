@@ -77,6 +77,8 @@ void Store::begin() {
 }
 
 void Store::commit() {
+    if (m_transactionDepth == 0)
+        throw SqlError(error::kStorage, "没有可提交的事务"); // an inner one has been rolled back, and all with it
     if (m_transactionDepth == 1)
         m_file->run("COMMIT");
     --m_transactionDepth;

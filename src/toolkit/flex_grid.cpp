@@ -32,12 +32,21 @@ class CalmHeader : public QHeaderView {
     void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override {
         option->section = logicalIndex;
         option->text = model()->headerData(logicalIndex, orientation()).toString();
-        option->textAlignment = defaultAlignment();
+        option->textAlignment = alignmentOf(logicalIndex);
         option->position = positionOf(visualIndex(logicalIndex));
         option->selectedPosition = QStyleOptionHeader::NotAdjacent;
     }
 
   private:
+    Qt::Alignment alignmentOf(int logicalIndex) const {
+        const QVariant told = model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole);
+        if (!told.isValid())
+            return defaultAlignment();
+        if (told.metaType() == QMetaType::fromType<Qt::Alignment>())
+            return told.value<Qt::Alignment>();
+        return Qt::Alignment(told.toInt());
+    }
+
     QStyleOptionHeader::SectionPosition positionOf(int visual) const {
         if (count() == 1)
             return QStyleOptionHeader::OnlyOneSection;

@@ -2,6 +2,7 @@
 //
 // What makes it bear that size: every row has one fixed height, no header measures its contents, and the headings do
 // not ask whether their whole column is selected (that question takes seconds after Select All).
+// A heading stands in the middle unless the model tells another alignment for it.
 // Ctrl+C copies the selected cells as tab-separated text, one line a row; above kAskRows rows it asks first.
 #pragma once
 

@@ -3,8 +3,9 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QPalette>
-#include <QStyleFactory>
 #include <QTranslator>
+
+#include "toolkit/program_style.h"
 
 using namespace Qt::StringLiterals;
 
@@ -86,7 +87,7 @@ const Colours& colours(const QPalette& palette) {
 
 void applyLook(QApplication& application, Scheme scheme) {
     const bool dark = scheme == Scheme::System ? isDark(QApplication::palette()) : scheme == Scheme::Dark;
-    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setStyle(new ProgramStyle);
     QApplication::setPalette(makePalette(dark));
     QApplication::setFont(makeFont(QApplication::font()));
     translateOwnButtons(application);

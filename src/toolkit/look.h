@@ -27,7 +27,7 @@ struct Colours {
     QColor line;      ///< hairlines between groups
 };
 
-/// Fusion, the palette, the font list with a simplified Chinese face first, the Chinese texts of Qt's own buttons.
+/// The style, the palette, the font list with a simplified Chinese face first, the Chinese texts of Qt's own buttons.
 /// Scheme::System follows the lightness of the desktop's palette.
 void applyLook(QApplication& application, Scheme scheme = Scheme::System);
 

@@ -1,8 +1,10 @@
 #include "toolkit/window_place.h"
 
+#include <algorithm>
 #include <utility>
 
 #include <QEvent>
+#include <QScreen>
 #include <QSplitter>
 #include <QWidget>
 
@@ -11,6 +13,9 @@ using namespace Qt::StringLiterals;
 namespace toolkit {
 
 namespace {
+
+constexpr int kFrameWidth = 2;
+constexpr int kTitleHeight = 32;
 
 QString encoded(const QByteArray& state) {
     return QString::fromLatin1(state.toBase64());
@@ -42,6 +47,24 @@ class PlaceKeeper : public QObject {
 };
 
 } // namespace
+
+void placeOver(QWidget& window, QSize wanted) {
+    // The frame of a window is not known before it is shown: the parent's is taken, else a usual one.
+    const QWidget* parent = window.parentWidget() ? window.parentWidget()->window() : nullptr;
+    QMargins frame(kFrameWidth, kTitleHeight, kFrameWidth, kFrameWidth);
+    if (parent && parent->isVisible()) {
+        const QRect inner = parent->geometry();
+        const QRect outer = parent->frameGeometry();
+        frame = {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+                 outer.bottom() - inner.bottom()};
+    }
+    const QRect work = (parent ? parent->screen() : window.screen())->availableGeometry().marginsRemoved(frame);
+    QRect place({}, wanted.boundedTo(work.size()));
+    place.moveCenter(parent ? parent->geometry().center() : work.center());
+    place.moveLeft(std::clamp(place.left(), work.left(), work.right() + 1 - place.width()));
+    place.moveTop(std::clamp(place.top(), work.top(), work.bottom() + 1 - place.height()));
+    window.setGeometry(place);
+}
 
 bool restorePlace(QWidget& window, const PlaceStore& store) {
     if (!store.get)

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include <QByteArray>
+#include <QSize>
 #include <QString>
 
 class QWidget;
@@ -18,6 +19,11 @@ struct PlaceStore {
     std::function<QString(const QString& key)> get;
     std::function<void(const QString& key, const QString& value)> set;
 };
+
+/// First place of a window that has none to remember: over its parent, else in the middle of the screen, and with its
+/// frame no larger than the work area. Call it after the window is built and before it is shown.
+/// \param wanted  its size without the frame
+void placeOver(QWidget& window, QSize wanted);
 
 /// Sets the window to its remembered place. Call it after the window is built and before it is shown.
 /// \return whether there was one

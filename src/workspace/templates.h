@@ -24,6 +24,14 @@ inline constexpr TemplateFile kTemplateFiles[] = {
     {"numsave.mdb", "numsave.mdb"}, {"Gailv.mdb", "Gailv.mdb"},
 };
 
+/// What a user's new name gets: no six-red combinations.
+inline constexpr TemplateFile kRenamedUserFiles[] = {
+    {"Lishihaoma.mdb", ""},
+    {"filnum.mdb", "filnum.mdb"},
+    {"numsave.mdb", "numsave.mdb"},
+    {"Gailv.mdb", "Gailv.mdb"},
+};
+
 /// Makes every template that is missing. Those that are there stay as they are.
 /// \throws sql::SqlError kDiskFull, kPathNotFound, …; std::runtime_error when the whole file cannot be put in place
 void makeMissingTemplates(sql::Engine& engine, const std::filesystem::path& folder);

@@ -27,11 +27,12 @@ void makeTemplates(sql::Engine& engine, const std::filesystem::path& folder) {
 
 } // namespace
 
-void createUserFiles(sql::Engine& engine, const std::filesystem::path& folder, const QString& user) {
+void createUserFiles(sql::Engine& engine, const std::filesystem::path& folder, const QString& user,
+                     std::span<const TemplateFile> files) {
     makeTemplates(engine, folder);
     std::error_code ignored;
     std::filesystem::create_directory(userFolder(folder, user), ignored);
-    for (const TemplateFile& file : kTemplateFiles)
+    for (const TemplateFile& file : files)
         copyDatabase(folder / file.templateName, pathOf(folder, user, file));
 }
 

@@ -8,17 +8,21 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <span>
 
 #include <QString>
 
 #include "sql/database.h"
 #include "workspace/settings.h"
+#include "workspace/templates.h"
 #include "workspace/workspace.h"
 
 namespace workspace {
 
-/// Makes the user's folder and copies the five templates into it. Failures are passed over: opening repairs.
-void createUserFiles(sql::Engine& engine, const std::filesystem::path& folder, const QString& user);
+/// Makes the user's folder and copies the templates into it, all five of them or `files`. Failures are passed over:
+/// opening repairs.
+void createUserFiles(sql::Engine& engine, const std::filesystem::path& folder, const QString& user,
+                     std::span<const TemplateFile> files = kTemplateFiles);
 
 /// Deletes "\{user}.mdb" of the program's folder, then every file of the user's folder; the folder itself and folders
 /// in it stay.

@@ -33,8 +33,11 @@ UserList::UserList(Settings& settings) : m_settings(&settings) {
     m_lastEntered = std::clamp(entered, 0, count) - 1;
 }
 
-bool UserList::isTaken(const QString& name) const {
-    return std::any_of(m_users.begin(), m_users.end(), [&](const User& user) { return user.name == name; });
+bool UserList::isTaken(const QString& name, int exceptPlace) const {
+    for (int place = 0; place < count(); ++place)
+        if (place != exceptPlace && m_users[static_cast<std::size_t>(place)].name == name)
+            return true;
+    return false;
 }
 
 QString UserList::proposedName() const {
@@ -42,12 +45,17 @@ QString UserList::proposedName() const {
 }
 
 int UserList::add(const QString& name, const QString& password) {
-    if (count() == kMostUsers)
+    if (isFull())
         return -1;
     m_users.push_back({name, password});
     writeCount();
     write(count() - 1);
     return count() - 1;
+}
+
+void UserList::rename(int place, const QString& name, const QString& password) {
+    m_users[static_cast<std::size_t>(place)] = {name, password};
+    write(place);
 }
 
 void UserList::noteEntered(int place) {

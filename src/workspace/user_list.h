@@ -29,13 +29,16 @@ class UserList {
     int count() const { return static_cast<int>(m_users.size()); }
     /// Place of the user who entered last, or -1: "Ftopt", no further than the last user.
     int lastEntered() const { return m_lastEntered; }
+    bool isFull() const { return count() == kMostUsers; }
     /// Whether a user bears exactly this name; names that differ in case are two users.
-    bool isTaken(const QString& name) const;
+    /// \param exceptPlace  this user's own name does not count
+    bool isTaken(const QString& name, int exceptPlace = -1) const;
     /// "新用户" and the next number.
     QString proposedName() const;
 
     /// \return the new user's place, the last one, or -1 when the list is full (1,023 users)
     int add(const QString& name, const QString& password);
+    void rename(int place, const QString& name, const QString& password);
     /// Writes the place as "Ftopt".
     void noteEntered(int place);
     /// Every later user moves one place down; the section of the former last user stays as it is, out of reach.

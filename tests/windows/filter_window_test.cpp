@@ -10,11 +10,15 @@
 #include <QScrollArea>
 #include <QTest>
 
+#include <csignal>
+
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include "filter/windows/row_controls.h"
 #include "support/controls.h"
 #include "support/fresh_home.h"
+#include "support/modal_script.h"
 #include "toolkit/flex_grid.h"
 
 using namespace Qt::StringLiterals;
@@ -234,7 +238,11 @@ TEST_F(FilterWindowTest, ReasonsAndPagesLeaveTheTitleAlone) {
     EXPECT_EQ(shown(), 14);
     EXPECT_EQ(heading(8), u"参数"_s);
     EXPECT_EQ(heading(9), u"过滤缘故"_s);
-    EXPECT_EQ(grid().columnWidth(9), 853); // 12,800 twips
+    EXPECT_EQ(grid().columnWidth(9), 853);                                // 12,800 twips
+    const auto left = static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter); // its middle is out of sight
+    EXPECT_EQ(grid().model()->headerData(9, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), left);
+    EXPECT_EQ(grid().model()->index(0, 9).data(Qt::TextAlignmentRole).toInt(), left);
+    EXPECT_EQ(grid().model()->headerData(8, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), Qt::AlignCenter);
     EXPECT_EQ(grid().model()->index(0, 9).data().toString(), u"蓝球大小:3 保留9~99"_s);
     EXPECT_EQ(m_window->windowTitle(), title(7));
     press(kForm, u"optZzuhe(0)"_s);
@@ -288,6 +296,61 @@ TEST_F(FilterWindowTest, WhatChangedIsStoredOnceTheWindowIsIdle) {
     press(kForm, u"Option23"_s);
     EXPECT_TRUE(m_database->storePending());
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_database->storePending(); }));
+}
+
+/// While it lives no file can be written: what a full disk does.
+class FullDisk {
+  public:
+    FullDisk() {
+        m_before = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_limit);
+        const rlimit none{1, m_limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &none);
+    }
+    ~FullDisk() {
+        setrlimit(RLIMIT_FSIZE, &m_limit);
+        std::signal(SIGXFSZ, m_before);
+    }
+
+  private:
+    rlimit m_limit{};
+    void (*m_before)(int) = nullptr;
+};
+
+TEST_F(FilterWindowTest, AFullDiskIsToldOnceForTheSameChanges) {
+    press(kForm, u"Option23"_s);
+    {
+        const FullDisk full;
+        const test_support::ModalScript script({{u"MsgBox"_s, [](QWidget& box) {
+                                                     EXPECT_EQ(box.windowTitle(), u"数据库错误"_s);
+                                                     test_support::answer({}, QMessageBox::Ok)(box);
+                                                 }}});
+        m_window->close();
+        m_window.reset();
+    }
+    EXPECT_TRUE(m_database->storePending());
+    m_database->store(); // nothing was lost
+    EXPECT_FALSE(m_database->storePending());
+}
+
+TEST_F(FilterWindowTest, AFullDiskIsToldAgainAfterAnotherPress) {
+    const FullDisk full;
+    const test_support::ModalScript script({{u"MsgBox"_s, test_support::answer({}, QMessageBox::Ok)},
+                                            {u"MsgBox"_s, test_support::answer({}, QMessageBox::Ok)}});
+    m_window->storeNow();
+    m_window->storeNow();
+    EXPECT_EQ(script.left(), 1U);
+    press(kForm, u"Option23"_s);
+    m_window->storeNow();
+}
+
+TEST_F(FilterWindowTest, AColumnKeepsTheWidthThatItWasDraggedTo) {
+    grid().setColumnWidth(3, 77);
+    press(kForm, u"Option23"_s);
+    press(kForm, u"optZzuhe(1)"_s);
+    press(kForm, u"Command1"_s);
+    EXPECT_EQ(grid().columnWidth(3), 77);
+    EXPECT_EQ(grid().columnWidth(7), 43); // 650 twips
 }
 
 TEST_F(FilterWindowTest, TheBankerMemberFillsItsTableWithBankersInEveryRow) {

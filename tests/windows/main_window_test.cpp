@@ -174,6 +174,19 @@ TEST_F(MainWindow, NothingIsCutOffAtTheSmallestUsefulSize) {
 TEST_F(MainWindow, FitsASmallerScreenByScrolling) {
     open();
     EXPECT_LE(form->minimumSizeHint().height(), 600);
+    EXPECT_LE(form->minimumSizeHint().width(), 1024);
+}
+
+TEST_F(MainWindow, ALongUserNameLeavesRoomForTheOtherPanels) {
+    workspace.Username = QString(300, u'长');
+    open();
+    QTest::qWait(0);
+    const auto* user = controlAs<QLabel>(*form, u"StatusBar1(1)"_s);
+    const auto* rule = controlAs<QLabel>(*form, u"StatusBar1(4)"_s);
+    EXPECT_EQ(user->text(), u"用户："_s + workspace.Username);
+    EXPECT_LE(user->width(), 280);
+    EXPECT_GE(rule->width(), rule->fontMetrics().horizontalAdvance(rule->text()));
+    EXPECT_LE(rule->geometry().right(), form->width());
 }
 
 } // namespace

@@ -140,6 +140,27 @@ TEST_F(StartWindows, ACancelledNameProceedsAsAnEmptyOne) {
     EXPECT_EQ(UserList(settings).users().at(0).name, u"新用户1"_s); // at the next start
 }
 
+TEST_F(StartWindows, AFullListIsToldBeforeAnythingIsAsked) {
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Usernum"_s, workspace::kMostUsers);
+    show();
+    const ModalScript script({{u"MsgBox"_s, answer(u"用户数已达上限 1023 个，请先删除不用的用户然后再新建。"_s,
+                                                   u"用户名错误"_s, QMessageBox::Ok)}});
+    press(u"Label2"_s);
+    EXPECT_EQ(list().count(), workspace::kMostUsers);
+}
+
+TEST_F(StartWindows, ClosingItIsTheEndButEnteringIsNot) {
+    addUser(u"张三"_s);
+    show();
+    const QSignalSpy closed(window.get(), &StartWindow::closed);
+    list().setCurrentRow(0);
+    press(u"Label3"_s);
+    EXPECT_EQ(closed.count(), 0);
+    window->show();
+    window->close();
+    EXPECT_EQ(closed.count(), 1);
+}
+
 TEST_F(StartWindows, AUserWithoutPasswordEntersAtOnce) {
     addUser(u"张三"_s);
     addUser(u"李四"_s);

@@ -1,9 +1,12 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QHeaderView>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QSplitter>
 #include <QStandardItemModel>
@@ -242,6 +245,68 @@ TEST(WindowPlace, AStoredPlaceThatIsNoneIsPassedOver) {
     EXPECT_FALSE(toolkit::restorePlace(window, {[](const QString&) { return u"nonsense"_s; }, {}}));
     EXPECT_FALSE(toolkit::restorePlace(window, {}));
     EXPECT_EQ(window.size(), QSize(300, 200));
+}
+
+TEST(WindowPlace, TheFirstPlaceIsInsideTheWorkArea) {
+    QWidget window;
+    const QRect work = window.screen()->availableGeometry();
+    toolkit::placeOver(window, {5000, 4000});
+    EXPECT_TRUE(work.contains(window.geometry()));
+    EXPECT_GT(window.geometry().top(), work.top()); // room for the title
+    toolkit::placeOver(window, {300, 200});
+    EXPECT_EQ(window.size(), QSize(300, 200));
+}
+
+TEST(WindowPlace, TheFirstPlaceIsOverTheParentAsFarAsTheScreenGoes) {
+    QWidget parent;
+    parent.setGeometry(200, 150, 400, 300);
+    parent.show();
+    QWidget child(&parent, Qt::Window);
+    toolkit::placeOver(child, {200, 100});
+    EXPECT_EQ(child.geometry().center(), parent.geometry().center());
+    parent.setGeometry(-150, 20, 200, 100);
+    toolkit::placeOver(child, {300, 200});
+    EXPECT_TRUE(child.screen()->availableGeometry().contains(child.geometry()));
+}
+
+/// The darkest and the lightest grey of what a control paints.
+std::pair<int, int> greys(QWidget& control) {
+    const QImage image = control.grab().toImage();
+    std::pair<int, int> range{255, 0};
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x) {
+            const int grey = qGray(image.pixel(x, y));
+            range = {std::min(range.first, grey), std::max(range.second, grey)};
+        }
+    return range;
+}
+
+TEST(Look, AnEmptyMarkCanBeSeenOnADarkGround) {
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(31, 34, 39));
+    dark.setColor(QPalette::Base, QColor(40, 44, 51));
+    dark.setColor(QPalette::WindowText, QColor(228, 231, 236));
+    QCheckBox check;
+    QRadioButton option;
+    for (QWidget* mark : {static_cast<QWidget*>(&check), static_cast<QWidget*>(&option)}) {
+        mark->setPalette(dark);
+        mark->setAutoFillBackground(true);
+        mark->resize(20, 20);
+        const auto [darkest, lightest] = greys(*mark);
+        EXPECT_GT(lightest - darkest, 80) << mark->metaObject()->className();
+    }
+}
+
+TEST(Look, ATickedMarkDiffersFromAnEmptyOne) {
+    QCheckBox check;
+    check.resize(20, 20);
+    const QImage empty = check.grab().toImage();
+    check.setChecked(true);
+    const QImage ticked = check.grab().toImage();
+    check.setEnabled(false);
+    const QImage disabled = check.grab().toImage();
+    EXPECT_NE(empty, ticked);
+    EXPECT_NE(ticked, disabled);
 }
 
 TEST(Messages, AnInputBoxGivesItsTextOrNothing) {

@@ -22,7 +22,7 @@ namespace {
 // Long enough that a row of quick presses is stored once, short enough that a pause is safe: the full table is stored
 // in about a fifth of a second.
 constexpr int kIdleMs = 600;
-constexpr QSize kUsefulSize{1264, 762}; // a work area of 1280 x 800 less frame and title
+constexpr QSize kUsefulSize{1264, 762}; // fills a work area of 1280 x 800 with its frame and title
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -39,6 +39,8 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
+    toolkit::placeOver(*this, kUsefulSize);
+    toolkit::keepPlace(*this, m_context.places);
     setBaoliu();
     m_storeTimer.setSingleShot(true);
     m_storeTimer.setInterval(kIdleMs);
@@ -70,7 +72,6 @@ void FilterWindow::layOut() {
     line->addWidget(m_tableArea);
     line->addWidget(buildMiddle());
     line->addWidget(m_results, 1);
-    resize(kUsefulSize);
 }
 
 void FilterWindow::changeMode(Mode mode) {
@@ -194,6 +195,7 @@ void FilterWindow::setBaoliu() {
 }
 
 void FilterWindow::scheduleStore() {
+    m_failureTold = false;
     m_storeTimer.start();
 }
 
@@ -204,6 +206,9 @@ void FilterWindow::storeNow() {
     try {
         m_context.dbFilnum.store();
     } catch (const sql::SqlError& error) {
+        if (m_failureTold)
+            return; // the same changes failed before; they stay pending
+        m_failureTold = true;
         toolkit::showMessage(this, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
     }
 }

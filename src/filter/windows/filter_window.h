@@ -12,6 +12,7 @@
 #include "filter/parameter_run.h"
 #include "filter/result_view.h"
 #include "filter/row_states.h"
+#include "toolkit/window_place.h"
 
 class QPushButton;
 class QScrollArea;
@@ -27,8 +28,9 @@ class RunPanel;
 struct FilterContext {
     sql::Database& dbFilnum;
     const history::History& history;
-    int Bitnum;           ///< highest red number
-    std::int16_t& Baoliu; ///< keep or remove, one flag for all filter windows
+    int Bitnum;                   ///< highest red number
+    std::int16_t& Baoliu;         ///< keep or remove, one flag for all filter windows
+    toolkit::PlaceStore places{}; ///< where the windows remember their place; without functions they do not
 };
 
 class FilterWindow : public QDialog {
@@ -40,7 +42,7 @@ class FilterWindow : public QDialog {
 
     /// The load step: drops, makes and fills the table, then shows it. Clears input.Multirows.
     void load(selection::GenerationInput& input, const selection::Progress& progress = {});
-    /// Writes what presses have changed to the file, if anything.
+    /// Writes what presses have changed to the file, if anything. A failure is told once for the same changes.
     void storeNow();
     void done(int result) override;
 
@@ -69,6 +71,7 @@ class FilterWindow : public QDialog {
     RowStates m_states;
     ResultView m_view;
     QTimer m_storeTimer;
+    bool m_failureTold = false; ///< that what is pending could not be stored
     ParameterTable* m_table;
     QScrollArea* m_tableArea = nullptr;
     RunPanel* m_panel;

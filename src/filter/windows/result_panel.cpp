@@ -45,14 +45,20 @@ ResultPanel::ResultPanel(QWidget* parent)
         m_grid->setCurrentIndex(m_model->index(cell.row(), 0));
         emit rowDoubleClicked(cell.row());
     });
+    connect(m_grid->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (!m_applying)
+            m_dragged[column] = width;
+    });
     connect(m_grid->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
             [this] { emit rowDoubleClicked(-1); });
 }
 
 void ResultPanel::show(View view) {
+    m_applying = true; // the header resizes columns of its own when their count changes
     m_model->show(std::move(view));
     m_grid->scrollToTop();
     applyWidths();
+    m_applying = false;
 }
 
 void ResultPanel::applyWidths() {
@@ -61,7 +67,10 @@ void ResultPanel::applyWidths() {
         const GridColumn& told = columns[static_cast<std::size_t>(column)];
         const int heading =
             m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(told.heading));
-        m_grid->setColumnWidth(column, std::max(told.widthTwips / kTwipsPerPixel, heading + kHeadingPadding));
+        const auto dragged = m_dragged.find(column);
+        m_grid->setColumnWidth(column, dragged != m_dragged.end()
+                                           ? dragged->second
+                                           : std::max(told.widthTwips / kTwipsPerPixel, heading + kHeadingPadding));
     }
 }
 

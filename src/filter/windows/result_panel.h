@@ -1,6 +1,8 @@
 // The right of a filter window: the grid of bets and its paging.
 #pragma once
 
+#include <map>
+
 #include <QLineEdit>
 #include <QPushButton>
 #include <QWidget>
@@ -31,11 +33,14 @@ class ResultPanel : public QWidget {
     void rowDoubleClicked(int row);
 
   private:
+    /// A column that the user has dragged keeps his width from view to view.
     void applyWidths();
 
     RowsModel* m_model;
     toolkit::FlexGrid* m_grid;
     QLineEdit* m_page;
+    std::map<int, int> m_dragged; ///< widths by column
+    bool m_applying = false;
     QPushButton* m_turn;
 };
 

@@ -45,6 +45,7 @@ void PressButton::markUsed() {
     if (toolkit::isDark(palette()))
         setGround(QColor(214, 222, 255)); // pure blue cannot be read on a dark ground
     QPalette used = palette();
+    used.setColor(QPalette::Base, Qt::white); // the mark: a dark one without a dot would look chosen there
     used.setColor(QPalette::WindowText, QColor(0, 0, 255));
     setPalette(used);
 }

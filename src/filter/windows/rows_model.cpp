@@ -19,6 +19,11 @@ void RowsModel::setGrey(int row, bool grey) {
     emit dataChanged(index(row, 0), index(row, 0), {Qt::BackgroundRole});
 }
 
+QVariant RowsModel::alignment(int column) const {
+    const bool left = m_view.columns[static_cast<std::size_t>(column)].isText;
+    return QVariant::fromValue(left ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment(Qt::AlignCenter));
+}
+
 int RowsModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_view.rows.count());
 }
@@ -31,7 +36,7 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
     if (role == Qt::TextAlignmentRole)
-        return index.column() < 9 ? QVariant(Qt::AlignCenter) : QVariant(Qt::AlignLeft | Qt::AlignVCenter);
+        return alignment(index.column());
     if (role == Qt::BackgroundRole)
         return index.column() == 0 && m_grey.contains(index.row()) ? QVariant(QColor(178, 178, 178)) : QVariant();
     if (role == Qt::DisplayRole)
@@ -45,8 +50,11 @@ QVariant RowsModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RowsModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole ||
-        static_cast<std::size_t>(section) >= m_view.columns.size())
+    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return alignment(section);
+    if (role != Qt::DisplayRole)
         return {};
     return QString::fromStdString(m_view.columns[static_cast<std::size_t>(section)].heading);
 }

@@ -28,6 +28,8 @@ class RowsModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
+    QVariant alignment(int column) const;
+
     View m_view;
     std::unordered_set<int> m_grey;
 };

@@ -31,6 +31,7 @@ namespace {
 
 constexpr int kBetPanel = 3; // the third panel of the status bar
 const QSize kDesignSize{1280, 760};
+constexpr int kUserPanelWidth = 280; // a longer name is cut: the counts beside it have to be seen
 constexpr int kPadWidth = 420;
 constexpr int kSharesWidth = 390;
 constexpr int kHistoryWidth = 450;
@@ -47,7 +48,22 @@ QWidget* scrolled(QWidget* content, const QString& name) {
     return area;
 }
 
+/// On a screen too narrow for all three columns the row of them scrolls; each scrolls up and down by itself.
+QWidget* sideways(QWidget* columns) {
+    auto* area = new QScrollArea;
+    area->setObjectName(u"ScrollColumns"_s);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidget(columns);
+    return area;
+}
+
 } // namespace
+
+toolkit::PlaceStore placesIn(const UserSettings& settings) {
+    return {[get = settings.get](const QString& key) { return get(u"Place"_s, key, {}); },
+            [set = settings.set](const QString& key, const QString& value) { set(u"Place"_s, key, value); }};
+}
 
 Form1::Form1(MainContext& context, QWidget* parent) : QMainWindow(parent), m_context(context) {
     loadIcons();
@@ -63,11 +79,8 @@ Form1::Form1(MainContext& context, QWidget* parent) : QMainWindow(parent), m_con
     m_tree->check(u"meuDanxuan"_s, selection::Pad::kBetReds);
     showHistory();
     showStatus();
-    resize(kDesignSize);
-    toolkit::keepPlace(*this, {[this](const QString& key) { return m_context.settings.get(u"Place"_s, key, {}); },
-                               [this](const QString& key, const QString& value) {
-                                   m_context.settings.set(u"Place"_s, key, value);
-                               }});
+    toolkit::placeOver(*this, kDesignSize);
+    toolkit::keepPlace(*this, placesIn(m_context.settings));
 }
 
 void Form1::registerCommands() {
@@ -100,7 +113,7 @@ void Form1::buildWindow() {
     central->setObjectName(u"Central"_s);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(8, 8, 8, 4);
-    layout->addWidget(splitter);
+    layout->addWidget(sideways(splitter));
     setCentralWidget(central);
 }
 
@@ -126,6 +139,7 @@ void Form1::buildStatusBar() {
         m_panels[static_cast<std::size_t>(index - 1)] = panel;
         statusBar()->addWidget(panel, index == kBetPanel ? 1 : 0);
     }
+    m_panels.front()->setMaximumWidth(kUserPanelWidth);
 }
 
 void Form1::readSettings() {

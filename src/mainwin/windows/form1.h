@@ -12,6 +12,7 @@
 #include "mainwin/main_context.h"
 #include "mainwin/menu_rules.h"
 #include "mainwin/stability.h"
+#include "toolkit/window_place.h"
 
 namespace selection {
 class PadPanel;
@@ -26,6 +27,9 @@ class CommandTree;
 class DrawPanel;
 class HistoryPanel;
 class SharePanel;
+
+/// Where the user's windows remember their places.
+toolkit::PlaceStore placesIn(const UserSettings& settings);
 
 class Form1 : public QMainWindow {
     Q_OBJECT

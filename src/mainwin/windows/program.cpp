@@ -13,6 +13,7 @@
 #include "workspace/setting_names.h"
 #include "workspace/templates.h"
 #include "workspace/user_files.h"
+#include "workspace/windows/rename_user.h"
 #include "workspace/windows/start_window.h"
 
 using namespace Qt::StringLiterals;
@@ -53,6 +54,7 @@ Program::~Program() = default;
 void Program::start() {
     m_start = std::make_unique<workspace::StartWindow>(settings, users, engine, m_folder);
     connect(m_start.get(), &workspace::StartWindow::entered, this, &Program::enter);
+    connect(m_start.get(), &workspace::StartWindow::closed, this, &Program::ended);
     m_start->show();
 }
 
@@ -65,8 +67,19 @@ void Program::enter() {
     m_context = std::make_unique<MainContext>(MainContext{workspace, history, pad, userSettings(), {}});
     registerCommands();
     m_form = std::make_unique<Form1>(*m_context);
-    connect(m_form.get(), &Form1::closed, this, &Program::ended);
+    connect(m_form.get(), &Form1::closed, this, &Program::finish);
     m_form->show();
+}
+
+/// What a failed store left pending is tried once more, so that nothing is lost without a word.
+void Program::finish() {
+    try {
+        if (workspace.dbFilnum->storePending())
+            workspace.dbFilnum->store();
+    } catch (const sql::SqlError& error) {
+        toolkit::showMessage(nullptr, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
+    }
+    emit ended();
 }
 
 bool Program::openWorkspace() {
@@ -101,6 +114,8 @@ void Program::registerCommands() {
     // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
     const auto withBlues = [this] { return pad.Bluecnt > 0; };
     m_context->commands.on(u"mnuRed"_s, [this](int) { readHistory(); });
+    m_context->commands.on(u"mnuName"_s,
+                           [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, m_folder); });
     m_context->commands.on(
         u"mnuLst"_s,
         [this](int) {
@@ -108,7 +123,8 @@ void Program::registerCommands() {
             enumerate("GAgan");
         },
         withBlues);
-    m_context->commands.on(u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, withBlues);
+    m_context->commands.on(
+        u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, withBlues);
 }
 
 void Program::readHistory() {
@@ -130,8 +146,9 @@ void Program::enumerate(std::string_view form) {
     generation.Genreds = pad.Redcnt;
     generation.chosen = {listOf(pad.Redlist, pad.Redcnt), listOf(pad.Danlist, pad.Dancnt),
                          listOf(pad.Bluelist, pad.Bluecnt)};
-    filter::FilterWindow window(*filter::findMember(form),
-                                {*workspace.dbFilnum, history, workspace.Bitnum, Baoliu}, m_form.get());
+    filter::FilterWindow window(
+        *filter::findMember(form),
+        {*workspace.dbFilnum, history, workspace.Bitnum, Baoliu, placesIn(m_context->settings)}, m_form.get());
     {
         toolkit::ProgressDialog progress(m_form.get());
         progress.begin();

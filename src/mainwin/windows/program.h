@@ -1,8 +1,8 @@
 // The program: everything that lives from the start of the process to its end, and the way from window to window.
 //
 // One object, built in main() and handed by reference to nobody as a whole: each window gets the parts that it works
-// on. Order: construct, start() shows the users (Frmpre); when one has entered his workspace is opened, repaired where
-// that is told, and the main window (Form1) stands; when that closes the process ends.
+// on. Order: construct, start() shows the users (Frmpre); when one has entered his workspace is opened, repaired
+// where that is told, and the main window (Form1) stands; when that closes the process ends.
 //
 // A new window opens from registerCommands(): one row, the name of its menu entry and what to do.
 #pragma once
@@ -50,11 +50,12 @@ class Program : public QObject {
     std::int16_t Baoliu = -1;              ///< keep or remove, one flag for all filter windows
 
   signals:
-    /// The main window was closed, or a workspace could not be opened.
+    /// The first or the main window was closed, or a workspace could not be opened.
     void ended();
 
   private:
     void enter();
+    void finish();
     bool openWorkspace();
     void registerCommands();
     void readHistory();

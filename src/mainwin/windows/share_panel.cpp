@@ -36,6 +36,10 @@ QSize ShareBar::sizeHint() const {
     return {44, 8};
 }
 
+QSize ShareBar::minimumSizeHint() const {
+    return {24, 8};
+}
+
 void ShareBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -21,6 +21,7 @@ class ShareBar : public QWidget {
     void setLength(double length);
     double length() const { return m_length; }
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

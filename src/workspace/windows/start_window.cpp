@@ -1,5 +1,6 @@
 #include "workspace/windows/start_window.h"
 
+#include <QCloseEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,6 +12,7 @@
 #include "workspace/user_files.h"
 #include "workspace/windows/click_label.h"
 #include "workspace/windows/login_dialog.h"
+#include "workspace/windows/user_prompts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -124,31 +126,15 @@ int StartWindow::selectedPlace() const {
     return item && item->isSelected() ? m_lstName->currentRow() : -1;
 }
 
-QString StartWindow::askName() {
-    for (;;) {
-        const QString name = toolkit::askText(this, u"请输入用户名和彩票标示(比如:张先生[北京体彩36选7])："_s,
-                                              u"用户名输入"_s, m_users.proposedName());
-        if (!m_users.isTaken(name))
-            return name;
-        toolkit::showMessage(this, u"此用户名已经被注册，请换用其他的名字"_s);
-    }
-}
-
-QString StartWindow::askPassword() {
-    const QString title = u"用户密码设置"_s;
-    for (;;) {
-        const QString password = toolkit::askText(this, u"请输入用户密码(如果不需要密码则不输入)："_s, title);
-        if (toolkit::askText(this, u"请再次输入用户密码(如果不需要密码则不输入)："_s, title) == password)
-            return password;
-        toolkit::showMessage(this, u"您两次设置的密码不同，请确认后再次输入"_s);
-    }
-}
-
 void StartWindow::createUser() {
-    const QString name = askName();
-    const int place = m_users.add(name, askPassword());
-    if (place < 0)
-        return; // the list is full
+    if (m_users.isFull()) {
+        toolkit::showMessage(this, u"用户数已达上限 %1 个，请先删除不用的用户然后再新建。"_s.arg(kMostUsers),
+                             u"用户名错误"_s);
+        return;
+    }
+    const QString name =
+        askUserName(this, m_users.proposedName(), [this](const QString& asked) { return m_users.isTaken(asked); });
+    const int place = m_users.add(name, askUserPassword(this));
     addItem(name);
     m_lstName->setCurrentRow(place);
     createUserFiles(m_engine, m_folder, name);
@@ -201,6 +187,11 @@ void StartWindow::deleteUser() {
     m_lstName->setCurrentRow(-1); // the next press must not hit a neighbour that nobody picked
     for (int row = place; row < m_lstName->count(); ++row)
         m_lstName->item(row)->setData(Qt::UserRole, row + 1);
+}
+
+void StartWindow::closeEvent(QCloseEvent* event) {
+    QWidget::closeEvent(event);
+    emit closed();
 }
 
 } // namespace workspace

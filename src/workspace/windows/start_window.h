@@ -33,6 +33,11 @@ class StartWindow : public QWidget {
 
   signals:
     void entered();
+    /// The window was closed before anybody entered: the program ends.
+    void closed();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     QWidget* buildHead();
@@ -40,8 +45,6 @@ class StartWindow : public QWidget {
     void addItem(const QString& name);
     void fillList();
     int selectedPlace() const;
-    QString askName();
-    QString askPassword();
     /// Asks for the user's password, if there is one. \return whether it was given
     bool unlock(int place);
 

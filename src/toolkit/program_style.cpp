@@ -1,0 +1,98 @@
+#include "toolkit/program_style.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+#include "toolkit/look.h"
+
+namespace toolkit {
+
+namespace {
+
+constexpr qreal kOutline = 1.2;
+constexpr qreal kCorner = 3;
+
+struct MarkColours {
+    QColor outline;
+    QColor ground;
+    QColor sign;
+};
+
+MarkColours markColours(const QStyleOption& option) {
+    const Colours& look = colours(option.palette);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const bool marked = option.state & (QStyle::State_On | QStyle::State_NoChange);
+    const bool pointed = option.state & (QStyle::State_MouseOver | QStyle::State_HasFocus);
+    const QColor accent = option.palette.color(QPalette::Active, QPalette::Highlight);
+    const QColor faint = option.palette.color(QPalette::Disabled, QPalette::WindowText);
+    if (!enabled)
+        return {faint, option.palette.color(QPalette::Window), faint};
+    if (marked)
+        return {accent, accent, option.palette.color(QPalette::HighlightedText)};
+    return {pointed ? accent : look.quiet, option.palette.color(QPalette::Base), accent};
+}
+
+/// The square, on whole pixels, that a mark fills in its rectangle.
+QRectF markBox(const QRect& rect) {
+    const int side = std::min(rect.width(), rect.height()) - 2;
+    return QRectF(rect.x() + (rect.width() - side) / 2 + 0.5, rect.y() + (rect.height() - side) / 2 + 0.5, side - 1,
+                  side - 1);
+}
+
+void drawCheck(QPainter& painter, const QStyleOption& option) {
+    const MarkColours look = markColours(option);
+    const QRectF box = markBox(option.rect);
+    painter.setPen(QPen(look.outline, kOutline));
+    painter.setBrush(look.ground);
+    painter.drawRoundedRect(box, kCorner, kCorner);
+    const auto at = [&box](qreal x, qreal y) {
+        return QPointF(box.x() + x * box.width(), box.y() + y * box.height());
+    };
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(look.sign, box.width() / 7, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    if (option.state & QStyle::State_On)
+        painter.drawPolyline(QPolygonF{at(0.22, 0.54), at(0.43, 0.74), at(0.79, 0.29)});
+    else if (option.state & QStyle::State_NoChange)
+        painter.drawLine(at(0.25, 0.5), at(0.75, 0.5));
+}
+
+void drawOption(QPainter& painter, const QStyleOption& option) {
+    const MarkColours look = markColours(option);
+    const QRectF box = markBox(option.rect);
+    painter.setPen(QPen(look.outline, kOutline));
+    painter.setBrush(look.ground);
+    painter.drawEllipse(box);
+    if (!(option.state & QStyle::State_On))
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look.sign);
+    painter.drawEllipse(box.center(), box.width() / 5, box.height() / 5);
+}
+
+} // namespace
+
+ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                 const QWidget* widget) const {
+    if (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (element == PE_IndicatorCheckBox)
+        drawCheck(*painter, *option);
+    else
+        drawOption(*painter, *option);
+    painter->restore();
+}
+
+int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* returned) const {
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
+} // namespace toolkit

@@ -1,0 +1,28 @@
+#include "workspace/windows/rename_user.h"
+
+#include "workspace/paths.h"
+#include "workspace/setting_names.h"
+#include "workspace/user_files.h"
+#include "workspace/windows/user_prompts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace workspace {
+
+void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine,
+                const std::filesystem::path& folder) {
+    const int place = users.lastEntered();
+    const QString section = u"Username%1"_s.arg(place + 1);
+    const QString proposed = settings.value(setting::kProgram, section, u"Name"_s, u"未知彩票"_s);
+    const QString name = askUserName(
+        parent, proposed, [&](const QString& asked) { return !asked.isEmpty() && users.isTaken(asked, place); });
+    if (name.isEmpty())
+        return;
+    const QString password = askUserPassword(parent);
+    const QString before = users.users()[static_cast<std::size_t>(place)].name;
+    if (folderName(name) != folderName(before))
+        createUserFiles(engine, folder, name, kRenamedUserFiles);
+    users.rename(place, name, password);
+}
+
+} // namespace workspace

@@ -1,0 +1,55 @@
+// The program that gets killed: crash_driver FOLDER SEED
+//
+// It opens the workspace in the folder and does operations for ever, and says so on its standard output, each line
+// written at once:
+//   ready CONTENTS            the workspace is open
+//   begin N OPERATION         the operation starts
+//   changed N CONTENTS        the combination table is changed in memory and goes into its file next
+//   done N CONTENTS           all of the operation is committed
+// CONTENTS are four words: draws, selections, setting, checksum of the combination table.
+#include <unistd.h>
+
+#include <cstdlib>
+#include <iostream>
+
+#include "crash/work.h"
+
+namespace {
+
+void say(const std::string& line) {
+    const std::string whole = line + "\n";
+    if (::write(STDOUT_FILENO, whole.data(), whole.size()) != static_cast<ssize_t>(whole.size()))
+        std::exit(3); // nobody listens any more
+}
+
+std::string words(const crash::Contents& contents) {
+    return contents.draws + " " + contents.selections + " " + contents.setting + " " + contents.table;
+}
+
+void workForEver(crash::Work& work, std::mt19937& random) {
+    for (int number = 1;; ++number) {
+        const std::string name = " " + std::to_string(number) + " ";
+        const std::string operation = crash::Work::kOperations[random() % std::size(crash::Work::kOperations)];
+        say("begin" + name + operation);
+        work.run(operation, random);
+        say("changed" + name + words(work.contents()));
+        work.store();
+        say("done" + name + words(work.contents()));
+    }
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    if (count != 3)
+        return 2;
+    try {
+        std::mt19937 random(static_cast<unsigned>(std::strtoul(arguments[2], nullptr, 10)));
+        crash::Work work(arguments[1]);
+        say("ready " + words(work.contents()));
+        workForEver(work, random);
+    } catch (const std::exception& failed) {
+        say(std::string("failed ") + failed.what());
+        return 1;
+    }
+}
