@@ -17,34 +17,6 @@ bool isInternal(const std::string& table) {
     return name.starts_with("column_store_") || name.starts_with("sqlite_");
 }
 
-<<<<<<< HEAD
-=======
-/// Several SQLite statements as one step: all or nothing.
-class Savepoint {
-  public:
-    explicit Savepoint(SqliteFile& file) : m_file(&file) { m_file->run("SAVEPOINT step"); }
-    ~Savepoint() {
-        if (!m_file)
-            return;
-        try {
-            m_file->run("ROLLBACK TO step");
-            m_file->run("RELEASE step");
-        } catch (const SqlError&) {
-            // A full disk may have rolled back everything by now, the savepoint too.
-        }
-    }
-    Savepoint(const Savepoint&) = delete;
-    Savepoint& operator=(const Savepoint&) = delete;
-    void release() {
-        m_file->run("RELEASE step");
-        m_file = nullptr;
-    }
-
-  private:
-    SqliteFile* m_file;
-};
-
->>>>>>> wb
 /// Rows that are kept whole: distinct ones and aggregates.
 class KeptRows final : public Rows::Source {
   public:

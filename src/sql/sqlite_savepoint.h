@@ -1,6 +1,7 @@
 // Several SQLite statements as one step.
 #pragma once
 
+#include "sql/error.h"
 #include "sql/sqlite_file.h"
 
 namespace sql {
@@ -10,9 +11,13 @@ class Savepoint {
   public:
     explicit Savepoint(SqliteFile& file) : m_file(&file) { m_file->run("SAVEPOINT step"); }
     ~Savepoint() {
-        if (m_file) {
+        if (!m_file)
+            return;
+        try {
             m_file->run("ROLLBACK TO step");
             m_file->run("RELEASE step");
+        } catch (const SqlError&) {
+            // A full disk may have rolled back everything by now, the savepoint too.
         }
     }
     Savepoint(const Savepoint&) = delete;
