@@ -27,7 +27,7 @@ struct Setting {
 };
 
 constexpr Setting kSettings[] = {
-    {kSqlite, sql::Executor::Sqlite, 1, 3},
+    {kSqlite, sql::Executor::Sqlite, 1, 1},
     {kColumn, sql::Executor::Column, 1, 11},
     {kFull, sql::Executor::Column, 16, 9},
 };
