@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <bit>
 
+#include "sql/vector_loop.h"
+
 namespace filter {
 namespace {
 
@@ -15,8 +17,9 @@ struct Occurring {
 };
 
 /// Adds six rows of bits: hits[draw] = ones + 2 twos + 4 fours. A plain loop that the compiler vectorises.
-Occurring addSix(const std::array<const std::uint64_t*, 6>& rows, std::size_t words, std::uint64_t* __restrict ones,
-                 std::uint64_t* __restrict twos, std::uint64_t* __restrict fours) {
+SSQ_VECTOR_LOOP Occurring addSix(const std::array<const std::uint64_t*, 6>& rows, std::size_t words,
+                                 std::uint64_t* __restrict ones, std::uint64_t* __restrict twos,
+                                 std::uint64_t* __restrict fours) {
     const auto [a, b, c, d, e, f] = rows;
     Occurring occurring;
     for (std::size_t word = 0; word < words; ++word) {
@@ -44,6 +47,15 @@ Occurring addSix(const std::array<const std::uint64_t*, 6>& rows, std::size_t wo
     return occurring;
 }
 
+/// out := rows of bits, some of them inverted, that all hold.
+SSQ_VECTOR_LOOP void select(std::array<const std::uint64_t*, 3> digits, std::array<std::uint64_t, 3> inverted,
+                            const std::uint64_t* valid, std::size_t words, std::uint64_t* __restrict out) {
+    const auto [ones, twos, fours] = digits;
+    for (std::size_t word = 0; word < words; ++word)
+        out[word] =
+            (ones[word] ^ inverted[0]) & (twos[word] ^ inverted[1]) & (fours[word] ^ inverted[2]) & valid[word];
+}
+
 } // namespace
 
 bool isRegularDraw(const history::Draw& draw) {
@@ -59,7 +71,7 @@ bool isRegularDraw(const history::Draw& draw) {
 DrawBits::DrawBits(std::span<const history::Draw> draws)
     : m_words((draws.size() + kBitsOfWord * kWordsOfStep - 1) / (kBitsOfWord * kWordsOfStep) * kWordsOfStep),
       m_numbers(64 * m_words), m_valid(m_words), m_slotOfDraw(draws.size()), m_lastBlue(draws.back()[7]),
-      m_lastDraw(draws.size() - 1), m_ones(m_words), m_twos(m_words), m_fours(m_words) {
+      m_lastDraw(draws.size() - 1), m_ones(m_words), m_twos(m_words), m_fours(m_words), m_selected(m_words) {
     for (std::size_t draw = 0; draw < draws.size(); ++draw) {
         const std::size_t word = draw / kBitsOfWord;
         const std::uint64_t bit = std::uint64_t{1} << (draw % kBitsOfWord);
@@ -126,20 +138,20 @@ std::int32_t DrawBits::mostHits() const {
     return hits;
 }
 
-/// The draws of a word with exactly so many hits.
-std::uint64_t DrawBits::withHits(std::int32_t hits, std::size_t word) const {
-    const std::uint64_t one = hits & 1 ? m_ones[word] : ~m_ones[word];
-    const std::uint64_t two = hits & 2 ? m_twos[word] : ~m_twos[word];
-    const std::uint64_t four = hits & 4 ? m_fours[word] : ~m_fours[word];
-    return one & two & four & m_valid[word];
+/// The draws with exactly so many hits, in the first words.
+void DrawBits::selectHits(std::int32_t hits, std::size_t words) {
+    const auto inverted = [hits](std::int32_t digit) { return hits & digit ? 0 : ~std::uint64_t{0}; };
+    select({m_ones.data(), m_twos.data(), m_fours.data()}, {inverted(1), inverted(2), inverted(4)}, m_valid.data(),
+           words, m_selected.data());
 }
 
 void DrawBits::findBest() {
     std::fill_n(m_mostWithBlue.begin(), m_slots, kNone);
+    selectHits(m_most, m_words);
     m_firstMost = kNone;
     std::size_t missing = m_slots - 1;
     for (std::size_t word = 0; word < m_words && missing > 0; ++word) {
-        for (std::uint64_t rest = withHits(m_most, word); rest != 0; rest &= rest - 1) {
+        for (std::uint64_t rest = m_selected[word]; rest != 0; rest &= rest - 1) {
             const std::size_t draw = word * kBitsOfWord + static_cast<std::size_t>(std::countr_zero(rest));
             std::int32_t& first = m_mostWithBlue[m_slotOfDraw[draw]];
             if (first != kNone)
@@ -157,9 +169,10 @@ void DrawBits::findOneLess() {
     if (m_most == 0)
         return;
     const auto end = static_cast<std::size_t>(m_firstMost);
+    selectHits(m_most - 1, end / kBitsOfWord + 1);
     std::size_t missing = m_slots - 1;
     for (std::size_t word = 0; word * kBitsOfWord < end && missing > 0; ++word) {
-        for (std::uint64_t rest = withHits(m_most - 1, word); rest != 0; rest &= rest - 1) {
+        for (std::uint64_t rest = m_selected[word]; rest != 0; rest &= rest - 1) {
             const std::size_t draw = word * kBitsOfWord + static_cast<std::size_t>(std::countr_zero(rest));
             std::int32_t& first = m_lessWithBlue[m_slotOfDraw[draw]];
             if (draw >= end || first != kNone)

@@ -51,7 +51,7 @@ class DrawBits {
 
     void addReds(NumberMask reds);
     std::int32_t mostHits() const;
-    std::uint64_t withHits(std::int32_t hits, std::size_t word) const;
+    void selectHits(std::int32_t hits, std::size_t words);
     void findBest();
     void findOneLess();
     std::size_t slotOf(std::int32_t blue) const;
@@ -68,6 +68,7 @@ class DrawBits {
 
     // Of the reds matched last:
     std::vector<std::uint64_t> m_ones, m_twos, m_fours; // hits of each draw, as binary digits
+    std::vector<std::uint64_t> m_selected;              // draws with the hits that were asked for last
     std::array<bool, 7> m_occurs{};                     // whether some draw has that many hits, 1..6
     std::int32_t m_most = 0;
     std::int32_t m_firstMost = kNone;              // first draw with the most hits

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "sql/column_query.h"
+#include "sql/vector_loop.h"
 
 namespace sql {
 
@@ -17,6 +18,30 @@ Column& columnOf(ColumnTable& table, const std::string& name, std::initializer_l
     if (std::find(types.begin(), types.end(), column.def.type) == types.end())
         throw SqlError(error::kTypeMismatch, "字段不是整数 " + name);
     return column;
+}
+
+struct Bounds {
+    std::int32_t low = INT32_MAX;
+    std::int32_t high = INT32_MIN;
+};
+
+/// Of the rows that are marked.
+SSQ_VECTOR_LOOP Bounds boundsOf(const std::int32_t* values, const std::uint8_t* written, std::size_t count) {
+    Bounds bounds;
+    for (std::size_t row = 0; row < count; ++row) {
+        bounds.low = std::min(bounds.low, written[row] ? values[row] : INT32_MAX);
+        bounds.high = std::max(bounds.high, written[row] ? values[row] : INT32_MIN);
+    }
+    return bounds;
+}
+
+SSQ_VECTOR_LOOP Bounds boundsOf(const std::int32_t* values, std::size_t count) {
+    Bounds bounds;
+    for (std::size_t row = 0; row < count; ++row) {
+        bounds.low = std::min(bounds.low, values[row]);
+        bounds.high = std::max(bounds.high, values[row]);
+    }
+    return bounds;
 }
 
 /// The input columns of one batch after the other.
@@ -70,17 +95,12 @@ class Output {
     void write(const Batch& batch) {
         std::uint64_t mask[kBatchWords];
         packBits(m_written.data(), batch.count, mask);
-        std::int32_t low = INT32_MAX;
-        std::int32_t high = INT32_MIN;
-        for (std::size_t row = 0; row < batch.count; ++row) {
-            low = m_written[row] ? std::min(low, m_values[row]) : low;
-            high = m_written[row] ? std::max(high, m_values[row]) : high;
-        }
         const std::size_t rows = countBits(mask, batch.count);
         if (rows == 0)
             return;
         m_rows += rows;
-        m_column.numbers.makeRoom(low, high);
+        const Bounds bounds = boundsOf(m_values.data(), m_written.data(), batch.count);
+        m_column.numbers.makeRoom(bounds.low, bounds.high);
         m_column.numbers.write(batch.first, batch.count, m_values.data(), mask);
         m_column.nulls.write(batch.first, batch.count, nullptr, mask, m_table.rows);
         markDirty(batch, mask);
@@ -131,9 +151,8 @@ void computeColumn(ColumnTable& table, std::span<const std::string> inputs, cons
     fresh.rebuild(table.rows, 0, 0);
     forEachBatch(table, batchRows, nullptr, [&](const Batch& batch, const std::uint64_t*) {
         kernel(from.read(batch), std::span(results).first(batch.count));
-        const auto [low, high] =
-            std::minmax_element(results.begin(), results.begin() + static_cast<long>(batch.count));
-        fresh.makeRoom(*low, *high);
+        const Bounds bounds = boundsOf(results.data(), batch.count);
+        fresh.makeRoom(bounds.low, bounds.high);
         fresh.write(batch.first, batch.count, results.data(), nullptr);
     });
     target.numbers = std::move(fresh);
