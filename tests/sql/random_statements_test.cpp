@@ -230,7 +230,7 @@ unsigned environmentNumber(const char* name, unsigned otherwise) {
 
 TEST(RandomStatements, LeaveTheSameTableInBothExecutors) {
     const unsigned seed = environmentNumber("SSQ_SEED", std::random_device()());
-    const unsigned statements = environmentNumber("SSQ_STATEMENTS", 2500);
+    const unsigned statements = environmentNumber("SSQ_STATEMENTS", 10000);
     std::printf("seed %u, %u statements\n", seed, statements);
     SCOPED_TRACE("SSQ_SEED=" + std::to_string(seed));
     Maker maker(seed);
