@@ -29,6 +29,7 @@ class StartWindow;
 namespace mainwin {
 
 class Form1;
+class HistoryDesk;
 
 class Program : public QObject {
     Q_OBJECT
@@ -59,6 +60,7 @@ class Program : public QObject {
     bool openWorkspace();
     void registerCommands();
     void readHistory();
+    void reopen();
     void enumerate(std::string_view form);
     UserSettings userSettings();
 
@@ -66,6 +68,7 @@ class Program : public QObject {
     std::unique_ptr<MainContext> m_context;
     std::unique_ptr<workspace::StartWindow> m_start;
     std::unique_ptr<Form1> m_form;
+    std::unique_ptr<HistoryDesk> m_desk;
 };
 
 } // namespace mainwin
