@@ -77,8 +77,8 @@ bool CellEdit::gridKey(const QKeyEvent& key) {
 
 bool CellEdit::editKey(const QKeyEvent& key) {
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) {
-        const QModelIndex cell = m_cell;
-        emit entered(cell, m_edit->text());
+        if (m_cell.isValid())
+            emit entered(m_cell, m_edit->text());
         return true;
     }
     if (key.key() == Qt::Key_Escape) {

@@ -1,5 +1,6 @@
 #include "mainwin/windows/history_desk.h"
 
+#include <optional>
 #include <stdexcept>
 
 #include <QDesktopServices>
@@ -25,21 +26,41 @@ const QString kClearQuestion = u"确实要清空本彩票的所有历史号码�
 const QString kClearTitle = u"清空确认"_s;
 const QString kFull = u"历史号码最多保存%1期，已经不能再追加！"_s;
 
-/// The questions around history texts, asked above the main window.
+/// The questions around history texts, asked above the main window; between them the pointer waits.
 class ReadingBoxes final : public history::ReadingDialogs {
+    template <class Ask> auto asking(Ask ask) {
+        m_busy.reset();
+        const auto answer = ask();
+        m_busy.emplace();
+        return answer;
+    }
+
   public:
     explicit ReadingBoxes(QWidget* parent) : m_parent(parent) {}
     bool confirm(const QString& text, const QString& title) override {
-        return toolkit::confirm(m_parent, text, title);
+        return asking([&] { return toolkit::confirm(m_parent, text, title); });
     }
     QString chooseFile(const QString& folder, const QString& filter) override {
-        return toolkit::chooseFile(m_parent, folder, filter.section(u'|', 0, 0));
+        return asking([&] { return toolkit::chooseFile(m_parent, folder, filter.section(u'|', 0, 0)); });
     }
-    void tell(const QString& text, const QString& title) override { toolkit::showMessage(m_parent, text, title); }
+    void tell(const QString& text, const QString& title) override {
+        asking([&] { return toolkit::showMessage(m_parent, text, title); });
+    }
 
   private:
     QWidget* m_parent;
+    std::optional<toolkit::BusyCursor> m_busy;
 };
+
+/// Starts the program that the setting names, with its arguments and the file; else the desktop's own editor.
+bool startEditor(const workspace::Settings& settings, const QString& file) {
+    QStringList command =
+        QProcess::splitCommand(settings.value(workspace::setting::kProgram, u"Option"_s, u"Editor"_s));
+    if (command.isEmpty())
+        return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    const QString program = command.takeFirst();
+    return QProcess::startDetached(program, command << file);
+}
 
 } // namespace
 
@@ -108,27 +129,24 @@ void HistoryDesk::readAppended() {
 }
 
 void HistoryDesk::read(ReadText readText) {
-    ReadingBoxes boxes(&m_form);
     history::Reading reading = history::Reading::Failed;
-    done([&] { reading = readText(m_history, m_workspace, boxes, QDateTime::currentDateTime()); });
+    done([&] {
+        ReadingBoxes boxes(&m_form);
+        reading = readText(m_history, m_workspace, boxes, QDateTime::currentDateTime());
+    });
     if (reading != history::Reading::Cancelled)
         m_form.showHistory();
 }
 
 void HistoryDesk::editText() {
-    ReadingBoxes boxes(&m_form);
-    const auto start = [this](const QString& file) { return startEditor(file); };
-    if (history::editHistoryText(m_workspace, boxes, start) == history::Editing::Read)
+    history::Editing editing;
+    {
+        ReadingBoxes boxes(&m_form);
+        editing = history::editHistoryText(m_workspace, boxes,
+                                           [this](const QString& file) { return startEditor(m_settings, file); });
+    }
+    if (editing == history::Editing::Read)
         readWhole();
-}
-
-bool HistoryDesk::startEditor(const QString& file) const {
-    QStringList command =
-        QProcess::splitCommand(m_settings.value(workspace::setting::kProgram, u"Option"_s, u"Editor"_s));
-    if (command.isEmpty())
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
-    const QString program = command.takeFirst();
-    return QProcess::startDetached(program, command << file);
 }
 
 } // namespace mainwin

@@ -35,7 +35,6 @@ class HistoryDesk : public QObject {
     void typeDraw(const history::TypedBoxes& boxes);
     void correct(int draw, int slot, const QString& text);
     void read(ReadText readText);
-    bool startEditor(const QString& file) const;
     void tell(const history::Complaint& complaint);
     /// \return false when the change threw: that is told, and nothing has changed
     template <class Change> bool done(Change change);

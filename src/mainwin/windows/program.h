@@ -40,6 +40,9 @@ class Program : public QObject {
     ~Program() override;
 
     void start();
+    /// Opens the workspace again after its files were replaced, loads the history and shows it; ends the program where
+    /// they do not open. Close the databases before the files are touched.
+    void reopen();
 
     workspace::Settings settings;
     sql::Engine engine;
@@ -60,7 +63,6 @@ class Program : public QObject {
     bool openWorkspace();
     void registerCommands();
     void readHistory();
-    void reopen();
     void enumerate(std::string_view form);
     UserSettings userSettings();
 
