@@ -8,13 +8,6 @@ namespace {
 
 constexpr std::size_t kBareColumns = 9; // Idx and fig0..fig7: what fig of dbFilnum holds
 
-std::vector<std::string> omissionColumns(int numbers) {
-    std::vector<std::string> columns{"Qihao"};
-    for (int number = 1; number <= numbers; ++number)
-        columns.push_back("ylqs" + std::to_string(number));
-    return columns;
-}
-
 void addOmissions(ColumnBlock& block, std::int32_t issue, std::span<const std::int16_t> omission) {
     block.beginRow();
     block.add(issue);
@@ -60,6 +53,20 @@ std::vector<std::string> figColumns() {
     for (const DerivedColumn& column : kDerivedColumns)
         columns.emplace_back(column.name);
     return columns;
+}
+
+std::vector<std::string> omissionColumns(int numbers) {
+    std::vector<std::string> columns{"Qihao"};
+    for (int number = 1; number <= numbers; ++number)
+        columns.push_back("ylqs" + std::to_string(number));
+    return columns;
+}
+
+std::string selectColumns(const std::vector<std::string>& columns, const char* table) {
+    std::string list;
+    for (const std::string& column : columns)
+        list += (list.empty() ? "[" : ",[") + column + "]";
+    return "SELECT " + list + " FROM [" + table + "]";
 }
 
 DrawBlock::DrawBlock()

@@ -51,6 +51,12 @@ class DrawBlock {
 /// "Idx", "fig0" … "fig7" and the derived columns: table fig of dbUser in its order.
 std::vector<std::string> figColumns();
 
+/// "Qihao", "ylqs1" … up to the number: table Ylqs or YlqsB in its order.
+std::vector<std::string> omissionColumns(int numbers);
+
+/// "SELECT [Idx],[fig0] FROM [fig]"
+std::string selectColumns(const std::vector<std::string>& columns, const char* table);
+
 /// Rewrites the records of the rule's numbers in Gailv and GailvB; later records stay as they are.
 /// \throws sql::SqlError kNoCurrentRecord for a table with fewer records
 void writeShares(sql::Database& dbUser, const History& history, int reds, int blues);

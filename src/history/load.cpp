@@ -10,13 +10,6 @@ namespace {
 
 constexpr int kFirstDerived = 9; // behind Idx and fig0..fig7
 
-std::string selectFig() {
-    std::string select = "SELECT ";
-    for (const std::string& column : figColumns())
-        select += (select.size() > 7 ? ",[" : "[") + column + "]";
-    return select + " FROM [fig]";
-}
-
 void readDraw(History& history, const sql::Rows& rows, std::int64_t record) {
     Draw draw{};
     for (int place = 0; place <= 7; ++place)
@@ -32,7 +25,6 @@ void readDraw(History& history, const sql::Rows& rows, std::int64_t record) {
 
 template <std::size_t Size>
 void readLastOmissions(sql::Database& dbUser, const char* table, std::array<std::int16_t, Size>& omission) {
-    omission.fill(0);
     sql::Recordset records = dbUser.openRecordset(table);
     if (records.recordCount() == 0)
         return;
@@ -59,15 +51,21 @@ void readOmissions(History& history, const workspace::Workspace& workspace) {
     readLastOmissions(*workspace.dbUser, "YlqsB", history.YlnowB);
 }
 
+void loadDraws(History& history, const workspace::Workspace& workspace) {
+    const sql::Rows rows = workspace.dbUser->query(selectColumns(figColumns(), "fig"));
+    if (rows.count() > kMostDraws)
+        throw std::range_error("more draws than a history holds");
+    history.Lshm.assign(1, Draw{});
+    history.derived.assign(1, Derived{});
+    for (std::int64_t record = 0; record < rows.count(); ++record)
+        readDraw(history, rows, record);
+    history.Lsnum = static_cast<int>(rows.count());
+}
+
 void loadHistory(History& history, const workspace::Workspace& workspace) {
     sql::Database& dbUser = *workspace.dbUser;
     History loaded;
-    const sql::Rows rows = dbUser.query(selectFig());
-    if (rows.count() > kMostDraws)
-        throw std::range_error("more draws than a history holds");
-    for (std::int64_t record = 0; record < rows.count(); ++record)
-        readDraw(loaded, rows, record);
-    loaded.Lsnum = static_cast<int>(rows.count());
+    loadDraws(loaded, workspace);
     readOmissions(loaded, workspace);
     readShares(dbUser, "Gailv", workspace.Bitnum, loaded.Glred, loaded.Gailvred);
     readShares(dbUser, "GailvB", workspace.BitnumB, loaded.GlBlue, loaded.GailvBlue);

@@ -10,10 +10,6 @@ namespace history {
 
 namespace {
 
-workspace::Rule ruleOf(const workspace::Workspace& workspace) {
-    return {workspace.Bitnum, workspace.BitnumB};
-}
-
 /// Derives and counts the draws behind the last one of `next`, and collects their rows.
 void addDraws(History& next, DrawBlock& block, std::span<const Draw> draws, const workspace::Rule& rule) {
     if (next.Lsnum + static_cast<std::int64_t>(draws.size()) > kMostDraws)
@@ -62,6 +58,10 @@ History copyOf(const History& history) {
 }
 
 } // namespace
+
+workspace::Rule ruleOf(const workspace::Workspace& workspace) {
+    return {workspace.Bitnum, workspace.BitnumB};
+}
 
 void storeDraw(History& history, const workspace::Workspace& workspace, const Draw& draw) {
     store(history, copyOf(history), workspace, std::span(&draw, 1), false);

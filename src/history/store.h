@@ -9,6 +9,7 @@
 #include <span>
 
 #include "history/history.h"
+#include "workspace/rule.h"
 #include "workspace/workspace.h"
 
 namespace history {
@@ -19,8 +20,13 @@ namespace history {
 /// \throws sql::SqlError; std::range_error for more than 32,767 records
 void loadHistory(History& history, const workspace::Workspace& workspace);
 
-/// Current omissions from the last records of Ylqs and YlqsB; all 0 where a table is empty.
+/// The draws of fig of dbUser in place of those in memory; no statistics. \throws as loadHistory
+void loadDraws(History& history, const workspace::Workspace& workspace);
+
+/// Current omissions from the last records of Ylqs and YlqsB; as they were where a table is empty.
 void readOmissions(History& history, const workspace::Workspace& workspace);
+
+workspace::Rule ruleOf(const workspace::Workspace& workspace);
 
 /// One typed draw behind the last one: the shares then rest on Glcount, which counts only the draws of this run.
 /// An issue number of 0 becomes the draw's row number. \throws sql::SqlError, std::range_error beyond 32,767 draws

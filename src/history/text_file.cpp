@@ -16,10 +16,14 @@ namespace history {
 namespace {
 
 const QString kTitle = u"读入历史"_s;
-const QString kQuestion =
+const QString kWholeQuestion =
     u"确实要读入历史号码吗？读入后将覆盖原来所输入/读入的历史号，以新的历史号码文件灌装进入作为本用户的历史纪录！"
     u"点击'确认'读入,点击'取消'放弃该操作。确要读入请保证安装目录下存在历史号码的文本文件文件。"
     u"读取时可能要花费一段时间,请耐心等候！"_s;
+const QString kAppendedQuestion =
+    u"确实要读入追加历史号码吗？读入时只需要检索历史号码文本中没有灌装如电脑的部分，已灌装期号之前部分将不读取，"
+    u"读取部分将追加到原来所输入/读入的历史号后面！点击'确认'读入,点击'取消'放弃该操作。"
+    u"确要读入请保证安装目录下存在历史号码的文本文件文件。读取时可能要花费一段时间,请耐心等候！"_s;
 const QString kFilter = u"Text(*.txt)|*.txt"_s;
 const QString kRefused = u"请检查您的历史号码文本都是由6红+1蓝7个号码组成，中间由空格分开"_s;
 const QString kRefusedTitle = u"历史号码文本错误"_s;
@@ -84,6 +88,14 @@ QString readText(const std::filesystem::path& file) {
     return decodeText(bytes);
 }
 
+/// The two kinds of reading, where they differ.
+struct Kind {
+    const QString& question;
+    void (*begin)(History&); ///< before the file is opened
+    ParsedDraws (*parse)(const QString& text, const History&);
+    void (*store)(History&, const workspace::Workspace&, std::span<const Draw>);
+};
+
 /// No draw is held any more; the statistics stay until the draws come.
 void dropDraws(History& history) {
     history.Lsnum = 0;
@@ -91,12 +103,44 @@ void dropDraws(History& history) {
     history.derived.assign(1, Derived{});
 }
 
-ParsedDraws readPicked(History& history, const workspace::Workspace& workspace, const QString& picked,
-                       ReadingDialogs& dialogs, const QDateTime& now) {
+const Kind kWhole{kWholeQuestion, dropDraws, [](const QString& text, const History&) { return parseDraws(text); },
+                  replaceHistory};
+
+const Kind kAppended{kAppendedQuestion, [](History&) {},
+                     [](const QString& text, const History& history) {
+                         return parseDrawsAfter(text, history.Lshm[static_cast<std::size_t>(history.Lsnum)][0]);
+                     },
+                     storeBatch};
+
+Reading readPicked(const Kind& kind, History& history, const workspace::Workspace& workspace, const QString& picked,
+                   ReadingDialogs& dialogs, const QDateTime& now) {
     if (picked.endsWith(u"txt"_s, Qt::CaseInsensitive))
         takeAsDefault(workspace::toPath(picked), workspace, dialogs, now);
-    dropDraws(history);
-    return parseDraws(readText(historyTextFile(workspace)));
+    kind.begin(history);
+    const ParsedDraws parsed = kind.parse(readText(historyTextFile(workspace)), history);
+    if (parsed.refused) {
+        dialogs.tell(kRefused, kRefusedTitle);
+        return Reading::Refused;
+    }
+    kind.store(history, workspace, parsed.draws);
+    writeHistoryText(history, workspace);
+    return Reading::Done;
+}
+
+Reading read(const Kind& kind, History& history, const workspace::Workspace& workspace, ReadingDialogs& dialogs,
+             const QDateTime& now) {
+    if (!dialogs.confirm(kind.question, kTitle))
+        return Reading::Cancelled;
+    const QString picked = dialogs.chooseFile(workspace::toQString(historyTextFolder(workspace)), kFilter);
+    if (picked.isEmpty())
+        return Reading::Cancelled;
+    try {
+        return readPicked(kind, history, workspace, picked, dialogs, now);
+    } catch (const FileFailure&) {
+    } catch (const std::range_error&) { // more draws than a history holds
+    }
+    dialogs.tell(kFileFailure, kFileFailureTitle);
+    return Reading::Failed;
 }
 
 } // namespace
@@ -114,27 +158,12 @@ std::filesystem::path historyTextFile(const workspace::Workspace& workspace) {
 
 Reading readWhole(History& history, const workspace::Workspace& workspace, ReadingDialogs& dialogs,
                   const QDateTime& now) {
-    if (!dialogs.confirm(kQuestion, kTitle))
-        return Reading::Cancelled;
-    const QString picked = dialogs.chooseFile(workspace::toQString(historyTextFolder(workspace)), kFilter);
-    if (picked.isEmpty())
-        return Reading::Cancelled;
-    ParsedDraws parsed;
-    try {
-        parsed = readPicked(history, workspace, picked, dialogs, now);
-    } catch (const FileFailure&) {
-        dialogs.tell(kFileFailure, kFileFailureTitle);
-        return Reading::Failed;
-    } catch (const std::range_error&) { // more draws than a history holds: found while the file is read
-        dialogs.tell(kFileFailure, kFileFailureTitle);
-        return Reading::Failed;
-    }
-    if (parsed.refused) {
-        dialogs.tell(kRefused, kRefusedTitle);
-        return Reading::Refused;
-    }
-    replaceHistory(history, workspace, parsed.draws);
-    return Reading::Done;
+    return read(kWhole, history, workspace, dialogs, now);
+}
+
+Reading readAppended(History& history, const workspace::Workspace& workspace, ReadingDialogs& dialogs,
+                     const QDateTime& now) {
+    return read(kAppended, history, workspace, dialogs, now);
 }
 
 void writeHistoryText(const History& history, const workspace::Workspace& workspace) {

@@ -46,6 +46,39 @@ std::string asciiOf(QStringView line) {
     return text;
 }
 
+std::int32_t issueOf(std::string_view line, std::int32_t previousIssue) {
+    return digitsAt(line, 0, kIssueDigits) ? numberAt(line, 0, kIssueDigits) : previousIssue + 1;
+}
+
+/// \param lastIssue   a first line without an issue gets the number after this
+/// \param onlyBehind  lines whose issue is not above lastIssue are skipped
+ParsedDraws parseLines(const QString& text, std::int32_t lastIssue, bool onlyBehind) {
+    ParsedDraws parsed;
+    QString unified = text;
+    unified.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    std::int32_t previousIssue = lastIssue;
+    int lineNumber = 0;
+    for (const QStringView line : QStringView(unified).split(u'\n')) {
+        ++lineNumber;
+        if (line.isEmpty())
+            continue;
+        const std::string ascii = asciiOf(line);
+        const std::int32_t issue = issueOf(ascii, previousIssue);
+        const std::optional<Draw> draw = parseLine(ascii, previousIssue);
+        previousIssue = issue;
+        if (onlyBehind && issue <= lastIssue)
+            continue;
+        if (!draw) {
+            parsed.refused = RefusedLine{lineNumber, line.toString()};
+            break;
+        }
+        if (parsed.draws.size() == kMostDraws)
+            throw std::range_error("more draws than a history holds");
+        parsed.draws.push_back(*draw);
+    }
+    return parsed;
+}
+
 } // namespace
 
 QString decodeText(const QByteArray& bytes) {
@@ -61,12 +94,8 @@ QString decodeText(const QByteArray& bytes) {
 }
 
 std::optional<Draw> parseLine(std::string_view line, std::int32_t previousIssue) {
-    Draw draw{previousIssue + 1};
-    std::size_t position = 0;
-    if (digitsAt(line, 0, kIssueDigits)) {
-        draw[0] = numberAt(line, 0, kIssueDigits);
-        position = kIssueDigits + 1;
-    }
+    Draw draw{issueOf(line, previousIssue)};
+    std::size_t position = digitsAt(line, 0, kIssueDigits) ? kIssueDigits + 1 : 0;
     std::size_t count = 0;
     while (position < line.size()) {
         if (!digitsAt(line, position, 2)) {
@@ -82,25 +111,11 @@ std::optional<Draw> parseLine(std::string_view line, std::int32_t previousIssue)
 }
 
 ParsedDraws parseDraws(const QString& text) {
-    ParsedDraws parsed;
-    QString unified = text;
-    unified.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
-    int lineNumber = 0;
-    for (const QStringView line : QStringView(unified).split(u'\n')) {
-        ++lineNumber;
-        if (line.isEmpty())
-            continue;
-        if (parsed.draws.size() == kMostDraws)
-            throw std::range_error("more draws than a history holds");
-        const std::int32_t before = parsed.draws.empty() ? 0 : parsed.draws.back()[0];
-        const std::optional<Draw> draw = parseLine(asciiOf(line), before);
-        if (!draw) {
-            parsed.refused = RefusedLine{lineNumber, line.toString()};
-            break;
-        }
-        parsed.draws.push_back(*draw);
-    }
-    return parsed;
+    return parseLines(text, 0, false);
+}
+
+ParsedDraws parseDrawsAfter(const QString& text, std::int32_t lastIssue) {
+    return parseLines(text, lastIssue, true);
 }
 
 QByteArray drawsAsText(std::span<const Draw> draws) {

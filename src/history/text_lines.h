@@ -40,6 +40,10 @@ std::optional<Draw> parseLine(std::string_view line, std::int32_t previousIssue)
 /// \throws std::range_error for more draws than a history holds (32,767)
 ParsedDraws parseDraws(const QString& text);
 
+/// The lines behind an issue: one whose issue is not above it is skipped, whatever else it holds. A line without an
+/// issue continues the line before it, skipped or not; the first one continues `lastIssue`. Else as parseDraws().
+ParsedDraws parseDrawsAfter(const QString& text, std::int32_t lastIssue);
+
 /// The text of the default file, "2003001 10 11 12 13 26 28 11 " a line. An issue of 0 or less is left out, one below
 /// 1000 is padded to four digits. Plain ASCII, so that it is the same bytes in UTF-8 and in GB18030.
 QByteArray drawsAsText(std::span<const Draw> draws);

@@ -2,7 +2,9 @@
 //
 // SSQ_KILLS sets the number of kills (25), SSQ_SEED repeats the operations and the delays of a run; where in an
 // operation a kill falls is for the machine to say. Each kill is followed by the next life on the same files.
+#include <algorithm>
 #include <cstdlib>
+#include <fstream>
 #include <map>
 #include <optional>
 #include <random>
@@ -12,6 +14,7 @@
 
 #include "crash/driver_process.h"
 #include "crash/work.h"
+#include "history/text_lines.h"
 #include "scratch_folder.h"
 #include "workspace/templates.h"
 
@@ -171,6 +174,60 @@ TEST_F(Killing, LosesNothingThatWasCommitted) {
     std::printf("%d operations done; killed in\n", done);
     for (const auto& [moment, count] : moments)
         std::printf("%5d  %s\n", count, moment.c_str());
+}
+
+/// Another history of as many draws: every number counted from the other end, under other issues.
+std::vector<history::Draw> mirrored(std::vector<history::Draw> draws) {
+    for (history::Draw& draw : draws) {
+        std::reverse(&draw[1], &draw[7]);
+        std::transform(&draw[1], &draw[7], &draw[1], [](std::int32_t red) { return 34 - red; });
+        draw[7] = 17 - draw[7];
+        draw[0] += 1000000;
+    }
+    return draws;
+}
+
+void writeText(const std::filesystem::path& file, const std::vector<history::Draw>& draws) {
+    const QByteArray text = history::drawsAsText(draws);
+    std::ofstream(file, std::ios::binary).write(text.data(), text.size());
+}
+
+TEST_F(Killing, InAWholeReadingLeavesTheOldOrTheNewHistoryWhole) {
+    std::ifstream file(SSQ_REAL_DATA "/draws.txt", std::ios::binary);
+    if (!file)
+        GTEST_SKIP() << "the real draws are not at " << SSQ_REAL_DATA;
+    std::printf("SSQ_SEED=%u, %u kills\n", seed, kills);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    const auto real = history::parseDraws(history::decodeText(QByteArray::fromStdString(bytes))).draws;
+    ASSERT_EQ(real.size(), 3358u);
+    const std::vector<std::vector<history::Draw>> histories{real, mirrored(real)};
+    const ScratchFolder texts;
+    const std::vector<std::filesystem::path> files{texts.path() / "0.txt", texts.path() / "1.txt"};
+    for (const std::size_t which : {0, 1})
+        writeText(files[which], histories[which]);
+    crash::Work(folder.path()).readText(files[0]);
+    std::string last = crash::Work(folder.path()).contents().draws;
+    int inReading = 0, old = 0;
+    for (unsigned kill = 0; kill < kills && !HasFailure(); ++kill) {
+        crash::DriverProcess driver(folder.path(), static_cast<unsigned>(random()), files);
+        driver.listen(60s, "begin");
+        driver.listen(upTo(400ms)); // some three readings
+        EXPECT_TRUE(driver.kill());
+        const Told told(driver.lines());
+        ASSERT_TRUE(told.committed) << told.failure;
+        EXPECT_EQ(told.opened->draws, last);
+        crash::Work again(folder.path());
+        last = again.contents().draws;
+        const bool mirror = again.history().Lshm.back()[0] != real.back()[0];
+        SCOPED_TRACE("kill " + std::to_string(kill) + " in the reading of " + told.killed);
+        EXPECT_NO_THROW(again.verifyHistoryIs(histories[mirror]));
+        EXPECT_NO_THROW(again.verifyTextIsOneOf(histories));
+        const bool isOld = last == told.committed->draws;
+        EXPECT_TRUE(isOld || told.killed == (mirror ? "1.txt" : "0.txt"));
+        inReading += !told.killed.empty();
+        old += isOld && !told.killed.empty();
+    }
+    std::printf("%d kills in a reading, %d of them left the old history\n", inReading, old);
 }
 
 TEST_F(Killing, DuringTheFirstStartLeavesTemplatesWholeOrAbsent) {

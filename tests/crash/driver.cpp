@@ -1,7 +1,7 @@
-// The program that gets killed: crash_driver FOLDER SEED
+// The program that gets killed: crash_driver FOLDER SEED [TEXT…]
 //
-// It opens the workspace in the folder and does operations for ever, and says so on its standard output, each line
-// written at once:
+// It opens the workspace in the folder and does operations for ever, or reads the texts of draws in turn, and says so
+// on its standard output, each line written at once:
 //   ready CONTENTS            the workspace is open
 //   begin N OPERATION         the operation starts
 //   changed N CONTENTS        the combination table is changed in memory and goes into its file next
@@ -38,16 +38,30 @@ void workForEver(crash::Work& work, std::mt19937& random) {
     }
 }
 
+void readForEver(crash::Work& work, unsigned seed, const std::vector<std::filesystem::path>& texts) {
+    for (unsigned number = 1;; ++number) {
+        const std::filesystem::path& text = texts[(number + seed) % texts.size()];
+        const std::string name = " " + std::to_string(number) + " ";
+        say("begin" + name + text.filename().string());
+        work.readText(text);
+        say("done" + name + words(work.contents()));
+    }
+}
+
 } // namespace
 
 int main(int count, char** arguments) {
-    if (count != 3)
+    if (count < 3)
         return 2;
     try {
-        std::mt19937 random(static_cast<unsigned>(std::strtoul(arguments[2], nullptr, 10)));
+        const auto seed = static_cast<unsigned>(std::strtoul(arguments[2], nullptr, 10));
+        const std::vector<std::filesystem::path> texts(arguments + 3, arguments + count);
+        std::mt19937 random(seed);
         crash::Work work(arguments[1]);
         say("ready " + words(work.contents()));
-        workForEver(work, random);
+        if (texts.empty())
+            workForEver(work, random);
+        readForEver(work, seed, texts);
     } catch (const std::exception& failed) {
         say(std::string("failed ") + failed.what());
         return 1;

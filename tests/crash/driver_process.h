@@ -12,8 +12,10 @@ namespace crash {
 
 class DriverProcess {
   public:
+    /// \param texts  files of draws: the driver reads them in turn, for ever, and does nothing else
     /// \throws std::runtime_error when it cannot be started
-    DriverProcess(const std::filesystem::path& folder, unsigned seed);
+    DriverProcess(const std::filesystem::path& folder, unsigned seed,
+                  const std::vector<std::filesystem::path>& texts = {});
     ~DriverProcess(); ///< kills it
     DriverProcess(const DriverProcess&) = delete;
     DriverProcess& operator=(const DriverProcess&) = delete;

@@ -13,18 +13,22 @@ extern char** environ;
 
 namespace crash {
 
-DriverProcess::DriverProcess(const std::filesystem::path& folder, unsigned seed) {
+DriverProcess::DriverProcess(const std::filesystem::path& folder, unsigned seed,
+                             const std::vector<std::filesystem::path>& texts) {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-    std::string program = SSQ_CRASH_DRIVER;
-    std::string where = folder.string();
-    std::string number = std::to_string(seed);
-    char* arguments[] = {program.data(), where.data(), number.data(), nullptr};
-    const int failed = ::posix_spawn(&m_process, program.c_str(), &actions, nullptr, arguments, environ);
+    std::vector<std::string> words{SSQ_CRASH_DRIVER, folder.string(), std::to_string(seed)};
+    for (const std::filesystem::path& text : texts)
+        words.push_back(text.string());
+    std::vector<char*> arguments;
+    for (std::string& word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    const int failed = ::posix_spawn(&m_process, words.front().c_str(), &actions, nullptr, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     ::close(ends[1]);
     m_pipe = ends[0];

@@ -4,12 +4,19 @@
 #include <numeric>
 #include <stdexcept>
 
+#include <QFile>
+
 #include "filter/member.h"
 #include "filter/parameter_run.h"
 #include "filter/row_states.h"
+#include "history/derive.h"
+#include "history/statistics.h"
 #include "history/store.h"
+#include "history/text_file.h"
+#include "history/text_lines.h"
 #include "selection/enumeration.h"
 #include "workspace/paths.h"
+#include "workspace/safe_file.h"
 #include "workspace/templates.h"
 #include "workspace/user_files.h"
 
@@ -246,6 +253,54 @@ void Work::verifyHistory() {
     require(number("SELECT SUM([Glnum]) FROM [GailvB]") == draws, "GailvB counts other hits than fig");
     require(draws == 0 || number("SELECT Max([Qihao]) FROM [Ylqs]") == last, "Ylqs ends with another draw");
     require(draws == 0 || number("SELECT Max([Qihao]) FROM [YlqsB]") == last, "YlqsB ends with another draw");
+}
+
+void Work::readText(const std::filesystem::path& file) {
+    /// Picks the file; the question whether to read is answered with yes, and there is no other.
+    struct Yes : history::ReadingDialogs {
+        explicit Yes(const std::filesystem::path& file) : m_file(workspace::toQString(file)) {}
+        bool confirm(const QString&, const QString&) override { return true; }
+        QString chooseFile(const QString&, const QString&) override { return m_file; }
+        void tell(const QString& text, const QString&) override { wrong(text.toStdString()); }
+        QString m_file;
+    } yes(file);
+    std::filesystem::remove(history::historyTextFile(m_workspace)); // nothing is in the way of the copy
+    require(history::readWhole(m_history, m_workspace, yes) == history::Reading::Done, "the text is not read");
+}
+
+/// By the rules for one draw, without a table.
+void Work::verifyHistoryIs(const std::vector<history::Draw>& draws) {
+    constexpr workspace::Rule kRule{33, 16};
+    history::History expected;
+    for (const history::Draw& draw : draws) {
+        expected.derived.push_back(history::deriveDraw(draw, expected.Lshm.back(), expected.Ylnow, kRule));
+        history::countDraw(expected, draw, kRule);
+        expected.Lshm.push_back(draw);
+    }
+    history::computeShares(expected, kRule);
+    require(m_history.Lshm == expected.Lshm, "fig holds other draws");
+    require(m_history.derived == expected.derived, "fig holds other parameters");
+    require(m_history.Ylnow == expected.Ylnow && m_history.YlnowB == expected.YlnowB, "the omissions are others");
+    require(m_history.Glred == expected.Glred && m_history.GlBlue == expected.GlBlue, "the hits are others");
+    require(m_history.Gailvred == expected.Gailvred && m_history.GailvBlue == expected.GailvBlue,
+            "the shares are others");
+    for (const char* table : {"Ylqs", "YlqsB"}) {
+        sql::Recordset records = m_workspace.dbUser->openRecordset(table);
+        require(records.recordCount() == static_cast<std::int64_t>(draws.size()),
+                std::string(table) + " is not whole");
+        for (const history::Draw& draw : draws) {
+            require(sql::toInteger(records.field("Qihao")) == draw[0], std::string(table) + " holds another draw");
+            records.moveNext();
+        }
+    }
+}
+
+void Work::verifyTextIsOneOf(const std::vector<std::vector<history::Draw>>& histories) {
+    QFile text(workspace::toQString(history::historyTextFile(m_workspace)));
+    if (!text.open(QIODevice::ReadOnly))
+        return;
+    const auto draws = history::parseDraws(history::decodeText(text.readAll())).draws;
+    require(std::ranges::count(histories, draws) == 1, "the default text file is not whole");
 }
 
 void Work::verifySelections() {

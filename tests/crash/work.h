@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "history/history.h"
 #include "sql/database.h"
@@ -43,6 +44,15 @@ class Work {
 
     /// \throws std::runtime_error with what does not fit together in the files
     void verify();
+
+    /// A whole reading of a text, as the user does it: a copy of the file becomes the default file, and that is read.
+    void readText(const std::filesystem::path& file);
+    /// The history in the files is that of these draws, with everything that is derived from them. \throws as
+    /// verify()
+    void verifyHistoryIs(const std::vector<history::Draw>& draws);
+    /// The default text file holds one of these histories, if there is one. \throws as verify()
+    void verifyTextIsOneOf(const std::vector<std::vector<history::Draw>>& histories);
+    const history::History& history() const { return m_history; }
 
     /// Every template of a folder is whole or not there. \throws as verify()
     static void verifyTemplates(const std::filesystem::path& folder);

@@ -64,4 +64,37 @@ TEST(Statistics, SharesOfNoDrawAreZero) {
     EXPECT_EQ(history.Gailvred[1], 0);
 }
 
+TEST(Statistics, ARecountForgetsWhatWasCountedBefore) {
+    History history;
+    history.Glcount = 40;
+    history.Glred.fill(9);
+    history.GlBlue.fill(9);
+    history.Ylnow[1] = 5;
+    history.Lshm = {{}, {1, 1, 2, 3, 4, 5, 6, 7}, {2, 1, 2, 3, 4, 5, 38, 18}};
+    history.Lsnum = 2;
+    recountHits(history);
+    EXPECT_EQ(history.Glcount, 2);
+    EXPECT_EQ(history.Glred[1], 2);
+    EXPECT_EQ(history.Glred[38], 1);
+    EXPECT_EQ(history.Glred[33], 0);
+    EXPECT_EQ(history.GlBlue[7], 1);
+    EXPECT_EQ(history.GlBlue[9], 0);
+    EXPECT_EQ(history.Ylnow[1], 5);
+}
+
+TEST(Statistics, ACorrectedHitDividesTheSharesBySix) {
+    History history;
+    history.Lsnum = 4;
+    history.Glcount = 4;
+    history.Glred[3] = 4;
+    history.GlBlue[3] = 2;
+    correctHit(history, false, 3, 99); // a number beyond the arrays is not counted
+    correctHit(history, true, 3, 5);
+    computeShares(history, kRule);
+    EXPECT_EQ(history.Glcount, 24);
+    EXPECT_DOUBLE_EQ(history.Gailvred[3], 3.0 / 144 * 100);
+    EXPECT_DOUBLE_EQ(history.GailvBlue[3], 1.0 / 24 * 100);
+    EXPECT_DOUBLE_EQ(history.GailvBlue[5], 1.0 / 24 * 100);
+}
+
 } // namespace

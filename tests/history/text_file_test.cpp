@@ -1,74 +1,13 @@
 #include "history/text_file.h"
 
-#include <fstream>
-
-#include <QFile>
-#include <gtest/gtest.h>
-
-#include "history/draws_support.h"
+#include "history/reading_support.h"
 #include "history/store.h"
-#include "workspace/safe_file.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 using history::Draw;
 using history::Reading;
-
-/// Answers as told and writes down what was shown.
-struct Answers : history::ReadingDialogs {
-    bool confirm(const QString& text, const QString& title) override {
-        questions << text;
-        titles << title;
-        return confirms.isEmpty() || confirms.takeFirst();
-    }
-    QString chooseFile(const QString& folder, const QString& filter) override {
-        shownFolder = folder;
-        shownFilter = filter;
-        return picked;
-    }
-    void tell(const QString& text, const QString& title) override {
-        told << text;
-        titles << title;
-    }
-
-    QList<bool> confirms;
-    QString picked;
-    QStringList questions, titles, told;
-    QString shownFolder, shownFilter;
-};
-
-const QDateTime kNow(QDate(2025, 9, 30), QTime(8, 5, 3));
-constexpr const char* kTwoDraws = "2003001 10 11 12 13 26 28 11\n2003002 04 09 19 20 21 26 12\n";
-constexpr const char* kOneDraw = "2010001 01 02 03 04 05 06 07\n";
-
-class WholeReading : public ::testing::Test {
-  protected:
-    QString standard() const { return workspace::toQString(history::historyTextFile(fresh.workspace)); }
-
-    QString write(const QString& name, const QByteArray& bytes) {
-        const QString file = texts.filePath(name);
-        QFile out(file);
-        EXPECT_TRUE(out.open(QIODevice::WriteOnly));
-        out.write(bytes);
-        return file;
-    }
-
-    Reading read(const QString& picked, const QList<bool>& confirms = {}) {
-        answers = Answers();
-        answers.picked = picked;
-        answers.confirms = confirms;
-        return readWhole(history, fresh.workspace, answers, kNow);
-    }
-
-    std::int64_t stored() { return fresh.workspace.dbUser->rowCount("fig"); }
-
-    FreshWorkspace fresh;
-    QTemporaryDir texts;
-    history::History history;
-    Answers answers;
-};
+using WholeReading = ReadingTest;
 
 TEST_F(WholeReading, StoresTheDrawsOfThePickedFile) {
     EXPECT_EQ(read(write(u"开奖.txt"_s, kTwoDraws)), Reading::Done);
@@ -107,7 +46,7 @@ TEST_F(WholeReading, AnExistingDefaultFileIsPutAsideWhenTheUserAgrees) {
     EXPECT_EQ(fresh.workspace.dbUser->rowCount("Ylqs"), 1);
     QFile aside(workspace::toQString(fresh.folder()) + u"/双色历史号码/ 张三2025-9-30日前 双色号码 .TXT"_s);
     ASSERT_TRUE(aside.open(QIODevice::ReadOnly));
-    EXPECT_EQ(aside.readAll(), QByteArray(kTwoDraws));
+    EXPECT_EQ(aside.readAll(), QByteArray(kTwoDraws).replace('\n', " \n")); // as the program had written it
 }
 
 TEST_F(WholeReading, AnExistingDefaultFileIsReadWhenTheUserKeepsIt) {
@@ -173,16 +112,62 @@ TEST_F(WholeReading, AnEmptyFileGivesAnEmptyHistory) {
 }
 
 TEST_F(WholeReading, MoreDrawsThanAHistoryHoldsAreTold) {
-    EXPECT_EQ(read(write(u"a.txt"_s, QByteArray(kOneDraw).repeated(32768))), Reading::Failed);
+    EXPECT_EQ(read(write(u"a.txt"_s, kOneDraw.repeated(32768))), Reading::Failed);
     EXPECT_EQ(stored(), 0);
 }
 
-TEST_F(WholeReading, TheDefaultFileIsWrittenAnewFromMemory) {
+TEST_F(WholeReading, RewritesTheDefaultFileFromMemory) {
+    read(write(u"a.txt"_s, "\xEF\xBB\xBF"
+                           "2003001期10红11.12,13 26\t28 11\r\n04 09 19 20 21 26 12"));
+    EXPECT_EQ(contents(standard()), QByteArray("2003001 10 11 12 13 26 28 11 \n2003002 04 09 19 20 21 26 12 \n"));
+}
+
+TEST_F(WholeReading, ADefaultFileThatCannotBeWrittenIsPassedOver) {
     read(write(u"a.txt"_s, kTwoDraws));
+    QFile::remove(standard());
+    std::filesystem::create_directory(workspace::toPath(standard()));
     writeHistoryText(history, fresh.workspace);
-    QFile file(standard());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(), QByteArray("2003001 10 11 12 13 26 28 11 \n2003002 04 09 19 20 21 26 12 \n"));
+    EXPECT_TRUE(std::filesystem::is_directory(workspace::toPath(standard())));
+}
+
+/// Odd files that users have: each reads as the two draws, or is refused and leaves the stored one.
+TEST_F(WholeReading, ReadsOrRefusesOddFilesWhole) {
+    const QByteArray full = "2003001 10 11 12 13 26 28 11\n2003002 04 09 19 20 21 26 12";
+    const struct {
+        const char* defect;
+        QByteArray bytes;
+        Reading expected;
+    } files[] = {
+        {"no line end at the end", full, Reading::Done},
+        {"cut in the middle of the last number", full.chopped(1), Reading::Refused},
+        {"cut in the middle of an issue", full.left(full.indexOf('\n') + 5), Reading::Refused},
+        {"byte order mark", "\xEF\xBB\xBF" + full, Reading::Done},
+        {"ends of lines of another system", QByteArray(full).replace('\n', "\r\n"), Reading::Done},
+        {"ends of lines of an old system", QByteArray(full).replace('\n', '\r'), Reading::Done},
+        {"tabs", QByteArray(full).replace(' ', '\t'), Reading::Done},
+        {"full-width blanks in UTF-8", QByteArray(full).replace(' ', "\xE3\x80\x80"), Reading::Done},
+        {"full-width blanks in GB18030", QByteArray(full).replace(' ', "\xA1\xA1"), Reading::Done},
+        {"a line of blanks", QByteArray(full).replace('\n', "\n  \n"), Reading::Refused},
+        {"empty lines", QByteArray(full).replace('\n', "\n\n\n"), Reading::Done},
+        {"an eighth number", full + " 13", Reading::Refused},
+        {"a number of one digit", QByteArray(full).replace(" 09 ", " 9 "), Reading::Refused},
+        {"an issue alone", full + "\n2003003        ", Reading::Refused},
+    };
+    for (const auto& file : files) {
+        SCOPED_TRACE(file.defect);
+        QFile::remove(standard());
+        ASSERT_EQ(read(write(u"a.txt"_s, kOneDraw)), Reading::Done);
+        QFile::remove(standard());
+        ASSERT_EQ(read(write(u"b.txt"_s, file.bytes)), file.expected);
+        const bool done = file.expected == Reading::Done;
+        EXPECT_EQ(stored(), done ? 2 : 1);
+        EXPECT_EQ(stored("YlqsB"), done ? 2 : 1);
+        if (done) {
+            EXPECT_EQ(history.Lshm[2], (Draw{2003002, 4, 9, 19, 20, 21, 26, 12}));
+        } else {
+            EXPECT_EQ(answers.titles.last(), u"历史号码文本错误"_s);
+        }
+    }
 }
 
 } // namespace

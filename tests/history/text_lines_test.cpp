@@ -135,4 +135,11 @@ TEST(HistoryText, AnyBytesGiveSevenNumbersALineOrARefusedLine) {
     EXPECT_GT(refused, 100);
 }
 
+/// An issue below seven digits is written with four and is no issue to the reader: its digits count as numbers.
+TEST(HistoryText, ShortIssuesAreWrittenSoThatTheyDoNotReadBack) {
+    const QByteArray text = history::drawsAsText(std::vector<Draw>{{1, 1, 2, 3, 4, 5, 6, 7}});
+    EXPECT_EQ(text, QByteArray("0001 01 02 03 04 05 06 07 \n"));
+    EXPECT_TRUE(parseDraws(history::decodeText(text)).refused);
+}
+
 } // namespace

@@ -90,6 +90,7 @@ void Form1::registerCommands() {
     for (const StabilityItem& item : kStabilityItems)
         commands.on(item.name.toString(), [this, item](int) { chooseStability(item); });
     commands.on(u"mnuPtset"_s, [this](int) { askPrintRow(); });
+    commands.on(u"mnuLsApp"_s, [this](int) { m_history->focusEntry(); });
     commands.on(u"ext"_s, [this](int) { close(); });
 }
 
@@ -98,6 +99,9 @@ void Form1::buildWindow() {
     m_history = new HistoryPanel(m_context.history);
     for (const char16_t* name : {u"cmdRead", u"Command43", u"Command44", u"Command48"})
         m_history->addButton(m_tree->makeButton(QString::fromUtf16(name)));
+
+    connect(m_history, &HistoryPanel::drawTyped, this, &Form1::drawTyped);
+    connect(m_history, &HistoryPanel::numberTyped, this, &Form1::numberTyped);
 
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->setObjectName(u"Splitter1"_s);
@@ -184,6 +188,26 @@ void Form1::showRule() {
 
 void Form1::showHistory() {
     m_history->reload();
+    showFigures();
+}
+
+void Form1::showTypedDraw() {
+    m_history->appendTyped();
+    showFigures();
+}
+
+void Form1::showDeletedDraw() {
+    m_history->removeLast();
+    showFigures();
+}
+
+void Form1::showCorrection(int draw) {
+    m_history->showCorrected(draw);
+    showFigures();
+}
+
+/// What depends on the history outside of its grid.
+void Form1::showFigures() {
     m_shares->showShares(m_context.history, m_context.workspace.Bitnum, m_context.workspace.BitnumB);
     m_tree->refresh();
     showStatus();

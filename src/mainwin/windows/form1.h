@@ -2,13 +2,14 @@
 // tree from which every other window opens.
 //
 // It keeps no state of the program: it shows the workspace, the history and the pad that it is given. After a change
-// of the history call showHistory(). It is closed to end the program.
+// of the history call showHistory(), or the call for a small change. It is closed to end the program.
 #pragma once
 
 #include <array>
 
 #include <QMainWindow>
 
+#include "history/typed_draw.h"
 #include "mainwin/main_context.h"
 #include "mainwin/menu_rules.h"
 #include "mainwin/stability.h"
@@ -42,12 +43,21 @@ class Form1 : public QMainWindow {
 
     /// Shows draws, shares and the next issue number anew, and enables what the history allows.
     void showHistory();
+    /// The same after one typed draw, the deletion of the last draw, or a corrected number of draw 1..Lsnum.
+    void showTypedDraw();
+    void showDeletedDraw();
+    void showCorrection(int draw);
     /// Enables what the state allows; call it after a command was registered late.
     void refreshCommands();
 
   signals:
     /// The rule was changed and saved.
     void ruleChanged();
+    /// The seven boxes of a new draw are filled, as they stand there.
+    void drawTyped(const history::TypedBoxes& boxes);
+    /// A number was typed over one of a draw held. \param draw  1..Lsnum  \param slot  0 the issue, 1..6 a red, 7
+    /// blue
+    void numberTyped(int draw, int slot, const QString& text);
     /// The window was closed: the program ends.
     void closed();
 
@@ -65,6 +75,7 @@ class Form1 : public QMainWindow {
     void showRule();
     void chooseStability(const StabilityItem& item);
     void askPrintRow();
+    void showFigures();
     void showStatus();
     ProgramState state() const;
 

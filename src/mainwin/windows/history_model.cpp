@@ -1,16 +1,36 @@
 #include "mainwin/windows/history_model.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace mainwin {
 
 HistoryModel::HistoryModel(const history::History& history, QObject* parent)
-    : QAbstractTableModel(parent), m_history(history), m_rows(history.Lsnum) {}
+    : QAbstractTableModel(parent), m_history(history), m_rows(history.Lsnum), m_firstTyped(m_rows) {}
 
 void HistoryModel::reload() {
     beginResetModel();
     m_rows = m_history.Lsnum;
+    m_firstTyped = m_rows;
     endResetModel();
+}
+
+void HistoryModel::appendTyped() {
+    beginInsertRows({}, m_rows, m_rows);
+    ++m_rows;
+    endInsertRows();
+}
+
+void HistoryModel::removeLast() {
+    beginRemoveRows({}, m_rows - 1, m_rows - 1);
+    --m_rows;
+    m_firstTyped = std::min(m_firstTyped, m_rows);
+    endRemoveRows();
+}
+
+void HistoryModel::changed(int draw) {
+    emit dataChanged(index(draw - 1, 0), index(m_rows - 1, ColumnCount - 1));
 }
 
 void HistoryModel::setColours(const QColor& rowNumber, const QColor& red, const QColor& blue) {
@@ -35,6 +55,8 @@ int HistoryModel::value(int row, int column) const {
 
 QString HistoryModel::text(int row, int column) const {
     const int number = value(row, column);
+    if (column == RowNumber && row >= m_firstTyped)
+        return u"%1期"_s.arg(number);
     return column >= FirstRed ? u"%1"_s.arg(number, 2, 10, QChar(u'0')) : QString::number(number);
 }
 

@@ -1,6 +1,8 @@
 // The history as a grid: nine columns, one row a draw, oldest first. Row r of the model is draw r + 1.
 //
-// It reads the history where it lies; reload() after the history has changed.
+// It reads the history where it lies and has to be told of each change: reload() for another history, appendTyped(),
+// removeLast() and changed() for the small ones. A draw that was typed since the last reload() reads "12期" in the
+// first column, others "12".
 #pragma once
 
 #include <QAbstractTableModel>
@@ -19,6 +21,12 @@ class HistoryModel : public QAbstractTableModel {
 
     /// Reads the history anew.
     void reload();
+    /// One draw was typed behind the others.
+    void appendTyped();
+    /// The last draw is gone.
+    void removeLast();
+    /// Numbers of this draw or of later ones have changed. \param draw  1..Lsnum
+    void changed(int draw);
     /// Colours of the texts; the palette decides how light they are.
     void setColours(const QColor& rowNumber, const QColor& red, const QColor& blue);
 
@@ -33,6 +41,7 @@ class HistoryModel : public QAbstractTableModel {
 
     const history::History& m_history;
     int m_rows = 0;
+    int m_firstTyped; ///< row; the typed ones are the last ones
     QColor m_rowNumber;
     QColor m_red;
     QColor m_blue;

@@ -3,16 +3,16 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "mainwin/main_texts.h"
+#include "mainwin/windows/cell_edit.h"
+#include "mainwin/windows/draw_entry.h"
 #include "mainwin/windows/history_model.h"
 #include "toolkit/card.h"
 #include "toolkit/flex_grid.h"
 #include "toolkit/look.h"
-#include "toolkit/mask_edit.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,14 +20,13 @@ namespace mainwin {
 
 namespace {
 
-constexpr int kEntryWidth = 34;
 constexpr int kNumberWidth = 38;
 
 } // namespace
 
 HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
     : QWidget(parent), m_history(history), m_model(new HistoryModel(history, this)), m_grid(new toolkit::FlexGrid),
-      m_buttons(new QWidget) {
+      m_entry(new DrawEntry), m_buttons(new QWidget), m_cellEdit(nullptr) {
     setObjectName(u"HistoryPanel"_s);
     m_buttons->setObjectName(u"HistoryButtons"_s);
     auto* buttons = new QHBoxLayout(m_buttons);
@@ -39,38 +38,21 @@ HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
     m_grid->setModel(m_model);
     m_grid->setColumnWidths(
         {54, 78, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, 44});
+    m_cellEdit = new CellEdit(*m_grid, HistoryModel::Issue);
     m_grid->horizontalHeader()->setStretchLastSection(true);
     auto* card = new toolkit::Card(u"FrameHistory"_s, u"历史号码"_s);
-    card->body().addWidget(buildEntry());
+    card->body().addWidget(m_entry);
     card->body().addWidget(m_buttons);
     card->body().addWidget(m_grid, 1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(card);
+    connect(m_entry, &DrawEntry::typed, this, &HistoryPanel::drawTyped);
+    connect(m_cellEdit, &CellEdit::entered, this, [this](const QModelIndex& cell, const QString& text) {
+        emit numberTyped(cell.row() + 1, cell.column() - HistoryModel::Issue, text);
+    });
     colourGrid();
     reload();
-}
-
-QWidget* HistoryPanel::buildEntry() {
-    auto* entry = new QWidget;
-    entry->setObjectName(u"HistoryEntry"_s);
-    m_nextDraw = new QLabel;
-    m_nextDraw->setObjectName(u"Label12"_s);
-    auto* boxes = new QHBoxLayout;
-    boxes->setSpacing(4);
-    boxes->addWidget(m_nextDraw);
-    boxes->addStretch();
-    for (int place = 1; place <= kEntryBoxes; ++place) {
-        auto* box = new toolkit::MaskEdit(u"99"_s);
-        box->setObjectName(u"MaskEdBox1(%1)"_s.arg(place));
-        box->setAccessibleName(place == kEntryBoxes ? u"新开奖号码 蓝球"_s : u"新开奖号码 红球%1"_s.arg(place));
-        box->setFixedWidth(kEntryWidth);
-        box->setEnabled(false);
-        boxes->addWidget(box);
-    }
-    boxes->setContentsMargins(0, 0, 0, 0);
-    entry->setLayout(boxes);
-    return entry;
 }
 
 void HistoryPanel::addButton(QPushButton* button) {
@@ -78,9 +60,32 @@ void HistoryPanel::addButton(QPushButton* button) {
 }
 
 void HistoryPanel::reload() {
-    m_nextDraw->setText(nextDrawText(m_history));
+    m_entry->setCaption(nextDrawText(m_history));
     m_model->reload();
     m_grid->showLastRow();
+}
+
+void HistoryPanel::appendTyped() {
+    m_entry->setCaption(nextDrawText(m_history));
+    m_model->appendTyped();
+    m_grid->showLastRow();
+    m_entry->clear();
+}
+
+void HistoryPanel::removeLast() {
+    m_entry->setCaption(nextDrawText(m_history));
+    m_model->removeLast();
+    m_grid->showLastRow();
+}
+
+void HistoryPanel::showCorrected(int draw) {
+    m_cellEdit->close();
+    m_entry->setCaption(nextDrawText(m_history));
+    m_model->changed(draw);
+}
+
+void HistoryPanel::focusEntry() {
+    m_entry->focusFirst();
 }
 
 void HistoryPanel::colourGrid() {

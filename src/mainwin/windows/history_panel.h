@@ -2,48 +2,57 @@
 // draws.
 #pragma once
 
-#include <array>
-
 #include <QWidget>
 
-#include "history/history.h"
+#include "history/typed_draw.h"
 
-class QLabel;
 class QPushButton;
 
 namespace toolkit {
 class FlexGrid;
-class MaskEdit;
-} // namespace toolkit
+}
 
 namespace mainwin {
 
+class CellEdit;
+class DrawEntry;
 class HistoryModel;
 
 class HistoryPanel : public QWidget {
     Q_OBJECT
   public:
-    static constexpr int kEntryBoxes = 7; ///< six reds, then the blue
-
     explicit HistoryPanel(const history::History& history, QWidget* parent = nullptr);
 
     /// Puts a button into the row of buttons above the grid.
     void addButton(QPushButton* button);
     /// Shows the history anew and brings its last draw into sight.
     void reload();
+    /// A typed draw has come behind the others: the boxes are free for the next one.
+    void appendTyped();
+    /// The last draw is gone.
+    void removeLast();
+    /// Numbers of this draw or of later ones have changed: a correction is over.
+    void showCorrected(int draw);
+    /// Puts the focus into the first box of the new draw.
+    void focusEntry();
+
+  signals:
+    void drawTyped(const history::TypedBoxes& boxes);
+    /// A number was typed over one of a draw held. \param draw  1..Lsnum  \param slot  0 the issue, 7 the blue
+    void numberTyped(int draw, int slot, const QString& text);
 
   protected:
     void changeEvent(QEvent* event) override;
 
   private:
-    QWidget* buildEntry();
     void colourGrid();
 
     const history::History& m_history;
     HistoryModel* m_model;
     toolkit::FlexGrid* m_grid;
-    QLabel* m_nextDraw = nullptr;
+    DrawEntry* m_entry;
     QWidget* m_buttons;
+    CellEdit* m_cellEdit;
 };
 
 } // namespace mainwin

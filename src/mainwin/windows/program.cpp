@@ -4,10 +4,9 @@
 
 #include "filter/windows/filter_window.h"
 #include "history/store.h"
-#include "history/text_file.h"
 #include "mainwin/windows/form1.h"
+#include "mainwin/windows/history_desk.h"
 #include "toolkit/busy_cursor.h"
-#include "toolkit/file_dialog.h"
 #include "toolkit/messages.h"
 #include "toolkit/progress_dialog.h"
 #include "workspace/setting_names.h"
@@ -21,22 +20,6 @@ using namespace Qt::StringLiterals;
 namespace mainwin {
 
 namespace {
-
-/// The questions of reading a history text, asked above the main window.
-class ReadingBoxes final : public history::ReadingDialogs {
-  public:
-    explicit ReadingBoxes(QWidget* parent) : m_parent(parent) {}
-    bool confirm(const QString& text, const QString& title) override {
-        return toolkit::confirm(m_parent, text, title);
-    }
-    QString chooseFile(const QString& folder, const QString& filter) override {
-        return toolkit::chooseFile(m_parent, folder, filter.section(u'|', 0, 0));
-    }
-    void tell(const QString& text, const QString& title) override { toolkit::showMessage(m_parent, text, title); }
-
-  private:
-    QWidget* m_parent;
-};
 
 /// Entries 1..count of a list of the pad.
 template <class List> std::vector<std::int32_t> listOf(const List& list, int count) {
@@ -67,6 +50,7 @@ void Program::enter() {
     m_context = std::make_unique<MainContext>(MainContext{workspace, history, pad, userSettings(), {}});
     registerCommands();
     m_form = std::make_unique<Form1>(*m_context);
+    m_desk = std::make_unique<HistoryDesk>(history, workspace, settings, *m_form);
     connect(m_form.get(), &Form1::closed, this, &Program::finish);
     m_form->show();
 }
@@ -114,6 +98,10 @@ void Program::registerCommands() {
     // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
     const auto withBlues = [this] { return pad.Bluecnt > 0; };
     m_context->commands.on(u"mnuRed"_s, [this](int) { readHistory(); });
+    m_context->commands.on(u"mnuRead"_s, [this](int) { m_desk->readAppended(); });
+    m_context->commands.on(u"mnuEdit"_s, [this](int) { m_desk->editText(); });
+    m_context->commands.on(u"mnuDelast"_s, [this](int) { m_desk->deleteLast(); });
+    m_context->commands.on(u"meuCln"_s, [this](int) { m_desk->clear(); });
     m_context->commands.on(u"mnuName"_s,
                            [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, m_folder); });
     m_context->commands.on(
@@ -128,15 +116,14 @@ void Program::registerCommands() {
 }
 
 void Program::readHistory() {
-    ReadingBoxes boxes(m_form.get());
-    try {
-        const history::Reading reading = history::readWhole(history, workspace, boxes);
-        if (reading == history::Reading::Cancelled)
-            return;
-    } catch (const std::exception& error) {
-        toolkit::showMessage(m_form.get(), QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
-    }
-    m_form->showHistory();
+    m_desk->readWhole();
+}
+
+void Program::reopen() {
+    if (openWorkspace())
+        m_form->showHistory();
+    else
+        emit ended();
 }
 
 void Program::enumerate(std::string_view form) {

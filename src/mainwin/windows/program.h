@@ -29,6 +29,7 @@ class StartWindow;
 namespace mainwin {
 
 class Form1;
+class HistoryDesk;
 
 class Program : public QObject {
     Q_OBJECT
@@ -39,6 +40,9 @@ class Program : public QObject {
     ~Program() override;
 
     void start();
+    /// Opens the workspace again after its files were replaced, loads the history and shows it; ends the program where
+    /// they do not open. Close the databases before the files are touched.
+    void reopen();
 
     workspace::Settings settings;
     sql::Engine engine;
@@ -66,6 +70,7 @@ class Program : public QObject {
     std::unique_ptr<MainContext> m_context;
     std::unique_ptr<workspace::StartWindow> m_start;
     std::unique_ptr<Form1> m_form;
+    std::unique_ptr<HistoryDesk> m_desk;
 };
 
 } // namespace mainwin

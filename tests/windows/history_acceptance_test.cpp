@@ -1,0 +1,96 @@
+// All real draws by every way in which draws come in, compared with a reading of them all at once.
+#include "history/text_lines.h"
+#include "windows/history_window_support.h"
+
+namespace history_window_tests {
+namespace {
+
+constexpr int kTyped = 50;
+constexpr int kDeleted = 3;
+
+class RealHistory : public HistoryWindow {
+  protected:
+    QString numbers(const Draw& draw) {
+        QString text;
+        for (std::size_t place = 1; place < draw.size(); ++place)
+            text += u"%1"_s.arg(draw[place], 2, 10, QChar(u'0'));
+        return text;
+    }
+    std::vector<std::string> tables() {
+        std::vector<std::string> all;
+        for (const char* table : {"fig", "Ylqs", "YlqsB", "Gailv", "GailvB"})
+            all.push_back(dump(table));
+        return all;
+    }
+    std::string bareNumbers() { return dump("fig", program->workspace.dbFilnum.get()); }
+};
+
+void expectSame(const history::History& left, const history::History& right) {
+    EXPECT_EQ(left.Lshm, right.Lshm);
+    EXPECT_TRUE(left.derived == right.derived);
+    EXPECT_EQ(left.Ylnow, right.Ylnow);
+    EXPECT_EQ(left.YlnowB, right.YlnowB);
+    EXPECT_EQ(left.Glred, right.Glred);
+    EXPECT_EQ(left.GlBlue, right.GlBlue);
+    EXPECT_EQ(left.Gailvred, right.Gailvred);
+    EXPECT_EQ(left.GailvBlue, right.GailvBlue);
+    EXPECT_EQ(left.Glcount, right.Glcount);
+}
+
+TEST_F(RealHistory, ReadTypedDeletedAndAppendedIsWhatReadingAllAtOnceGives) {
+    QFile real(QStringLiteral(SSQ_REAL_DATA "/draws.txt"));
+    if (!real.open(QIODevice::ReadOnly))
+        GTEST_SKIP() << "the real draws are not here: " << real.fileName().toStdString();
+    const QByteArray bytes = real.readAll();
+    const std::vector<Draw> draws = history::parseDraws(history::decodeText(bytes)).draws;
+    const int total = static_cast<int>(draws.size());
+    ASSERT_EQ(total, 3358);
+    enterAs(u"一次读入"_s);
+    readText(bytes);
+    const history::History whole = program->history;
+    const std::vector<std::string> wholeTables = tables();
+    const std::string wholeNumbers = bareNumbers();
+    const QByteArray wholeText = defaultText();
+    form().close();
+
+    enterAs(u"逐期输入"_s);
+    readText(history::drawsAsText(std::span(draws).first(static_cast<std::size_t>(total - kTyped))));
+    enterAgain(); // so that the shares of the typed draws rest on those alone
+    trigger(form(), u"mnuLsApp"_s);
+    for (const Draw& draw : std::span(draws).last(kTyped))
+        keys(numbers(draw));
+    ASSERT_EQ(program->history.Lsnum, total);
+    EXPECT_EQ(program->history.Lshm, whole.Lshm);
+    EXPECT_TRUE(program->history.derived == whole.derived);
+    EXPECT_EQ(program->history.Ylnow, whole.Ylnow);
+    EXPECT_EQ(program->history.Glred, whole.Glred);
+    EXPECT_EQ(program->history.Glcount, kTyped);
+    EXPECT_DOUBLE_EQ(program->history.GailvBlue[1], whole.GlBlue[1] * 100.0 / kTyped);
+    EXPECT_EQ(tables()[0], wholeTables[0]);
+    EXPECT_EQ(tables()[1], wholeTables[1]);
+    EXPECT_EQ(tables()[2], wholeTables[2]);
+    EXPECT_EQ(defaultText(), wholeText);
+
+    for (int draw = 0; draw < kDeleted; ++draw)
+        press(form(), u"Command44"_s);
+    EXPECT_EQ(program->history.Lsnum, total - kDeleted);
+    readText(bytes, u"mnuRead"_s);
+    expectSame(program->history, whole);
+    EXPECT_EQ(tables(), wholeTables);
+    EXPECT_EQ(defaultText(), wholeText);
+    EXPECT_EQ(grid().model()->rowCount(), total);
+    EXPECT_EQ(cell(total - 1, 0), QString::number(total));
+    // The bare numbers are only ever added to: the deleted draws stand there twice.
+    std::size_t lastLines = wholeNumbers.size();
+    for (int line = 0; line <= kDeleted; ++line)
+        lastLines = wholeNumbers.rfind('\n', lastLines - 1);
+    EXPECT_EQ(bareNumbers(), wholeNumbers + wholeNumbers.substr(lastLines + 1));
+    enterAgain();
+    history::History loaded = program->history;
+    EXPECT_EQ(loaded.Glcount, 0);
+    loaded.Glcount = whole.Glcount;
+    expectSame(loaded, whole);
+}
+
+} // namespace
+} // namespace history_window_tests
