@@ -5,6 +5,8 @@
 #include "filter/windows/filter_window.h"
 #include "history/store.h"
 #include "history/text_file.h"
+#include "history/update_install.h"
+#include "history/windows/update_boxes.h"
 #include "mainwin/windows/form1.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/file_dialog.h"
@@ -74,7 +76,7 @@ void Program::enter() {
 /// What a failed store left pending is tried once more, so that nothing is lost without a word.
 void Program::finish() {
     try {
-        if (workspace.dbFilnum->storePending())
+        if (workspace.dbFilnum && workspace.dbFilnum->storePending())
             workspace.dbFilnum->store();
     } catch (const sql::SqlError& error) {
         toolkit::showMessage(nullptr, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
@@ -84,6 +86,7 @@ void Program::finish() {
 
 bool Program::openWorkspace() {
     const toolkit::BusyCursor busy;
+    history::finishUpdate(engine, workspace);
     const workspace::OpenResult result = workspace::openWorkspace(engine, workspace);
     if (!result.opened) {
         toolkit::showMessage(nullptr, result.message, result.title, QMessageBox::Critical);
@@ -114,6 +117,8 @@ void Program::registerCommands() {
     // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
     const auto withBlues = [this] { return pad.Bluecnt > 0; };
     m_context->commands.on(u"mnuRed"_s, [this](int) { readHistory(); });
+    m_context->commands.on(u"mnuNew"_s, [this](int) { downloadText(); });
+    m_context->commands.on(u"mnuNewol"_s, [this](int) { updateOnline(); });
     m_context->commands.on(u"mnuName"_s,
                            [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, m_folder); });
     m_context->commands.on(
@@ -137,6 +142,23 @@ void Program::readHistory() {
         toolkit::showMessage(m_form.get(), QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
     }
     m_form->showHistory();
+}
+
+void Program::downloadText() {
+    history::UpdateBoxes boxes(m_form.get());
+    if (history::downloadText(workspace, history::updateSource(settings), boxes))
+        readHistory();
+}
+
+/// The window that stands shows what a new one would: the history, the shares and what can be done with them.
+void Program::updateOnline() {
+    history::UpdateBoxes boxes(m_form.get());
+    if (!history::updateOnline(engine, workspace, history::updateSource(settings), boxes))
+        return;
+    if (openWorkspace())
+        m_form->showHistory();
+    else
+        emit ended();
 }
 
 void Program::enumerate(std::string_view form) {

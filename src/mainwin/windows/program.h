@@ -59,6 +59,8 @@ class Program : public QObject {
     bool openWorkspace();
     void registerCommands();
     void readHistory();
+    void downloadText();
+    void updateOnline();
     void enumerate(std::string_view form);
     UserSettings userSettings();
 
