@@ -81,7 +81,7 @@ TEST_F(Installing, ReplacesTablesNumbersAndText) {
     expectAll(draws);
 }
 
-TEST_F(Installing, CreatesTheNumbersByTheirOwnStatements) {
+TEST_F(Installing, CreatesTheNumbersWithTheirOwnColumnsOnly) {
     const auto handle = fresh.engine.open(fresh.workspace.dbFilnum->path());
     install();
     EXPECT_EQ(handle->columnNames("fig"),

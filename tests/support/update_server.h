@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include <QProcess>
+#include <QStandardPaths>
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -20,7 +21,7 @@ class UpdateServer {
         if (!certificate.isEmpty())
             arguments << certificate;
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_process.start(QStringLiteral("python3"), arguments);
+        m_process.start(QStandardPaths::findExecutable(QStringLiteral("python3"), systemFolders()), arguments);
         m_port = line().toInt();
         EXPECT_NE(m_port, 0) << "the server does not start; is python3 there?";
     }
@@ -53,6 +54,12 @@ class UpdateServer {
     }
 
   private:
+    /// The system's own python starts sooner than one behind a wrapper. No such: the search path.
+    static QStringList systemFolders() {
+        const QString own = QStringLiteral("/usr/bin");
+        return QStandardPaths::findExecutable(QStringLiteral("python3"), {own}).isEmpty() ? QStringList() : QStringList(own);
+    }
+
     /// The next line of the server; empty when none comes.
     QString line() {
         while (!m_process.canReadLine())
