@@ -30,20 +30,20 @@ class Checking : public ::testing::Test {
     sql::Engine engine;
 };
 
-TEST_F(Checking, PassesWhatThePublisherMade) { EXPECT_EQ(checkedDraws(engine, file()), draws); }
+TEST_F(Checking, PassesWhatThePublisherMade) {
+    EXPECT_EQ(checkedDraws(engine, file()), draws);
+}
 
 TEST_F(Checking, RefusesADatabaseWithoutATable) {
-    for (const char* drop : {"DROP TABLE [fig]", "DROP TABLE [Ylqs]", "DROP TABLE [YlqsB]", "DROP TABLE [Gailv]",
-                             "DROP TABLE [GailvB]"})
+    for (const char* drop :
+         {"DROP TABLE [fig]", "DROP TABLE [Ylqs]", "DROP TABLE [YlqsB]", "DROP TABLE [Gailv]", "DROP TABLE [GailvB]"})
         EXPECT_THROW(changeAndCheck({drop}), sql::SqlError) << drop;
 }
 
 TEST_F(Checking, RefusesADatabaseThatLacksAnyColumn) {
     const std::pair<const char*, std::vector<std::string>> tables[] = {
-        {"fig", engine.open(file())->columnNames("fig")},
-        {"Ylqs", {"Qihao", "ylqs1", "ylqs38"}},
-        {"YlqsB", {"Qihao", "ylqs1", "ylqs18"}},
-        {"Gailv", {"Number", "gailv", "Glnum"}},
+        {"fig", engine.open(file())->columnNames("fig")}, {"Ylqs", {"Qihao", "ylqs1", "ylqs38"}},
+        {"YlqsB", {"Qihao", "ylqs1", "ylqs18"}},          {"Gailv", {"Number", "gailv", "Glnum"}},
         {"GailvB", {"Number", "gailv", "Glnum"}},
     };
     EXPECT_EQ(tables[0].second.size(), 45u); // the row number, eight numbers, 36 derived values

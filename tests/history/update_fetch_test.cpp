@@ -18,8 +18,8 @@ using namespace std::chrono_literals;
 namespace {
 
 using history::Fetch;
-using history::FetchEnd;
 using history::Fetched;
+using history::FetchEnd;
 
 constexpr qint64 kMostBytes = 300000;
 const QString kCertificate = QStringLiteral(SSQ_TEST_DATA "/support/update_server.pem");
@@ -81,9 +81,10 @@ TEST_F(Fetching, GivesNothingWhenAnythingIsWrong) {
 TEST_F(Fetching, SendsChinesePathsAsPercentEncodedUtf8) {
     test_support::UpdateServer server(folder.path());
     fetch(at(server));
-    EXPECT_EQ(server.takeRequests(),
-              QStringList{u"/download/lshm/TXT/%E4%B8%AD%E5%9B%BD%E7%A6%8F%E5%88%A9%E5%BD%A9%E7%A5%A8%E5%8F%8C%E8%89%B2"
-                          u"%E7%90%83%E5%8E%86%E5%8F%B2%E5%BC%80%E5%A5%96%E5%8F%B7%E7%A0%81.Txt"_s});
+    EXPECT_EQ(
+        server.takeRequests(),
+        QStringList{u"/download/lshm/TXT/%E4%B8%AD%E5%9B%BD%E7%A6%8F%E5%88%A9%E5%BD%A9%E7%A5%A8%E5%8F%8C%E8%89%B2"
+                    u"%E7%90%83%E5%8E%86%E5%8F%B2%E5%BC%80%E5%A5%96%E5%8F%B7%E7%A0%81.Txt"_s});
 }
 
 TEST_F(Fetching, FailsAtOnceWhereNobodyListens) {
@@ -188,9 +189,9 @@ class Sources : public ::testing::Test {
 
 TEST_F(Sources, AreHttpOnTheUsualPortUnlessToldOtherwise) {
     EXPECT_FALSE(history::updateSource(workspace::Settings(folder.path())));
-    EXPECT_EQ(with(u"example.com"_s)->url(u"/a b/红.Txt"_s).toEncoded(),
-              "http://example.com/a%20b/%E7%BA%A2.Txt");
-    EXPECT_EQ(with(u" example.com "_s, u"8080"_s, u"HTTPS"_s)->url(u"/x"_s).toString(), u"https://example.com:8080/x"_s);
+    EXPECT_EQ(with(u"example.com"_s)->url(u"/a b/红.Txt"_s).toEncoded(), "http://example.com/a%20b/%E7%BA%A2.Txt");
+    EXPECT_EQ(with(u" example.com "_s, u"8080"_s, u"HTTPS"_s)->url(u"/x"_s).toString(),
+              u"https://example.com:8080/x"_s);
     EXPECT_EQ(with(u"::1"_s, u"80"_s)->url(u"/x"_s).toString(), u"http://[::1]:80/x"_s);
     EXPECT_EQ(with(u"example.com"_s)->proxy.type(), QNetworkProxy::NoProxy);
 }

@@ -103,8 +103,9 @@ TEST_F(Publishing, RefusesDrawsOfAnotherRuleAndDrawsOutOfOrder) {
     EXPECT_EQ(refusal({good}), "");
     EXPECT_EQ(refusal({good, {2003002, 1, 2, 3, 4, 5, 34, 1}}),
               "第2行(期号2003002)不是由小到大的6个红球(1~33)和1个蓝球(1~16)");
-    for (const Draw& wrong : {Draw{1, 0, 2, 3, 4, 5, 6, 7}, Draw{1, 1, 2, 3, 4, 5, 6, 17},
-                              Draw{1, 1, 2, 3, 4, 5, 6, 0}, Draw{1, 1, 3, 2, 4, 5, 6, 7}, Draw{1, 1, 2, 2, 4, 5, 6, 7}})
+    for (const Draw& wrong :
+         {Draw{1, 0, 2, 3, 4, 5, 6, 7}, Draw{1, 1, 2, 3, 4, 5, 6, 17}, Draw{1, 1, 2, 3, 4, 5, 6, 0},
+          Draw{1, 1, 3, 2, 4, 5, 6, 7}, Draw{1, 1, 2, 2, 4, 5, 6, 7}})
         EXPECT_NE(refusal({wrong}), "");
     EXPECT_EQ(publishedDraws(), std::vector<Draw>{good}); // a refusal leaves what was published
 }

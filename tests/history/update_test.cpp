@@ -20,8 +20,9 @@ using history::Draw;
 using history::FetchEnd;
 
 const QString kTitle = u"历史更新"_s;
-const QString kTextQuestion = u"您将可以从我们网站直接下载最新的中国福利彩票双色球号码数据文件（可以用文本编辑器手工编辑），"
-                              u"可能需要花费一段时间！"_s;
+const QString kTextQuestion =
+    u"您将可以从我们网站直接下载最新的中国福利彩票双色球号码数据文件（可以用文本编辑器手工编辑），"
+    u"可能需要花费一段时间！"_s;
 const QString kReadQuestion =
     u"您已经成功下载所需要的历史号码文本文件，是否将该文件读取到软件中生成相应历史号码数据库？"
     u"读取后软件的历史号码将采用刚刚下载的历史号码文本。"_s;
@@ -29,8 +30,7 @@ const QString kDatabaseQuestion = u"您将可以从我们网站直接下载最�
                                   u"（下载后直接作为当前的历史号码），可能需要花费一段时间！"_s;
 const QString kTakeQuestion =
     u"您下载的是：中国福利彩票双色球历史号码 截至 2003001 至 2003060期，是否确认为当前历史号码？"_s;
-const QString kFailure =
-    u"操作失败，可能您的计算机未能连上internet或者服务站点下载繁忙，或者计算机读写出错。"_s;
+const QString kFailure = u"操作失败，可能您的计算机未能连上internet或者服务站点下载繁忙，或者计算机读写出错。"_s;
 
 /// Answers as told, all with OK at the end of the list, and writes down what was shown.
 struct Answers : history::UpdateDialogs {
@@ -70,13 +70,13 @@ class Updating : public ::testing::Test {
         return source;
     }
 
-    bool online(Answers answers_ = {}) {
-        answers = std::move(answers_);
+    bool online(Answers script = {}) {
+        answers = std::move(script);
         return history::updateOnline(fresh.engine, fresh.workspace, source(), answers);
     }
 
-    bool text(Answers answers_ = {}) {
-        answers = std::move(answers_);
+    bool text(Answers script = {}) {
+        answers = std::move(script);
         return history::downloadText(fresh.workspace, source(), answers);
     }
 

@@ -17,7 +17,8 @@ class UpdateServer {
   public:
     /// \param certificate  with its key, in one PEM file; empty: no TLS
     explicit UpdateServer(const std::filesystem::path& folder, const QString& certificate = {}) {
-        QStringList arguments{QStringLiteral(SSQ_TEST_DATA "/support/update_server.py"), workspace::toQString(folder)};
+        QStringList arguments{QStringLiteral(SSQ_TEST_DATA "/support/update_server.py"),
+                              workspace::toQString(folder)};
         if (!certificate.isEmpty())
             arguments << certificate;
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
@@ -57,7 +58,8 @@ class UpdateServer {
     /// The system's own python starts sooner than one behind a wrapper. No such: the search path.
     static QStringList systemFolders() {
         const QString own = QStringLiteral("/usr/bin");
-        return QStandardPaths::findExecutable(QStringLiteral("python3"), {own}).isEmpty() ? QStringList() : QStringList(own);
+        return QStandardPaths::findExecutable(QStringLiteral("python3"), {own}).isEmpty() ? QStringList()
+                                                                                          : QStringList(own);
     }
 
     /// The next line of the server; empty when none comes.

@@ -29,20 +29,19 @@ namespace {
 
 const QString kTitle = u"历史更新"_s;
 const QString kNoTitle = u"ssqdesk"_s; // what a message without a title of its own bears
-const QString kTextQuestion = u"您将可以从我们网站直接下载最新的中国福利彩票双色球号码数据文件（可以用文本编辑器手工编辑），"
-                              u"可能需要花费一段时间！"_s;
+const QString kTextQuestion =
+    u"您将可以从我们网站直接下载最新的中国福利彩票双色球号码数据文件（可以用文本编辑器手工编辑），"
+    u"可能需要花费一段时间！"_s;
 const QString kTextDone = u"您已经成功下载所需要的历史号码文本文件，是否将该文件读取到软件中生成相应历史号码数据库？"
                           u"读取后软件的历史号码将采用刚刚下载的历史号码文本。"_s;
 const QString kDatabaseQuestion = u"您将可以从我们网站直接下载最新的中国福利彩票双色球历史号码数据库"
                                   u"（下载后直接作为当前的历史号码），可能需要花费一段时间！"_s;
 const QString kTakeQuestion =
     u"您下载的是：中国福利彩票双色球历史号码 截至 2003001 至 2003003期，是否确认为当前历史号码？"_s;
-const QString kFailure =
-    u"操作失败，可能您的计算机未能连上internet或者服务站点下载繁忙，或者计算机读写出错。"_s;
+const QString kFailure = u"操作失败，可能您的计算机未能连上internet或者服务站点下载繁忙，或者计算机读写出错。"_s;
 
-const std::vector<history::Draw> kDraws = {{2003001, 10, 11, 12, 13, 26, 28, 11},
-                                           {2003002, 4, 9, 19, 20, 21, 26, 12},
-                                           {2003003, 1, 7, 16, 23, 28, 32, 16}};
+const std::vector<history::Draw> kDraws = {
+    {2003001, 10, 11, 12, 13, 26, 28, 11}, {2003002, 4, 9, 19, 20, 21, 26, 12}, {2003003, 1, 7, 16, 23, 28, 32, 16}};
 
 /// The panel stands and goes by itself.
 ModalStep panel() {
@@ -63,7 +62,8 @@ class UpdateWindows : public testing::Test {
         history::publishHistory(kDraws, published.path());
         server = std::make_unique<UpdateServer>(published.path());
         start();
-        const ModalScript script({{u"InputBox"_s, type(u"张三"_s)}, {u"InputBox"_s, type({})}, {u"InputBox"_s, type({})}});
+        const ModalScript script(
+            {{u"InputBox"_s, type(u"张三"_s)}, {u"InputBox"_s, type({})}, {u"InputBox"_s, type({})}});
         press(u"Frmpre"_s, u"Label2"_s);
     }
 
@@ -143,8 +143,7 @@ TEST_F(UpdateWindows, TheButtonOfThePanelGivesTheDownloadUp) {
     enter();
     server->setFault(u"slow"_s);
     const ModalScript script({ask(kDatabaseQuestion, kTitle),
-                              {u"frmUpdate"_s,
-                               [](QWidget& dialog) {
+                              {u"frmUpdate"_s, [](QWidget& dialog) {
                                    auto* label = controlAs<QLabel>(dialog, u"Label1"_s);
                                    EXPECT_TRUE(QTest::qWaitFor([&] { return label->text().contains(u'/'); }));
                                    EXPECT_TRUE(label->text().startsWith(u"正在下载历史号码：1 / "_s))
@@ -161,8 +160,7 @@ TEST_F(UpdateWindows, AFailureIsToldAndTheHistoryStays) {
     enter();
     server->setFault(u"garbage"_s);
     {
-        const ModalScript script(
-            {ask(kDatabaseQuestion, kTitle), panel(), panel(), ask(kFailure, kNoTitle)});
+        const ModalScript script({ask(kDatabaseQuestion, kTitle), panel(), panel(), ask(kFailure, kNoTitle)});
         trigger(u"Form1"_s, u"mnuNewol"_s);
     }
     server->setFault(u"missing"_s);
@@ -202,8 +200,7 @@ TEST_F(UpdateWindows, TheDownloadedTextIsOfferedToTheReading) {
 
 TEST_F(UpdateWindows, TheDownloadedTextIsOnlyKeptWhenItIsNotToBeRead) {
     enter();
-    const ModalScript script(
-        {ask(kTextQuestion, kTitle), panel(), ask(kTextDone, kNoTitle, QMessageBox::Cancel)});
+    const ModalScript script({ask(kTextQuestion, kTitle), panel(), ask(kTextDone, kNoTitle, QMessageBox::Cancel)});
     trigger(u"Form1"_s, u"mnuNew"_s);
     EXPECT_EQ(gridRows(), 0);
     EXPECT_TRUE(std::filesystem::exists(home.folder() / "双色历史号码" / "中国福利彩票双色球.Txt"));
@@ -232,7 +229,8 @@ TEST_F(UpdateWindows, AWorkspaceThatDoesNotOpenAgainEndsTheProgram) {
     enter();
     const QSignalSpy ended(program.get(), &mainwin::Program::ended);
     const ModalScript script(
-        {ask(kDatabaseQuestion, kTitle), panel(),
+        {ask(kDatabaseQuestion, kTitle),
+         panel(),
          {u"MsgBox"_s,
           [this](QWidget& box) {
               for (const char* file : {"张三/numsave.mdb", "numsave.mdb"}) {

@@ -20,7 +20,8 @@ Fetched UpdateBoxes::fetch(const UpdateSource& source, const QString& path) {
     UpdatePanel panel(m_parent);
     QObject::connect(&fetch, &Fetch::progressed, &panel, &UpdatePanel::showBytes);
     QObject::connect(&panel, &QDialog::rejected, &fetch, &Fetch::cancel);
-    panel.open();
+    panel.setModal(true);
+    panel.show();
     return fetch.run(source.url(path));
 }
 

@@ -1,6 +1,6 @@
 // The progress of a download, `frmUpdate`: how much has come, a bar, and a button that gives it up.
 //
-// It holds back the window that it stands over, so that nothing but the button can be pressed. Escape and the
+// Shown modal it holds back every other window, so that nothing but the button can be pressed. Escape and the
 // window's close do what the button does: the signal rejected().
 #pragma once
 
