@@ -62,8 +62,8 @@ TEST_F(Fetching, GivesTheBytesAsTheyAre) {
 
 TEST_F(Fetching, WaitsForASlowServerThatDoesNotFallSilent) {
     test_support::UpdateServer server(folder.path());
-    server.setFault(u"drip"_s); // eight parts, a tenth of a second between them
-    EXPECT_EQ(fetch(at(server), 600ms).bytes, body);
+    server.setFault(u"drip"_s); // eight parts, a fifth of a second between them
+    EXPECT_EQ(fetch(at(server), 1200ms).bytes, body);
 }
 
 TEST_F(Fetching, GivesNothingWhenAnythingIsWrong) {

@@ -45,7 +45,7 @@ struct Answers : history::UpdateDialogs {
     }
     history::Fetched fetch(const history::UpdateSource& source, const QString& path) override {
         ++fetches;
-        history::Fetch fetch(source.proxy, {300ms, 1 << 20});
+        history::Fetch fetch(source.proxy, {silence, 1 << 20});
         if (cancelled)
             fetch.cancel();
         return fetch.run(source.url(path));
@@ -53,6 +53,7 @@ struct Answers : history::UpdateDialogs {
 
     QList<bool> confirms;
     bool cancelled = false;
+    std::chrono::milliseconds silence = 10s;
     int fetches = 0;
     QStringList shown, titles;
 };
@@ -78,6 +79,13 @@ class Updating : public ::testing::Test {
     bool text(Answers script = {}) {
         answers = std::move(script);
         return history::downloadText(fresh.workspace, source(), answers);
+    }
+
+    /// Answers with OK, and does not wait long for a server that has fallen silent.
+    static Answers impatient() {
+        Answers answers;
+        answers.silence = 300ms;
+        return answers;
     }
 
     static Answers answering(QList<bool> confirms) {
@@ -147,7 +155,7 @@ TEST_F(Updating, LeavesEveryFileOfTheUserAloneAfterAnyFault) {
     for (const auto& fault : {u"missing"_s, u"error"_s, u"empty"_s, u"garbage"_s, u"page"_s, u"cut"_s, u"cut-chunk"_s,
                               u"cut-quietly"_s, u"slow"_s, u"endless"_s, u"long"_s, u"moved-to-ftp"_s}) {
         server.setFault(fault);
-        EXPECT_FALSE(online()) << fault.toStdString();
+        EXPECT_FALSE(online(impatient())) << fault.toStdString();
         EXPECT_EQ(answers.shown, (QStringList{kDatabaseQuestion, kFailure})) << fault.toStdString();
         EXPECT_EQ(answers.titles, (QStringList{kTitle, QString()}));
         EXPECT_EQ(answers.fetches, 2);
@@ -239,7 +247,7 @@ TEST_F(Updating, KeepsTheEarlierTextAfterAnyFault) {
     for (const auto& fault : {u"missing"_s, u"error"_s, u"empty"_s, u"cut"_s, u"cut-chunk"_s, u"slow"_s, u"endless"_s,
                               u"moved-to-ftp"_s}) {
         server.setFault(fault);
-        EXPECT_FALSE(text()) << fault.toStdString();
+        EXPECT_FALSE(text(impatient())) << fault.toStdString();
         EXPECT_EQ(answers.shown, (QStringList{kTextQuestion, kFailure})) << fault.toStdString();
         EXPECT_EQ(filesOfTheUser(), before) << fault.toStdString();
     }

@@ -122,7 +122,7 @@ class Handler(http.server.BaseHTTPRequestHandler):
         for part in range(8):
             self.wfile.write(body[len(body) * part // 8: len(body) * (part + 1) // 8])
             self.wfile.flush()
-            time.sleep(0.1)
+            time.sleep(0.2)
 
     def endless(self, path):
         self.head(200)
