@@ -72,8 +72,12 @@ bool copyDatabase(const std::filesystem::path& from, const std::filesystem::path
         std::filesystem::remove(unfinished, failed);
         return false;
     }
+    return replaceDatabase(unfinished, to);
+}
+
+bool replaceDatabase(const std::filesystem::path& from, const std::filesystem::path& to) {
     removeBeside(to);
-    return renameDurably(unfinished, to);
+    return renameDurably(from, to);
 }
 
 void removeDatabase(const std::filesystem::path& file) {

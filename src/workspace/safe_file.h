@@ -20,6 +20,10 @@ bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes);
 /// journal would be played back into the new file. \return as above
 bool copyDatabase(const std::filesystem::path& from, const std::filesystem::path& to);
 
+/// Renames a closed database file over another of its folder, which may have left journals beside it. \return as
+/// above
+bool replaceDatabase(const std::filesystem::path& from, const std::filesystem::path& to);
+
 /// Deletes a database file and its journals; a missing file is no failure.
 void removeDatabase(const std::filesystem::path& file);
 

@@ -59,8 +59,7 @@ void fillLishihaoma(sql::Database& database) {
 }
 
 void fillFilnum(sql::Database& database) {
-    database.execute("CREATE TABLE [fig]([idx] integer,[fig0] integer,[fig1] integer,[fig2] integer,[fig3] "
-                     "integer,[fig4] integer,[fig5] integer,[fig6] integer,[fig7] integer)");
+    database.execute(kCreateBareFig);
     for (const char* table : {"zuhe", "zuheRote", "zuheRead", "zuheReadR", "zuheMoban", "zuhef"})
         database.execute(createCombinationTable(table));
     addFilterTables(database, FilterFamily::SixAndBlue);

@@ -4,6 +4,8 @@
 
 #include "filter/windows/filter_window.h"
 #include "history/store.h"
+#include "history/update_install.h"
+#include "history/windows/update_boxes.h"
 #include "mainwin/windows/form1.h"
 #include "mainwin/windows/history_desk.h"
 #include "toolkit/busy_cursor.h"
@@ -58,7 +60,7 @@ void Program::enter() {
 /// What a failed store left pending is tried once more, so that nothing is lost without a word.
 void Program::finish() {
     try {
-        if (workspace.dbFilnum->storePending())
+        if (workspace.dbFilnum && workspace.dbFilnum->storePending())
             workspace.dbFilnum->store();
     } catch (const sql::SqlError& error) {
         toolkit::showMessage(nullptr, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
@@ -68,6 +70,7 @@ void Program::finish() {
 
 bool Program::openWorkspace() {
     const toolkit::BusyCursor busy;
+    history::finishUpdate(engine, workspace);
     const workspace::OpenResult result = workspace::openWorkspace(engine, workspace);
     if (!result.opened) {
         toolkit::showMessage(nullptr, result.message, result.title, QMessageBox::Critical);
@@ -97,11 +100,13 @@ UserSettings Program::userSettings() {
 void Program::registerCommands() {
     // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
     const auto withBlues = [this] { return pad.Bluecnt > 0; };
-    m_context->commands.on(u"mnuRed"_s, [this](int) { readHistory(); });
+    m_context->commands.on(u"mnuRed"_s, [this](int) { m_desk->readWhole(); });
     m_context->commands.on(u"mnuRead"_s, [this](int) { m_desk->readAppended(); });
     m_context->commands.on(u"mnuEdit"_s, [this](int) { m_desk->editText(); });
     m_context->commands.on(u"mnuDelast"_s, [this](int) { m_desk->deleteLast(); });
     m_context->commands.on(u"meuCln"_s, [this](int) { m_desk->clear(); });
+    m_context->commands.on(u"mnuNew"_s, [this](int) { downloadText(); });
+    m_context->commands.on(u"mnuNewol"_s, [this](int) { updateOnline(); });
     m_context->commands.on(u"mnuName"_s,
                            [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, m_folder); });
     m_context->commands.on(
@@ -115,15 +120,25 @@ void Program::registerCommands() {
         u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, withBlues);
 }
 
-void Program::readHistory() {
-    m_desk->readWhole();
-}
-
+/// Behind an update that has replaced the files. The window that stands shows what a new one would: the history, the
+/// shares and what can be done with them.
 void Program::reopen() {
     if (openWorkspace())
         m_form->showHistory();
     else
         emit ended();
+}
+
+void Program::downloadText() {
+    history::UpdateBoxes boxes(m_form.get());
+    if (history::downloadText(workspace, history::updateSource(settings), boxes))
+        m_desk->readWhole();
+}
+
+void Program::updateOnline() {
+    history::UpdateBoxes boxes(m_form.get());
+    if (history::updateOnline(engine, workspace, history::updateSource(settings), boxes))
+        reopen();
 }
 
 void Program::enumerate(std::string_view form) {

@@ -40,9 +40,6 @@ class Program : public QObject {
     ~Program() override;
 
     void start();
-    /// Opens the workspace again after its files were replaced, loads the history and shows it; ends the program where
-    /// they do not open. Close the databases before the files are touched.
-    void reopen();
 
     workspace::Settings settings;
     sql::Engine engine;
@@ -61,8 +58,10 @@ class Program : public QObject {
     void enter();
     void finish();
     bool openWorkspace();
+    void reopen();
     void registerCommands();
-    void readHistory();
+    void downloadText();
+    void updateOnline();
     void enumerate(std::string_view form);
     UserSettings userSettings();
 

@@ -1,0 +1,111 @@
+#include "history/update.h"
+
+#include <stdexcept>
+
+#include "history/text_file.h"
+#include "history/update_check.h"
+#include "history/update_install.h"
+#include "workspace/paths.h"
+#include "workspace/safe_file.h"
+
+using namespace Qt::StringLiterals;
+
+namespace history {
+
+namespace {
+
+const QString kTitle = u"历史更新"_s;
+const QString kTextQuestion =
+    u"您将可以从我们网站直接下载最新的中国福利彩票双色球号码数据文件（可以用文本编辑器手工编辑），"
+    u"可能需要花费一段时间！"_s;
+const QString kReadQuestion =
+    u"您已经成功下载所需要的历史号码文本文件，是否将该文件读取到软件中生成相应历史号码数据库？"
+    u"读取后软件的历史号码将采用刚刚下载的历史号码文本。"_s;
+const QString kDatabaseQuestion = u"您将可以从我们网站直接下载最新的中国福利彩票双色球历史号码数据库"
+                                  u"（下载后直接作为当前的历史号码），可能需要花费一段时间！"_s;
+const QString kFailure = u"操作失败，可能您的计算机未能连上internet或者服务站点下载繁忙，或者计算机读写出错。"_s;
+const QString kTextFile = u"\\双色历史号码\\中国福利彩票双色球.Txt"_s;
+const QString kUnfinishedText = u"\\双色历史号码\\中国福利彩票双色球.tmp"_s;
+
+QString takeQuestion(std::span<const Draw> draws) {
+    return u"您下载的是：中国福利彩票双色球历史号码 截至 %1 至 %2期，是否确认为当前历史号码？"_s.arg(draws.front()[0])
+        .arg(draws.back()[0]);
+}
+
+/// \return whether the text stands under its name
+bool keepText(const workspace::Workspace& workspace, const QByteArray& bytes) {
+    historyTextFolder(workspace);
+    const auto unfinished = workspace::underFolder(workspace.folder, kUnfinishedText);
+    return workspace::writeWholeFile(unfinished, bytes) &&
+           workspace::renameDurably(unfinished, workspace::underFolder(workspace.folder, kTextFile));
+}
+
+class OnlineUpdate {
+  public:
+    OnlineUpdate(sql::Engine& engine, workspace::Workspace& workspace, const UpdateSource& source,
+                 UpdateDialogs& dialogs)
+        : m_engine(engine), m_workspace(workspace), m_source(source), m_dialogs(dialogs) {}
+
+    /// One path from the fetch to the end.
+    FetchEnd attempt(const DatabasePath& path) {
+        const Fetched fetched = m_dialogs.fetch(m_source, path.server);
+        if (fetched.end != FetchEnd::Whole)
+            return fetched.end;
+        try {
+            return take(workspace::underFolder(m_workspace.folder, path.local), fetched.bytes);
+        } catch (const std::exception&) { // an SqlError, an UnfitDatabase, or a step of the installation
+            return FetchEnd::Failed;
+        }
+    }
+
+  private:
+    FetchEnd take(const std::filesystem::path& file, const QByteArray& bytes) {
+        workspace::removeDatabase(file); // a journal of an earlier download would be played back into this one
+        if (!workspace::writeWholeFile(file, bytes))
+            return FetchEnd::Failed;
+        const std::vector<Draw> draws = checkedDraws(m_engine, file);
+        if (!m_dialogs.confirm(takeQuestion(draws), kTitle))
+            return FetchEnd::Cancelled;
+        installUpdate(m_engine, m_workspace, file, draws);
+        return FetchEnd::Whole;
+    }
+
+    sql::Engine& m_engine;
+    workspace::Workspace& m_workspace;
+    const UpdateSource& m_source;
+    UpdateDialogs& m_dialogs;
+};
+
+} // namespace
+
+bool downloadText(const workspace::Workspace& workspace, const std::optional<UpdateSource>& source,
+                  UpdateDialogs& dialogs) {
+    if (!dialogs.confirm(kTextQuestion, kTitle))
+        return false;
+    const Fetched fetched = source ? dialogs.fetch(*source, kTextPath) : Fetched{};
+    if (fetched.end == FetchEnd::Cancelled)
+        return false;
+    if (fetched.end == FetchEnd::Failed || !keepText(workspace, fetched.bytes)) {
+        dialogs.tell(kFailure, {});
+        return false;
+    }
+    return dialogs.confirm(kReadQuestion, {});
+}
+
+bool updateOnline(sql::Engine& engine, workspace::Workspace& workspace, const std::optional<UpdateSource>& source,
+                  UpdateDialogs& dialogs) {
+    if (!dialogs.confirm(kDatabaseQuestion, kTitle))
+        return false;
+    FetchEnd end = FetchEnd::Failed;
+    if (source) {
+        OnlineUpdate update(engine, workspace, *source, dialogs);
+        for (const DatabasePath& path : kDatabasePaths)
+            if (end == FetchEnd::Failed)
+                end = update.attempt(path);
+    }
+    if (end == FetchEnd::Failed)
+        dialogs.tell(kFailure, {});
+    return !workspace.dbUser;
+}
+
+} // namespace history
