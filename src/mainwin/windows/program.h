@@ -40,8 +40,8 @@ class Program : public QObject {
     ~Program() override;
 
     void start();
-    /// Opens the workspace again after its files were replaced, loads the history and shows it; ends the program where
-    /// they do not open. Close the databases before the files are touched.
+    /// Opens the workspace again after its files were replaced, loads the history and shows it; ends the program
+    /// where they do not open. Close the databases before the files are touched.
     void reopen();
 
     workspace::Settings settings;
