@@ -3,8 +3,8 @@
 //   engine_bench                            all operations: 1,107,568 rows on both executors, with the ratio, and the
 //                                           full table of 17,721,088 rows on the column executor
 //   engine_bench --benchmark_filter=press   some of them
-//   engine_bench --processor-time           counts the processor's time, not the clock's: for a machine that others
-//   use engine_bench --memory=16                memory of a fresh process with 16 blues (or 1) after ten presses
+//   engine_bench --processor-time           counts the processor's time, not the clock's: for a machine in use
+//   engine_bench --memory=16                memory of a fresh process with 16 blues (or 1) after ten presses
 //
 // A result is checked before its time counts; a wrong count ends the run with an error.
 #include <cstring>

@@ -21,8 +21,7 @@ int main(int argc, char* argv[]) {
             return 0;
         QObject::connect(&instance, &workspace::SingleInstance::raiseAsked, &workspace::raiseActiveWindow);
         mainwin::Program program(folder);
-        QObject::connect(&program, &mainwin::Program::ended, &application, &QApplication::quit,
-                         Qt::QueuedConnection);
+        QObject::connect(&program, &mainwin::Program::ended, &application, &QApplication::quit, Qt::QueuedConnection);
         program.start();
         return QApplication::exec();
     } catch (const std::exception& error) {

@@ -9,7 +9,9 @@ namespace base {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 /// The text without blanks, tabs and line ends: the classic Val passes over them anywhere.
 std::string withoutBlanks(std::string_view text) {
@@ -91,6 +93,8 @@ std::string numberText(double number) {
     return text;
 }
 
-double roundHalfEven(double number) { return std::nearbyint(number); }
+double roundHalfEven(double number) {
+    return std::nearbyint(number);
+}
 
 } // namespace base

@@ -7,9 +7,9 @@
 
 namespace base {
 
-/// The leading number of a text, as the classic Val reads it: blanks, tabs and line ends are skipped everywhere, a sign
-/// and one decimal point are taken, an exponent after E or D; the first character that fits nothing ends the number.
-/// "007" is 7, "16.50" is 16.5, "" and "abc" are 0, "1 2" is 12, "-.5x" is -0.5.
+/// The leading number of a text, as the classic Val reads it: blanks, tabs and line ends are skipped everywhere, a
+/// sign and one decimal point are taken, an exponent after E or D; the first character that fits nothing ends the
+/// number. "007" is 7, "16.50" is 16.5, "" and "abc" are 0, "1 2" is 12, "-.5x" is -0.5.
 double val(std::string_view text);
 
 /// A number in decimal without trailing zeros: at most 15 significant digits; 0.5 prints as "0.5", -0.0 as "0".

@@ -224,7 +224,7 @@ QString MenuRow::objectName() const {
     return index == kNoIndex ? name : u"%1(%2)"_s.arg(name).arg(index);
 }
 
-// add a menu entry here: a row in the part of its menu
+// add a menu entry here: a row in the function of its menu
 std::vector<MenuRow> menuTable() {
     Rows rows;
     addSelectionMenu(rows);

@@ -13,9 +13,13 @@ namespace {
 // Whole numbers are kept whole as long as they print without an exponent and a double holds them exactly.
 constexpr double kWidest = 1e15;
 
-bool fits(const Range& range) { return range.low >= -kWidest && range.high <= kWidest; }
+bool fits(const Range& range) {
+    return range.low >= -kWidest && range.high <= kWidest;
+}
 
-Range spanning(std::initializer_list<double> values) { return {std::min(values), std::max(values)}; }
+Range spanning(std::initializer_list<double> values) {
+    return {std::min(values), std::max(values)};
+}
 
 Range moduloRange(const Range& left, const Range& right) {
     const double most = std::max(std::fabs(right.low), std::fabs(right.high)) - 1;
@@ -298,8 +302,8 @@ class Binder {
     static bool hasLooseColumn(const Expr& expr) {
         if (expr.kind == ExprKind::Aggregate)
             return false;
-        return expr.kind == ExprKind::Column ||
-               std::any_of(expr.args.begin(), expr.args.end(), [](const ExprPtr& arg) { return hasLooseColumn(*arg); });
+        return expr.kind == ExprKind::Column || std::any_of(expr.args.begin(), expr.args.end(),
+                                                            [](const ExprPtr& arg) { return hasLooseColumn(*arg); });
     }
 
     /// A place or an alias becomes a copy of nothing: the executors look the item up by the literal's number.
@@ -413,8 +417,9 @@ std::vector<ResultColumn> resultColumns(const Select& select, const TableShape& 
                       shape.columns[static_cast<std::size_t>(expr.column)].type};
         else
             column = {"Expr" + std::to_string(unnamed++),
-                      expr.type == ExprType::Text ? ColumnType::Text
-                                                  : (expr.type == ExprType::Real ? ColumnType::Real : ColumnType::Integer)};
+                      expr.type == ExprType::Text
+                          ? ColumnType::Text
+                          : (expr.type == ExprType::Real ? ColumnType::Real : ColumnType::Integer)};
         if (!item.alias.empty())
             column.name = item.alias;
         columns.push_back(std::move(column));

@@ -11,10 +11,14 @@ namespace sql {
 inline constexpr std::size_t kBatchLimit = 2048; ///< most rows of a batch
 inline constexpr std::size_t kBatchWords = kBatchLimit / 64;
 
-constexpr std::size_t wordsFor(std::size_t bits) { return (bits + 63) / 64; }
+constexpr std::size_t wordsFor(std::size_t bits) {
+    return (bits + 63) / 64;
+}
 
 /// The lowest `bits` bits set, 0..64.
-constexpr std::uint64_t lowBits(std::size_t bits) { return bits >= 64 ? ~0ULL : (1ULL << bits) - 1; }
+constexpr std::uint64_t lowBits(std::size_t bits) {
+    return bits >= 64 ? ~0ULL : (1ULL << bits) - 1;
+}
 
 class Bitmap {
   public:

@@ -26,7 +26,9 @@ constexpr std::size_t kMostTextBytes = kTextsPerBlob * (kTextLimit * 4 + sizeof(
 // Level 1: about as fast as memory can be read here, and lottery columns are mostly runs.
 constexpr int kLevel = 1;
 
-[[noreturn]] void damaged() { throw SqlError(error::kNotADatabase, "数据库文件已损坏"); }
+[[noreturn]] void damaged() {
+    throw SqlError(error::kNotADatabase, "数据库文件已损坏");
+}
 
 std::string compressed(const void* data, std::size_t size) {
     std::string blob(ZSTD_compressBound(size), '\0');
@@ -194,7 +196,8 @@ void decodeBits(Encoding encoding, std::string_view blob, Column& column, std::s
 /// Rows first.. of a text column must be codes of its dictionary; without one, all of them must be Null.
 void checkCodes(const Column& column, std::size_t first, std::size_t count) {
     const std::size_t texts = column.dictionary->size();
-    if (column.numbers.low() < 0 || static_cast<std::size_t>(column.numbers.high()) >= std::max<std::size_t>(texts, 1))
+    if (column.numbers.low() < 0 ||
+        static_cast<std::size_t>(column.numbers.high()) >= std::max<std::size_t>(texts, 1))
         damaged();
     for (std::size_t row = first; texts == 0 && row < first + count; ++row)
         if (!column.nulls.get(row))
@@ -275,8 +278,8 @@ void resolveRecipes(ColumnTable& table) {
                 if (table.columns[place].id == part.field)
                     part.column = static_cast<int>(place);
             const Column* source = part.column < 0 ? nullptr : &table.columns[static_cast<std::size_t>(part.column)];
-            const bool isWhole = source && (source->def.type == ColumnType::Integer ||
-                                            source->def.type == ColumnType::Short);
+            const bool isWhole =
+                source && (source->def.type == ColumnType::Integer || source->def.type == ColumnType::Short);
             if (!isWhole || !source->nulls.none())
                 damaged();
             part.field = 0;

@@ -97,7 +97,9 @@ void Column::markDirty(std::size_t first, std::size_t count) {
         dirtyChunks[chunk] = true;
 }
 
-void Column::markAllDirty(std::size_t size) { dirtyChunks.assign((size + kChunkRows - 1) / kChunkRows, true); }
+void Column::markAllDirty(std::size_t size) {
+    dirtyChunks.assign((size + kChunkRows - 1) / kChunkRows, true);
+}
 
 void Column::replaceDictionary() {
     dictionary = std::make_shared<Dictionary>();
@@ -132,7 +134,8 @@ void ColumnTable::verify() const {
             break;
         }
         assert(column.def.type != ColumnType::Text || rows == 0 || column.nulls.all() ||
-               column.numbers.high() < static_cast<std::int32_t>(std::max<std::size_t>(column.dictionary->size(), 1)));
+               column.numbers.high() <
+                   static_cast<std::int32_t>(std::max<std::size_t>(column.dictionary->size(), 1)));
     }
 #endif
 }

@@ -37,9 +37,9 @@ class Dictionary {
 struct TextRecipe {
     struct Part {
         std::string literal;
-        int column = -1;            ///< a whole-number column without Nulls; -1: only the literal
-        std::int64_t field = 0;     ///< id of the column, in the file
-        std::uint8_t digits = 0;    ///< padded with zeros to as many; 0: as the number is
+        int column = -1;         ///< a whole-number column without Nulls; -1: only the literal
+        std::int64_t field = 0;  ///< id of the column, in the file
+        std::uint8_t digits = 0; ///< padded with zeros to as many; 0: as the number is
         bool operator==(const Part&) const = default;
     };
     std::vector<Part> parts; ///< the literal, then the number
@@ -56,7 +56,8 @@ class NullMap {
     void setAll();
     /// \return whether any of the rows is Null; `out` is filled only then
     bool read(std::size_t first, std::size_t count, std::uint64_t* out) const;
-    /// Rows in `mask` become Null where `values` has a bit (no bit anywhere when `values` is null). \param size all rows
+    /// Rows in `mask` become Null where `values` has a bit (no bit anywhere when `values` is null). \param size all
+    /// rows
     void write(std::size_t first, std::size_t count, const std::uint64_t* values, const std::uint64_t* mask,
                std::size_t size);
     void append(std::size_t size, std::size_t count, bool null);
@@ -73,7 +74,7 @@ struct Column {
     Numbers numbers;     ///< Integer, Short; codes of Text
     std::vector<double> reals;
     Bitmap bits;
-    NullMap nulls; ///< never of a Bit
+    NullMap nulls;                                                           ///< never of a Bit
     std::shared_ptr<Dictionary> dictionary = std::make_shared<Dictionary>(); ///< Text
     std::shared_ptr<const TextRecipe> recipe; ///< Text: the rows' texts follow from other columns
     std::vector<bool> dirtyChunks;

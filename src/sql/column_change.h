@@ -1,5 +1,5 @@
-// Changes of a combination table's rows outside of UPDATE: rows of a SELECT added, single rows added and written, rows
-// taken out.
+// Changes of a combination table's rows outside of UPDATE: rows of a SELECT added, single rows added and written,
+// rows taken out.
 #pragma once
 
 #include "sql/column_query.h"

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "sql/column_change.h"
 #include "sql/column_compute.h"
 #include "sql/column_file.h"
-#include "sql/column_change.h"
 #include "sql/column_query.h"
 #include "sql/column_write.h"
 #include "sql/lexer.h"
@@ -46,14 +46,24 @@ ColumnExecutor::ColumnExecutor(std::shared_ptr<SqliteFile> file, std::size_t bat
     : m_state(std::make_unique<State>(std::move(file), std::clamp<std::size_t>(batchRows, 1, kBatchLimit))) {}
 ColumnExecutor::~ColumnExecutor() = default;
 
-bool ColumnExecutor::hasTable(const std::string& table) const { return m_state->file.has(table); }
-TableShape ColumnExecutor::shape(const std::string& table) const { return m_state->table(table)->shape(); }
+bool ColumnExecutor::hasTable(const std::string& table) const {
+    return m_state->file.has(table);
+}
+TableShape ColumnExecutor::shape(const std::string& table) const {
+    return m_state->table(table)->shape();
+}
 std::int64_t ColumnExecutor::rowCount(const std::string& table) const {
     return static_cast<std::int64_t>(m_state->table(table)->rows);
 }
-void ColumnExecutor::store() { m_state->file.store(); }
-bool ColumnExecutor::storePending() const { return m_state->file.storePending(); }
-std::int64_t ColumnExecutor::evaluations() const { return m_state->evaluations; }
+void ColumnExecutor::store() {
+    m_state->file.store();
+}
+bool ColumnExecutor::storePending() const {
+    return m_state->file.storePending();
+}
+std::int64_t ColumnExecutor::evaluations() const {
+    return m_state->evaluations;
+}
 
 void ColumnExecutor::execute(Statement& bound) {
     switch (bound.kind) {
@@ -98,7 +108,9 @@ std::shared_ptr<ColumnTable> ColumnExecutor::State::makeTable(const std::string&
     return made;
 }
 
-void ColumnExecutor::State::create(const Statement& bound) { file.add(makeTable(bound.table, bound.columns)); }
+void ColumnExecutor::State::create(const Statement& bound) {
+    file.add(makeTable(bound.table, bound.columns));
+}
 
 void ColumnExecutor::State::addColumn(const Statement& bound) {
     ColumnTable& target = *table(bound.table);

@@ -8,13 +8,17 @@ namespace sql {
 
 namespace {
 
-std::size_t chunksOf(std::size_t rows) { return (rows + kChunkRows - 1) / kChunkRows; }
+std::size_t chunksOf(std::size_t rows) {
+    return (rows + kChunkRows - 1) / kChunkRows;
+}
 
 constexpr std::int64_t kMostRows = 2147483647; // idx is a 32-bit number
 
 } // namespace
 
-ColumnFile::ColumnFile(std::shared_ptr<SqliteFile> file) : m_file(std::move(file)) { readNames(); }
+ColumnFile::ColumnFile(std::shared_ptr<SqliteFile> file) : m_file(std::move(file)) {
+    readNames();
+}
 
 void ColumnFile::readNames() {
     SqliteQuery schema(*m_file, "SELECT 1 FROM sqlite_schema WHERE name = 'column_store_tables'");
@@ -28,7 +32,9 @@ void ColumnFile::readNames() {
     }
 }
 
-bool ColumnFile::has(const std::string& name) const { return m_entries.contains(foldedName(name)); }
+bool ColumnFile::has(const std::string& name) const {
+    return m_entries.contains(foldedName(name));
+}
 
 std::shared_ptr<ColumnTable> ColumnFile::find(const std::string& name) {
     const auto found = m_entries.find(foldedName(name));
@@ -174,7 +180,8 @@ void ColumnFile::undo() {
 
 void ColumnFile::removeStored(std::int64_t id) {
     for (const char* statement :
-         {"DELETE FROM column_store_chunks WHERE field_id IN (SELECT id FROM column_store_fields WHERE table_id = ?1)",
+         {"DELETE FROM column_store_chunks WHERE field_id IN (SELECT id FROM column_store_fields WHERE table_id = "
+          "?1)",
           "DELETE FROM column_store_texts WHERE field_id IN (SELECT id FROM column_store_fields WHERE table_id = ?1)",
           "DELETE FROM column_store_fields WHERE table_id = ?1", "DELETE FROM column_store_tables WHERE id = ?1"}) {
         SqliteQuery query(*m_file, statement);
@@ -209,8 +216,9 @@ void ColumnFile::storeShape(ColumnTable& table) {
     rows.bind(1, static_cast<std::int64_t>(table.rows));
     rows.run();
     std::string kept = "0";
-    SqliteQuery insert(*m_file, "INSERT INTO column_store_fields (table_id, place, name, type) VALUES (?1, ?2, ?3, ?4) "
-                                "RETURNING id");
+    SqliteQuery insert(*m_file,
+                       "INSERT INTO column_store_fields (table_id, place, name, type) VALUES (?1, ?2, ?3, ?4) "
+                       "RETURNING id");
     for (std::size_t place = 0; place < table.columns.size(); ++place) {
         Column& column = table.columns[place];
         if (column.id == 0) {
@@ -239,7 +247,8 @@ void ColumnFile::storeShape(ColumnTable& table) {
 void ColumnFile::storeTexts(const Column& column) {
     SqliteQuery insert(*m_file, "INSERT OR REPLACE INTO column_store_texts VALUES (?1, ?2, ?3)");
     const std::size_t end = column.dictionary->size();
-    for (std::size_t first = column.dictionaryReplaced ? 0 : column.storedTexts; first < end; first += kTextsPerBlob) {
+    for (std::size_t first = column.dictionaryReplaced ? 0 : column.storedTexts; first < end;
+         first += kTextsPerBlob) {
         const std::string blob = encodeTexts(*column.dictionary, first, std::min(kTextsPerBlob, end - first));
         insert.bind(0, column.id);
         insert.bind(1, static_cast<std::int64_t>(first));

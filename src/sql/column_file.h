@@ -1,8 +1,9 @@
 // The combination tables of one file: in memory while they are used, as compressed chunks in the file.
 //
-// Three SQLite tables hold them: column_store_tables (name, rows), column_store_fields (columns with their dictionary)
-// and column_store_chunks (one blob for kChunkRows rows of a column). A table is read when it is first asked for.
-// store() writes only what has changed, in one transaction: the file always is in the state of some finished step.
+// Three SQLite tables hold them: column_store_tables (name, rows), column_store_fields (columns with their
+// dictionary) and column_store_chunks (one blob for kChunkRows rows of a column). A table is read when it is first
+// asked for. store() writes only what has changed, in one transaction: the file always is in the state of some
+// finished step.
 #pragma once
 
 #include <map>

@@ -50,8 +50,7 @@ std::vector<std::uint32_t> distinctPlaces(const std::vector<Keys>& keys) {
                 kept.push_back(place);
                 break;
             }
-            if (std::all_of(keys.begin(), keys.end(),
-                            [&](const Keys& key) { return key[place] == key[slots[at]]; }))
+            if (std::all_of(keys.begin(), keys.end(), [&](const Keys& key) { return key[place] == key[slots[at]]; }))
                 break;
         }
     }

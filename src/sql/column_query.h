@@ -22,8 +22,7 @@ struct QueryTools {
 PlanContext planContext(ColumnTable& table, TextPool& pool, const QueryTools& tools);
 
 /// Calls visit(batch, chosen) for every batch with at least one row that holds; all rows hold when `where` is null.
-template <class Visit>
-void forEachBatch(const ColumnTable& table, std::size_t batchRows, Node* where, Visit visit) {
+template <class Visit> void forEachBatch(const ColumnTable& table, std::size_t batchRows, Node* where, Visit visit) {
     for (std::size_t first = 0; first < table.rows; first += batchRows) {
         const Batch batch{&table, first, std::min(batchRows, table.rows - first)};
         Truth truth;

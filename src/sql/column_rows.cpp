@@ -88,7 +88,7 @@ Value ColumnRows::at(std::int64_t row, int column) const {
         return {}; // the row has been deleted since
     if (!item.expr)
         return static_cast<std::size_t>(item.column) < m_table->columns.size() ? m_table->at(place, item.column)
-                                                                                : Value();
+                                                                               : Value();
     return evaluate(*item.expr, [&](int from) { return m_table->at(place, from); });
 }
 

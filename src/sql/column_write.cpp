@@ -97,7 +97,8 @@ void ColumnWriter::write(const Batch& batch, const std::uint64_t* mask) {
 
 void ColumnWriter::writeReals(const Batch& batch, const std::uint64_t* mask) {
     const double* reals = asReals(m_vec, batch.count, m_buffer->reals.data());
-    forEachBit(mask, batch.count, [&](std::size_t row) { column().reals[batch.first + row] = reals[row] + 0.0; }); // no -0
+    forEachBit(mask, batch.count,
+               [&](std::size_t row) { column().reals[batch.first + row] = reals[row] + 0.0; }); // no -0
 }
 
 void ColumnWriter::writeTexts(const Batch& batch, const std::uint64_t* mask) {
@@ -140,7 +141,7 @@ void assignConstant(ColumnTable& table, int place, const Value& value) {
     }
     if (column.def.type == ColumnType::Text)
         column.replaceDictionary();
-    const std::int32_t number = isNull(value)                           ? 0
+    const std::int32_t number = isNull(value)                         ? 0
                                 : column.def.type == ColumnType::Text ? column.dictionary->intern(toText(value))
                                                                       : static_cast<std::int32_t>(toInteger(value));
     column.numbers.rebuild(table.rows, number, number);

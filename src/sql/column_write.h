@@ -5,8 +5,8 @@
 
 namespace sql {
 
-/// One assignment of an UPDATE, prepared. For each batch evaluate() and then, when all assignments of the statement have
-/// been evaluated, write(). finish() at the end of the statement.
+/// One assignment of an UPDATE, prepared. For each batch evaluate() and then, when all assignments of the statement
+/// have been evaluated, write(). finish() at the end of the statement.
 class ColumnWriter {
   public:
     /// \param whole  every row is written: the column is made anew at its own width
@@ -33,7 +33,7 @@ class ColumnWriter {
     TextPool& m_pool;
     Planned m_planned;
     Vec m_vec;
-    Truth m_truth; // of a Bit
+    Truth m_truth;   // of a Bit
     Numbers m_fresh; // of a column that is made anew
     NullMap m_freshNulls;
     std::shared_ptr<Dictionary> m_dictionary;

@@ -29,24 +29,38 @@ bool isCombinationTable(std::string_view table) {
                        [&](std::string_view known) { return sameName(known, table); });
 }
 
-// ---- Rows ----------------------------------------------------------------------------------------------------------
+// ---- Rows
+// ----------------------------------------------------------------------------------------------------------
 
 Rows::Rows(std::shared_ptr<const Source> source) : m_source(std::move(source)) {}
-std::int64_t Rows::count() const { return m_source ? m_source->count() : 0; }
-int Rows::columnCount() const { return m_source ? static_cast<int>(m_source->columns().size()) : 0; }
+std::int64_t Rows::count() const {
+    return m_source ? m_source->count() : 0;
+}
+int Rows::columnCount() const {
+    return m_source ? static_cast<int>(m_source->columns().size()) : 0;
+}
 const std::string& Rows::columnName(int column) const {
     return m_source->columns()[static_cast<std::size_t>(column)];
 }
-Value Rows::at(std::int64_t row, int column) const { return m_source->at(row, column); }
-std::int64_t Rows::integerAt(std::int64_t row, int column) const { return m_source->integerAt(row, column); }
-std::string Rows::textAt(std::int64_t row, int column) const { return toText(at(row, column)); }
+Value Rows::at(std::int64_t row, int column) const {
+    return m_source->at(row, column);
+}
+std::int64_t Rows::integerAt(std::int64_t row, int column) const {
+    return m_source->integerAt(row, column);
+}
+std::string Rows::textAt(std::int64_t row, int column) const {
+    return toText(at(row, column));
+}
 
-// ---- Database ------------------------------------------------------------------------------------------------------
+// ---- Database
+// ------------------------------------------------------------------------------------------------------
 
 Database::Database(std::shared_ptr<Store> store) : m_store(std::move(store)) {}
 Database::~Database() = default;
 
-const std::filesystem::path& Database::path() const { return m_store->path(); }
+const std::filesystem::path& Database::path() const {
+    return m_store->path();
+}
 
 void Database::execute(std::string_view statement) {
     if (m_listener)
@@ -106,13 +120,27 @@ void Database::computeColumns(std::string_view table, std::span<const std::strin
     m_store->keeperOf(name).computeColumns(name, inputs, outputs, kernel);
 }
 
-void Database::setListener(Listener listener) { m_listener = std::move(listener); }
-void Database::begin() { m_store->begin(); }
-void Database::commit() { m_store->commit(); }
-void Database::rollback() { m_store->rollback(); }
-void Database::store() { m_store->store(); }
-bool Database::storePending() const { return m_store->storePending(); }
-std::int64_t Database::evaluations() const { return m_store->evaluations(); }
+void Database::setListener(Listener listener) {
+    m_listener = std::move(listener);
+}
+void Database::begin() {
+    m_store->begin();
+}
+void Database::commit() {
+    m_store->commit();
+}
+void Database::rollback() {
+    m_store->rollback();
+}
+void Database::store() {
+    m_store->store();
+}
+bool Database::storePending() const {
+    return m_store->storePending();
+}
+std::int64_t Database::evaluations() const {
+    return m_store->evaluations();
+}
 
 Transaction::~Transaction() {
     if (!m_database)
@@ -138,7 +166,8 @@ bool passOver(Database& database, std::string_view statement) {
     }
 }
 
-// ---- Engine --------------------------------------------------------------------------------------------------------
+// ---- Engine
+// --------------------------------------------------------------------------------------------------------
 
 struct Engine::State {
     EngineOptions options;
@@ -166,7 +195,9 @@ void requireFolder(const std::filesystem::path& file) {
 
 } // namespace
 
-Engine::Engine(EngineOptions options) : m_state(std::make_unique<State>()) { m_state->options = options; }
+Engine::Engine(EngineOptions options) : m_state(std::make_unique<State>()) {
+    m_state->options = options;
+}
 Engine::~Engine() = default;
 
 std::unique_ptr<Database> Engine::open(const std::filesystem::path& file) {

@@ -112,7 +112,8 @@ using RowKernel =
 struct RowBatch {
     struct Output {
         std::span<std::int32_t> values;
-        std::span<std::uint8_t> written; ///< 0 at first; 1: the row gets its value. Other rows keep theirs, Null or not
+        std::span<std::uint8_t>
+            written; ///< 0 at first; 1: the row gets its value. Other rows keep theirs, Null or not
     };
     std::size_t rows;
     std::span<const std::span<const std::int32_t>> inputs; ///< inputs[k][row]: Null reads as 0, a bit as -1 or 0
@@ -144,15 +145,15 @@ class Database {
     std::vector<std::string> columnNames(std::string_view table) const;
     std::int64_t rowCount(std::string_view table) const;
 
-    /// Appends rows to a table in order, as one step; columns not named are Null (bits false). A value of a column that
-    /// the table lacks is passed over.
+    /// Appends rows to a table in order, as one step; columns not named are Null (bits false). A value of a column
+    /// that the table lacks is passed over.
     void appendRows(std::string_view table, const RowBlock& block);
     /// output := kernel(inputs) for every row of a table, in batches. The output is an integer column.
     void computeColumn(std::string_view table, std::span<const std::string> inputs, std::string_view output,
                        const RowKernel& kernel);
 
-    /// One pass over a table, in batches of any length, in the order of the rows: the kernel reads `inputs` (whole numbers
-    /// or bits) and writes chosen rows of `outputs` (whole numbers). A column may be both: it is read first.
+    /// One pass over a table, in batches of any length, in the order of the rows: the kernel reads `inputs` (whole
+    /// numbers or bits) and writes chosen rows of `outputs` (whole numbers). A column may be both: it is read first.
     /// \throws SqlError kTableNotFound, kColumnNotFound, kTypeMismatch before the first row
     void computeColumns(std::string_view table, std::span<const std::string> inputs,
                         std::span<const std::string> outputs, const BatchKernel& kernel);

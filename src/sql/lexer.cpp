@@ -7,12 +7,18 @@ namespace sql {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || static_cast<unsigned char>(c) >= 0x80;
 }
-bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
-char folded(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+bool isBlank(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+char folded(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
 
 class Scanner {
   public:
@@ -106,8 +112,8 @@ class Scanner {
     }
 
     Token symbol() {
-        static constexpr std::array<std::string_view, 16> kSymbols = {
-            "<>", "<=", ">=", "=", "<", ">", "(", ")", ",", ".", "+", "-", "*", "/", "&", ";"};
+        static constexpr std::array<std::string_view, 16> kSymbols = {"<>", "<=", ">=", "=", "<", ">", "(", ")",
+                                                                      ",",  ".",  "+",  "-", "*", "/", "&", ";"};
         for (const std::string_view symbol : kSymbols)
             if (m_text.substr(m_at, symbol.size()) == symbol) {
                 const std::size_t first = m_at;
@@ -131,8 +137,8 @@ std::vector<Token> tokenize(std::string_view statement) {
 }
 
 bool sameName(std::string_view left, std::string_view right) {
-    return left.size() == right.size() && std::equal(left.begin(), left.end(), right.begin(),
-                                                     [](char a, char b) { return folded(a) == folded(b); });
+    return left.size() == right.size() &&
+           std::equal(left.begin(), left.end(), right.begin(), [](char a, char b) { return folded(a) == folded(b); });
 }
 
 std::string foldedName(std::string_view name) {

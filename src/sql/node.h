@@ -98,8 +98,8 @@ struct ValueSet {
 };
 NodePtr memberNode(Planned operand, ValueSet set, bool negated, TextPool& pool);
 
-/// LIKE over a text of two-digit numbers with blanks between them, answered from the numbers: the row holds when these
-/// numbers stand in it in this order.
+/// LIKE over a text of two-digit numbers with blanks between them, answered from the numbers: the row holds when
+/// these numbers stand in it in this order.
 NodePtr numbersInOrderNode(std::vector<int> columns, std::vector<std::int32_t> wanted, bool negated);
 /// IN over a text that is put together from other columns.
 NodePtr recipeMemberNode(std::shared_ptr<const TextRecipe> recipe, ValueSet set, bool negated);

@@ -22,8 +22,7 @@ struct Times {
 };
 
 /// out[i] = Op(left[i], right[i]). The caller has chosen a type that cannot overflow.
-template <class Op, class T>
-SSQ_VECTOR_LOOP void compute(const T* left, const T* right, std::size_t count, T* out) {
+template <class Op, class T> SSQ_VECTOR_LOOP void compute(const T* left, const T* right, std::size_t count, T* out) {
     for (std::size_t row = 0; row < count; ++row)
         out[row] = Op::apply(left[row], right[row]);
 }
@@ -110,7 +109,8 @@ class ModuloNode final : public ValueNode {
             m_out->flags[row] = !known;
             anyNull |= !known;
             m_out->ints[row] =
-                known ? static_cast<std::int32_t>(static_cast<std::int64_t>(whole) % static_cast<std::int64_t>(by)) : 0;
+                known ? static_cast<std::int32_t>(static_cast<std::int64_t>(whole) % static_cast<std::int64_t>(by))
+                      : 0;
         }
         return {.ints = m_out->ints.data(), .nulls = anyNull ? m_out->flags.data() : nullptr};
     }

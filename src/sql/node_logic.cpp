@@ -144,7 +144,9 @@ class ChooseNode final : public ValueNode {
 NodePtr logicNode(BinaryOp op, NodePtr left, NodePtr right) {
     return std::make_unique<LogicNode>(op, std::move(left), std::move(right));
 }
-NodePtr notNode(NodePtr operand) { return std::make_unique<NotNode>(std::move(operand)); }
+NodePtr notNode(NodePtr operand) {
+    return std::make_unique<NotNode>(std::move(operand));
+}
 NodePtr isNullNode(NodePtr operand, bool negated) {
     return std::make_unique<IsNullNode>(std::move(operand), negated);
 }

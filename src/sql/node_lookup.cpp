@@ -153,9 +153,8 @@ class Filler {
         results.anyNull |= isNull(result);
         if (m_storage == Storage::Reals)
             return results.reals.push_back(toReal(result));
-        const std::int32_t number =
-            m_storage == Storage::Texts ? (isNull(result) ? 0 : m_pool.intern(toText(result)))
-                                        : static_cast<std::int32_t>(toInteger(result));
+        const std::int32_t number = m_storage == Storage::Texts ? (isNull(result) ? 0 : m_pool.intern(toText(result)))
+                                                                : static_cast<std::int32_t>(toInteger(result));
         results.ints.push_back(number);
         if (isNull(result) || !counts)
             return;
@@ -177,8 +176,7 @@ class Filler {
 
 } // namespace
 
-Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPool& pool,
-                   std::int64_t* evaluations) {
+Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPool& pool, std::int64_t* evaluations) {
     const Column& column = table.columns[static_cast<std::size_t>(place)];
     const bool isText = column.def.type == ColumnType::Text;
     const std::int32_t low = isText ? 0 : column.numbers.low();
@@ -186,11 +184,11 @@ Planned lookupNode(const Expr& expr, const ColumnTable& table, int place, TextPo
         isText ? std::max<std::int32_t>(static_cast<std::int32_t>(column.dictionary->size()) - 1, 0)
                : column.numbers.high();
     Planned planned;
-    planned.storage = expr.type == ExprType::Text ? Storage::Texts
-                      : expr.type == ExprType::Integer && expr.range.low >= kIntegerLow &&
-                              expr.range.high <= kIntegerHigh
-                          ? Storage::Ints
-                          : Storage::Reals;
+    planned.storage =
+        expr.type == ExprType::Text ? Storage::Texts
+        : expr.type == ExprType::Integer && expr.range.low >= kIntegerLow && expr.range.high <= kIntegerHigh
+            ? Storage::Ints
+            : Storage::Reals;
     Filler filler(expr, planned.storage, pool, evaluations);
     Results results;
     for (std::int64_t number = low; number <= high; ++number)

@@ -2,8 +2,8 @@
 // then found again by a hash of the operands.
 #include <bit>
 
-#include "sql/node.h"
 #include "sql/lexer.h"
+#include "sql/node.h"
 
 namespace sql {
 

@@ -89,7 +89,9 @@ void Numbers::grow(std::size_t rows) {
     m_capacity = capacity;
 }
 
-void Numbers::reserve(std::size_t rows) { grow(rows); }
+void Numbers::reserve(std::size_t rows) {
+    grow(rows);
+}
 
 void Numbers::makeRoom(std::int32_t low, std::int32_t high) {
     if (m_size > 0) {

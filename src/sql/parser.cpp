@@ -526,9 +526,7 @@ class Parser {
         return std::nullopt;
     }
 
-    const Token& peek(std::size_t ahead = 0) const {
-        return m_tokens[std::min(m_at + ahead, m_tokens.size() - 1)];
-    }
+    const Token& peek(std::size_t ahead = 0) const { return m_tokens[std::min(m_at + ahead, m_tokens.size() - 1)]; }
     void advance() { m_at = std::min(m_at + 1, m_tokens.size() - 1); }
     bool isWord(const Token& token, std::string_view word) const {
         return token.kind == TokenKind::Word && sameName(token.text, word);
@@ -593,6 +591,8 @@ class Parser {
 
 } // namespace
 
-Statement parse(std::string_view statement) { return Parser(statement).statement(); }
+Statement parse(std::string_view statement) {
+    return Parser(statement).statement();
+}
 
 } // namespace sql

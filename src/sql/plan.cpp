@@ -18,7 +18,9 @@ constexpr double kWordHigh = kIntegerHigh;
 // cache; beyond that a number is as often met once, and a loop over the rows is the better way.
 constexpr std::size_t kWidestTable = 4096;
 
-bool fitsInts(const Range& range) { return range.low >= kWordLow && range.high <= kWordHigh; }
+bool fitsInts(const Range& range) {
+    return range.low >= kWordLow && range.high <= kWordHigh;
+}
 
 struct Reads {
     std::set<int> columns;
@@ -37,10 +39,10 @@ void collectReads(const Expr& expr, Reads& reads) {
 bool isPlainArithmetic(const Expr& expr) {
     if (expr.kind == ExprKind::Column || expr.kind == ExprKind::Literal)
         return expr.type == ExprType::Integer;
-    const bool plain = expr.kind == ExprKind::Binary &&
-                       (expr.binary == BinaryOp::Add || expr.binary == BinaryOp::Subtract ||
-                        expr.binary == BinaryOp::Multiply) &&
-                       expr.type == ExprType::Integer;
+    const bool plain =
+        expr.kind == ExprKind::Binary &&
+        (expr.binary == BinaryOp::Add || expr.binary == BinaryOp::Subtract || expr.binary == BinaryOp::Multiply) &&
+        expr.type == ExprType::Integer;
     return plain && isPlainArithmetic(*expr.args[0]) && isPlainArithmetic(*expr.args[1]);
 }
 
@@ -74,7 +76,8 @@ class Planner {
         case ColumnType::Real:
             return false;
         case ColumnType::Text:
-            return !column.recipe && column.dictionary->size() <= std::max<std::size_t>(4 * m_context.table.rows, 256);
+            return !column.recipe &&
+                   column.dictionary->size() <= std::max<std::size_t>(4 * m_context.table.rows, 256);
         default:
             break;
         }
@@ -144,10 +147,10 @@ class Planner {
                 return {recipeMemberNode(recipe, m_context.runSubselect(*expr.subquery), expr.negated),
                         Storage::Ints,
                         {-1, 0}};
-            return {memberNode(plan(*expr.args[0]), m_context.runSubselect(*expr.subquery), expr.negated,
-                               m_context.pool),
-                    Storage::Ints,
-                    {-1, 0}};
+            return {
+                memberNode(plan(*expr.args[0]), m_context.runSubselect(*expr.subquery), expr.negated, m_context.pool),
+                Storage::Ints,
+                {-1, 0}};
         default:
             return memo(expr);
         }
@@ -215,7 +218,8 @@ class Planner {
         Storage storage = storageOf(expr, range);
         if (storage == Storage::Ints && (then.storage == Storage::Reals || otherwise.storage == Storage::Reals))
             storage = Storage::Reals;
-        return {chooseNode(std::move(condition.node), std::move(then), std::move(otherwise), storage), storage, range};
+        return {chooseNode(std::move(condition.node), std::move(then), std::move(otherwise), storage), storage,
+                range};
     }
 
     Planned planText(const Expr& expr, Planned planned) {
@@ -233,8 +237,8 @@ class Planner {
 
     /// A function of one or two operands; `format` has its pattern in the tree.
     Planned memo(const Expr& expr) {
-        const bool oneOperand = expr.args.size() == 1 || (expr.kind == ExprKind::Function &&
-                                                          expr.function == FunctionId::Format);
+        const bool oneOperand =
+            expr.args.size() == 1 || (expr.kind == ExprKind::Function && expr.function == FunctionId::Format);
         std::vector<MemoOperand> operands;
         for (std::size_t place = 0; place < (oneOperand ? 1U : 2U); ++place)
             operands.push_back({plan(*expr.args[place]), expr.args[place]->type != ExprType::Real});
@@ -256,7 +260,9 @@ class Planner {
 
 } // namespace
 
-Planned plan(const Expr& expr, PlanContext& context) { return Planner(context).plan(expr); }
+Planned plan(const Expr& expr, PlanContext& context) {
+    return Planner(context).plan(expr);
+}
 
 Planned planAsText(const Expr& expr, PlanContext& context) {
     Planner planner(context);

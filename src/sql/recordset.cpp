@@ -35,8 +35,8 @@ struct Recordset::State {
     enum class Editing { None, New, Current };
 
     std::unique_ptr<Backend> backend;
-    std::int64_t row = 0;  // -1 before the first record, count() behind the last
-    bool removed = false;  // the record at the position has just been deleted: row is that of its follower
+    std::int64_t row = 0; // -1 before the first record, count() behind the last
+    bool removed = false; // the record at the position has just been deleted: row is that of its follower
     Editing editing = Editing::None;
     std::vector<std::pair<int, Value>> fields;
 
@@ -60,27 +60,41 @@ Recordset::Recordset(Recordset&&) noexcept = default;
 Recordset& Recordset::operator=(Recordset&&) noexcept = default;
 Recordset::~Recordset() = default;
 
-void Recordset::moveFirst() { m_state->moveTo(0); }
-void Recordset::moveLast() { m_state->moveTo(std::max<std::int64_t>(m_state->count() - 1, 0)); }
+void Recordset::moveFirst() {
+    m_state->moveTo(0);
+}
+void Recordset::moveLast() {
+    m_state->moveTo(std::max<std::int64_t>(m_state->count() - 1, 0));
+}
 void Recordset::moveNext() {
     const std::int64_t next = m_state->removed ? m_state->row : m_state->row + 1;
     m_state->moveTo(std::min(next, m_state->count()));
 }
-void Recordset::movePrevious() { m_state->moveTo(std::max<std::int64_t>(m_state->row - 1, -1)); }
-bool Recordset::bof() const { return m_state->row < 0 || m_state->count() == 0; }
-bool Recordset::eof() const { return m_state->row >= m_state->count(); }
-std::int64_t Recordset::recordCount() const { return m_state->count(); }
+void Recordset::movePrevious() {
+    m_state->moveTo(std::max<std::int64_t>(m_state->row - 1, -1));
+}
+bool Recordset::bof() const {
+    return m_state->row < 0 || m_state->count() == 0;
+}
+bool Recordset::eof() const {
+    return m_state->row >= m_state->count();
+}
+std::int64_t Recordset::recordCount() const {
+    return m_state->count();
+}
 
 int Recordset::fieldIndex(std::string_view name) const {
     const auto& columns = m_state->backend->columns();
-    const auto found =
-        std::find_if(columns.begin(), columns.end(), [&](const std::string& column) { return sameName(column, name); });
+    const auto found = std::find_if(columns.begin(), columns.end(),
+                                    [&](const std::string& column) { return sameName(column, name); });
     if (found == columns.end())
         throw SqlError(error::kFieldNotFound, "找不到字段 " + std::string(name));
     return static_cast<int>(found - columns.begin());
 }
 
-int Recordset::fieldCount() const { return static_cast<int>(m_state->backend->columns().size()); }
+int Recordset::fieldCount() const {
+    return static_cast<int>(m_state->backend->columns().size());
+}
 const std::string& Recordset::fieldName(int field) const {
     return m_state->backend->columns()[static_cast<std::size_t>(field)];
 }

@@ -10,9 +10,13 @@ namespace sql {
 
 namespace {
 
-char folded(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+char folded(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
+}
 
-bool isContinuation(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+bool isContinuation(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
 
 /// Byte after the character that starts at `at`.
 std::size_t nextCharacter(std::string_view text, std::size_t at) {
@@ -23,7 +27,9 @@ std::size_t nextCharacter(std::string_view text, std::size_t at) {
     return at;
 }
 
-Value truth(bool holds) { return std::int64_t{holds ? -1 : 0}; }
+Value truth(bool holds) {
+    return std::int64_t{holds ? -1 : 0};
+}
 
 } // namespace
 
@@ -38,7 +44,8 @@ int compareText(std::string_view left, std::string_view right) {
     return left.size() == right.size() ? 0 : (left.size() < right.size() ? -1 : 1);
 }
 
-// Greedy matching with one way back: after a star only the last star can be tried again, so this is O(text · pattern).
+// Greedy matching with one way back: after a star only the last star can be tried again, so this is O(text ·
+// pattern).
 bool likeText(std::string_view text, std::string_view pattern) {
     std::size_t at = 0;
     std::size_t want = 0;

@@ -25,8 +25,8 @@ int compareText(std::string_view left, std::string_view right);
 /// LIKE: `*` stands for any text, `?` for one character, all else for itself; case of ASCII letters is ignored.
 bool likeText(std::string_view text, std::string_view pattern);
 
-/// Position of the first character of `part` in `text`, from 1; 0 when it is absent or the text is empty; an empty part
-/// is found at 1. Case of ASCII letters is ignored.
+/// Position of the first character of `part` in `text`, from 1; 0 when it is absent or the text is empty; an empty
+/// part is found at 1. Case of ASCII letters is ignored.
 std::int64_t inStr(std::string_view text, std::string_view part);
 
 /// `format` with a pattern of zeros: the number rounded to a whole one, half away from zero, padded to as many digits
@@ -37,8 +37,8 @@ bool isZeroPattern(std::string_view pattern);
 /// The character of a code 0..127 (0 gives the empty text); Null for any other.
 Value chr(const Value& code);
 
-/// Remainder of the operands rounded to whole numbers, with the sign of the left one; Null for a right one of 0 and for
-/// operands beyond 32 bits.
+/// Remainder of the operands rounded to whole numbers, with the sign of the left one; Null for a right one of 0 and
+/// for operands beyond 32 bits.
 Value modulo(const Value& left, const Value& right);
 
 /// The first 255 characters.

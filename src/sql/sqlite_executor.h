@@ -1,7 +1,7 @@
 // The executor over SQLite: ordinary tables always, combination tables where it serves as the oracle.
 //
-// A bound statement is printed in SQLite's dialect: comparisons become -(a = b), so that truth is -1; what SQLite lacks
-// are functions of SqliteFile. A SELECT keeps only the places of its rows and reads a row when it is asked for.
+// A bound statement is printed in SQLite's dialect: comparisons become -(a = b), so that truth is -1; what SQLite
+// lacks are functions of SqliteFile. A SELECT keeps only the places of its rows and reads a row when it is asked for.
 #pragma once
 
 #include "sql/executor.h"

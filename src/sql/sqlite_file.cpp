@@ -48,7 +48,9 @@ struct FunctionEntry {
     Function function;
 };
 
-Value finite(const Value& value) { return isNull(value) || !std::isfinite(toReal(value)) ? Value() : value; }
+Value finite(const Value& value) {
+    return isNull(value) || !std::isfinite(toReal(value)) ? Value() : value;
+}
 
 constexpr FunctionEntry kFunctions[] = {
     {"ssq_join", 2, [](const Value& a, const Value& b) { return Value(toText(a) + toText(b)); }},
@@ -60,8 +62,7 @@ constexpr FunctionEntry kFunctions[] = {
      [](const Value& a, const Value& b) {
          return isNull(a) || isNull(b) ? Value() : Value(inStr(toText(a), toText(b)));
      }},
-    {"ssq_format", 2,
-     [](const Value& a, const Value& b) { return Value(formatNumber(a, toText(b).size())); }},
+    {"ssq_format", 2, [](const Value& a, const Value& b) { return Value(formatNumber(a, toText(b).size())); }},
     {"ssq_mod", 2, [](const Value& a, const Value& b) { return modulo(a, b); }},
     {"ssq_chr", 1, [](const Value& a, const Value&) { return chr(a); }},
     {"ssq_floor", 1, [](const Value& a, const Value&) { return isNull(a) ? a : Value(std::floor(toReal(a))); }},
@@ -82,9 +83,9 @@ bool isLackOfRoom(int systemError) {
     return systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG;
 }
 
-/// Whether the system refused a write for want of room: a full disk, a used-up quota, a file at its size limit. SQLite
-/// knows only the first as such. Its note of the system's error may be overwritten when it rolls back; the file keeps
-/// its own.
+/// Whether the system refused a write for want of room: a full disk, a used-up quota, a file at its size limit.
+/// SQLite knows only the first as such. Its note of the system's error may be overwritten when it rolls back; the
+/// file keeps its own.
 bool lacksRoom(sqlite3* handle) {
     int ofFile = 0;
     if (sqlite3_extended_errcode(handle) == SQLITE_IOERR_WRITE)
@@ -135,11 +136,17 @@ SqliteFile::SqliteFile(const std::filesystem::path& file, bool mustExist) {
     }
 }
 
-SqliteFile::~SqliteFile() { close(); }
+SqliteFile::~SqliteFile() {
+    close();
+}
 
-void SqliteFile::close() { sqlite3_close_v2(m_handle); }
+void SqliteFile::close() {
+    sqlite3_close_v2(m_handle);
+}
 
-void SqliteFile::run(const std::string& statement) { SqliteQuery(*this, statement).run(); }
+void SqliteFile::run(const std::string& statement) {
+    SqliteQuery(*this, statement).run();
+}
 
 void SqliteFile::fail() const {
     const int number = errorNumber(m_handle);
@@ -149,7 +156,9 @@ void SqliteFile::fail() const {
     throw SqlError(number, std::string("磁盘空间不足,数据没有写入 ") + (file ? file : ""));
 }
 
-bool sqliteInTransaction(const SqliteFile& file) { return sqlite3_get_autocommit(file.handle()) == 0; }
+bool sqliteInTransaction(const SqliteFile& file) {
+    return sqlite3_get_autocommit(file.handle()) == 0;
+}
 
 SqliteQuery::SqliteQuery(const SqliteFile& file, const std::string& statement) : m_file(&file) {
     if (sqlite3_prepare_v2(file.handle(), statement.c_str(), static_cast<int>(statement.size()), &m_statement,
@@ -157,7 +166,9 @@ SqliteQuery::SqliteQuery(const SqliteFile& file, const std::string& statement) :
         file.fail();
 }
 
-SqliteQuery::~SqliteQuery() { sqlite3_finalize(m_statement); }
+SqliteQuery::~SqliteQuery() {
+    sqlite3_finalize(m_statement);
+}
 
 void SqliteQuery::bind(int place, const Value& value) {
     if (isNull(value))
@@ -191,7 +202,9 @@ void SqliteQuery::run() {
     reset();
 }
 
-void SqliteQuery::reset() { sqlite3_reset(m_statement); }
+void SqliteQuery::reset() {
+    sqlite3_reset(m_statement);
+}
 
 Value SqliteQuery::column(int place) const {
     switch (sqlite3_column_type(m_statement, place)) {
@@ -207,13 +220,17 @@ Value SqliteQuery::column(int place) const {
     }
 }
 
-std::int64_t SqliteQuery::integer(int place) const { return sqlite3_column_int64(m_statement, place); }
+std::int64_t SqliteQuery::integer(int place) const {
+    return sqlite3_column_int64(m_statement, place);
+}
 
 std::string_view SqliteQuery::blob(int place) const {
     const auto* data = static_cast<const char*>(sqlite3_column_blob(m_statement, place));
     return {data, static_cast<std::size_t>(sqlite3_column_bytes(m_statement, place))};
 }
 
-int SqliteQuery::columnCount() const { return sqlite3_column_count(m_statement); }
+int SqliteQuery::columnCount() const {
+    return sqlite3_column_count(m_statement);
+}
 
 } // namespace sql

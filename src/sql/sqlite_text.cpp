@@ -9,8 +9,8 @@ namespace sql {
 
 namespace {
 
-constexpr std::array<const char*, 14> kOperators = {"+",   "-",   "*",   "/",   "",    "",    "=",
-                                                    "<>",  "<",   "<=",  ">",   ">=",  "AND", "OR"};
+constexpr std::array<const char*, 14> kOperators = {"+",  "-", "*",  "/", "",   "",    "=",
+                                                    "<>", "<", "<=", ">", ">=", "AND", "OR"};
 
 std::string literalText(const Value& value) {
     if (isNull(value))

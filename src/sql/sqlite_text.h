@@ -10,7 +10,8 @@ std::string sqliteText(const Expr& expr, const TableShape& shape, const ShapeOf&
 /// The expression as a column of the type keeps it.
 std::string sqliteStored(const Expr& expr, ColumnType type, const TableShape& shape, const ShapeOf& shapeOf);
 /// SELECT without INTO. \param onlyRowids  the places of the rows instead of their values
-std::string sqliteText(const Select& select, const TableShape& shape, const ShapeOf& shapeOf, bool onlyRowids = false);
+std::string sqliteText(const Select& select, const TableShape& shape, const ShapeOf& shapeOf,
+                       bool onlyRowids = false);
 /// The items of a SELECT, for one row or all.
 std::string sqliteItems(const Select& select, const TableShape& shape, const ShapeOf& shapeOf);
 std::string sqliteColumn(const ColumnDef& column);

@@ -64,7 +64,8 @@ std::shared_ptr<const Rows::Source> Store::query(std::string_view text) {
 
 std::unique_ptr<Recordset::Backend> Store::open(std::string_view tableOrSelect) {
     const std::vector<Token> tokens = tokenize(tableOrSelect);
-    const bool isName = tokens.size() == 2 && (tokens[0].kind == TokenKind::Word || tokens[0].kind == TokenKind::Name);
+    const bool isName =
+        tokens.size() == 2 && (tokens[0].kind == TokenKind::Word || tokens[0].kind == TokenKind::Name);
     if (!isName)
         return readOnlyBackend(query(tableOrSelect));
     return keeperOf(tokens[0].text).openTable(tokens[0].text);
@@ -95,8 +96,12 @@ void Store::store() {
         m_columns->store();
 }
 
-std::int64_t Store::evaluations() const { return m_columns ? m_columns->evaluations() : 0; }
+std::int64_t Store::evaluations() const {
+    return m_columns ? m_columns->evaluations() : 0;
+}
 
-bool Store::storePending() const { return m_columns && m_columns->storePending(); }
+bool Store::storePending() const {
+    return m_columns && m_columns->storePending();
+}
 
 } // namespace sql

@@ -175,8 +175,8 @@ std::optional<std::vector<std::int32_t>> numbersOfPattern(std::string_view patte
             ++at;
             continue;
         }
-        const bool twoDigits = at + 2 < pattern.size() && isDigit(pattern[at]) && isDigit(pattern[at + 1]) &&
-                               pattern[at + 2] == '*';
+        const bool twoDigits =
+            at + 2 < pattern.size() && isDigit(pattern[at]) && isDigit(pattern[at + 1]) && pattern[at + 2] == '*';
         if (!twoDigits)
             return std::nullopt;
         numbers.push_back((pattern[at] - '0') * 10 + (pattern[at + 1] - '0'));

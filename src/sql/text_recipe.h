@@ -1,10 +1,10 @@
 // Texts that follow from number columns of their row, kept as the recipe instead of as texts.
 //
-// "UPDATE … SET [Numstring] = format([fig1],"00") & Chr(32) & …" over all rows makes nearly as many different texts as
-// there are rows. Nobody reads most of them: the statements that follow ask LIKE "*05*", and that is a question to the
-// numbers. So the column keeps the recipe, texts are put together for the rows that are shown, and only a statement
-// that needs the texts themselves settles them into a dictionary. A recipe is settled before a column that it reads
-// changes, and before rows come or go.
+// "UPDATE … SET [Numstring] = format([fig1],"00") & Chr(32) & …" over all rows makes nearly as many different texts
+// as there are rows. Nobody reads most of them: the statements that follow ask LIKE "*05*", and that is a question to
+// the numbers. So the column keeps the recipe, texts are put together for the rows that are shown, and only a
+// statement that needs the texts themselves settles them into a dictionary. A recipe is settled before a column that
+// it reads changes, and before rows come or go.
 #pragma once
 
 #include <optional>
@@ -17,8 +17,8 @@
 
 namespace sql {
 
-/// The recipe that a bound expression is for this table, when it is one: texts, `Chr` and `format` of constants and of
-/// whole-number columns without Nulls, joined. Nothing when it could be longer than a text column holds.
+/// The recipe that a bound expression is for this table, when it is one: texts, `Chr` and `format` of constants and
+/// of whole-number columns without Nulls, joined. Nothing when it could be longer than a text column holds.
 std::optional<TextRecipe> recipeFor(const Expr& expr, const ColumnTable& table);
 
 std::string composedText(const ColumnTable& table, const TextRecipe& recipe, std::size_t row);

@@ -9,13 +9,15 @@ Expr::~Expr() = default;
 
 namespace {
 
-constexpr std::array<const char*, 14> kBinaryText = {"+", "-", "*", "/", " mod ", " & ", " = ",
-                                                     " <> ", " < ", " <= ", " > ", " >= ", " AND ", " OR "};
+constexpr std::array<const char*, 14> kBinaryText = {"+",    "-",   "*",    "/",   " mod ", " & ",   " = ",
+                                                     " <> ", " < ", " <= ", " > ", " >= ",  " AND ", " OR "};
 constexpr std::array<const char*, 5> kFunctionText = {"IIf", "InStr", "format", "Chr", "int"};
 constexpr std::array<const char*, 6> kAggregateText = {"Count", "Count", "Sum", "Min", "Max", "Avg"};
 constexpr std::array<const char*, 5> kTypeText = {"integer", "short", "double", "string", "bit"};
 
-std::string bracketed(const std::string& name) { return "[" + name + "]"; }
+std::string bracketed(const std::string& name) {
+    return "[" + name + "]";
+}
 
 std::string quoted(const std::string& text) {
     std::string result = "\"";
@@ -47,7 +49,9 @@ std::string printArgs(const Expr& expr) {
     return "(" + text + ")";
 }
 
-std::string printTail(const ExprPtr& where) { return where ? " WHERE " + print(*where) : ""; }
+std::string printTail(const ExprPtr& where) {
+    return where ? " WHERE " + print(*where) : "";
+}
 
 std::string printItems(const Select& select) {
     std::string text;

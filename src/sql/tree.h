@@ -23,8 +23,22 @@ enum class ExprType { Null, Integer, Real, Text };
 
 enum class ExprKind { Literal, Column, Unary, Binary, Function, Like, InSelect, IsNull, Aggregate };
 enum class UnaryOp { Negate, Not };
-enum class BinaryOp { Add, Subtract, Multiply, Divide, Mod, Join, Equal, NotEqual, Less, LessEqual, Greater,
-                      GreaterEqual, And, Or };
+enum class BinaryOp {
+    Add,
+    Subtract,
+    Multiply,
+    Divide,
+    Mod,
+    Join,
+    Equal,
+    NotEqual,
+    Less,
+    LessEqual,
+    Greater,
+    GreaterEqual,
+    And,
+    Or
+};
 enum class FunctionId { IIf, InStr, Format, Chr, Int };
 enum class AggregateId { CountRows, Count, Sum, Min, Max, Avg };
 

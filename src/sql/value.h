@@ -10,7 +10,9 @@ namespace sql {
 using Null = std::monostate;
 using Value = std::variant<Null, std::int64_t, double, std::string>;
 
-inline bool isNull(const Value& value) { return std::holds_alternative<Null>(value); }
+inline bool isNull(const Value& value) {
+    return std::holds_alternative<Null>(value);
+}
 
 /// The value as a whole number; Null and text read as 0, a real number is rounded half to even.
 std::int64_t toInteger(const Value& value);

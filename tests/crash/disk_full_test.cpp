@@ -97,6 +97,7 @@ template <class Action> int errorOf(Action action, std::string* message = nullpt
 struct PlaceKind {
     const char* name;
     std::unique_ptr<Place> (*make)();
+    friend void PrintTo(const PlaceKind& kind, std::ostream* out) { *out << kind.name; }
 };
 
 class NoRoom : public ::testing::TestWithParam<PlaceKind> {

@@ -1,4 +1,5 @@
-// The statements that fill canshu, written out: 33 reds, last draw 2 5 11 17 25 33, ChkBt(3) clear, all others ticked.
+// The statements that fill canshu, written out: 33 reds, last draw 2 5 11 17 25 33, ChkBt(3) clear, all others
+// ticked.
 #pragma once
 
 #include <map>

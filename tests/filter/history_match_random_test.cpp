@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include "executor_names.h"
 #include "filter/bench_table.h"
 #include "filter/draw_bits.h"
 #include "filter/history_match.h"

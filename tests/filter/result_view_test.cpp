@@ -1,6 +1,7 @@
 // Views: their statements, headings, pages by block of idx, the title.
 #include <gtest/gtest.h>
 
+#include "executor_names.h"
 #include "filter/bench_table.h"
 
 namespace filter_test {

@@ -1,6 +1,7 @@
 // Row states through filters, resets, inverts and the manual delete: the table of states, and the odd corners of it.
 #include <gtest/gtest.h>
 
+#include "executor_names.h"
 #include "filter/bench_table.h"
 
 namespace filter_test {

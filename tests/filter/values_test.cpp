@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "executor_names.h"
 #include "filter/bench_table.h"
 #include "filter/kernels.h"
 

@@ -10,6 +10,7 @@ namespace {
 struct Damage {
     const char* name;
     const char* statement; ///< SQLite's own, on table zuhe of 70 rows: id a b w s t u p q r h
+    friend void PrintTo(const Damage& damage, std::ostream* out) { *out << damage.name; }
 };
 
 // zuhe is table 1; its columns are fields 1..11 in this order.

@@ -4,6 +4,7 @@
 // which replays the corpus in every build. An input that once broke a promise belongs into corpus/<name>.
 #pragma once
 
+#include <ostream>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -24,6 +25,7 @@ void damaged(std::string_view input);
 struct Target {
     const char* name; ///< also of its folder in corpus/
     void (*run)(std::string_view input);
+    friend void PrintTo(const Target& target, std::ostream* out) { *out << target.name; }
 };
 inline constexpr Target kTargets[] = {
     {"parser", parser}, {"statements", statements}, {"damaged", damaged},

@@ -1,4 +1,5 @@
 // Rows of a generation: order, idx, counts, progress; against hand-worked rows and a slow way of choosing.
+#include "executor_names.h"
 #include "selection/enumeration.h"
 
 #include <filesystem>

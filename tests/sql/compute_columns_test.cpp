@@ -1,6 +1,7 @@
 // Passes that write several columns of chosen rows: what is not marked keeps its value and its Null.
 #include <gtest/gtest.h>
 
+#include "executor_names.h"
 #include "scratch_folder.h"
 #include "sql/column_compute.h"
 #include "sql/database.h"

@@ -27,14 +27,23 @@ class Dialect : public ::testing::TestWithParam<std::filesystem::path> {
 TEST_P(Dialect, HoldsOnTheSqliteExecutor) {
     expectHolds({.engine = {.combinations = sql::Executor::Sqlite}});
 }
-TEST_P(Dialect, HoldsOnTheColumnExecutor) { expectHolds({}); }
-TEST_P(Dialect, HoldsWithBatchesOfOneRow) { expectHolds({.engine = {.batchRows = 1}}); }
-TEST_P(Dialect, HoldsWithBatchesOfSevenRows) { expectHolds({.engine = {.batchRows = 7}}); }
-TEST_P(Dialect, HoldsWithStatementsPrintedAndParsedAgain) { expectHolds({.reprint = true}); }
-TEST_P(Dialect, HoldsWithTheFileReopenedBetweenStatements) { expectHolds({.reopen = true}); }
+TEST_P(Dialect, HoldsOnTheColumnExecutor) {
+    expectHolds({});
+}
+TEST_P(Dialect, HoldsWithBatchesOfOneRow) {
+    expectHolds({.engine = {.batchRows = 1}});
+}
+TEST_P(Dialect, HoldsWithBatchesOfSevenRows) {
+    expectHolds({.engine = {.batchRows = 7}});
+}
+TEST_P(Dialect, HoldsWithStatementsPrintedAndParsedAgain) {
+    expectHolds({.reprint = true});
+}
+TEST_P(Dialect, HoldsWithTheFileReopenedBetweenStatements) {
+    expectHolds({.reopen = true});
+}
 
-INSTANTIATE_TEST_SUITE_P(Files, Dialect, ::testing::ValuesIn(caseFiles()), [](const auto& info) {
-    return info.param.stem().string();
-});
+INSTANTIATE_TEST_SUITE_P(Files, Dialect, ::testing::ValuesIn(caseFiles()),
+                         [](const auto& info) { return info.param.stem().string(); });
 
 } // namespace

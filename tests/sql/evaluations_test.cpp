@@ -1,5 +1,5 @@
-// No statement form is worked row by row: what is worked one by one is worked for distinct inputs, so a table with ten
-// times the rows and the same values costs the same.
+// No statement form is worked row by row: what is worked one by one is worked for distinct inputs, so a table with
+// ten times the rows and the same values costs the same.
 #include <fstream>
 
 #include <gtest/gtest.h>
@@ -77,7 +77,8 @@ class Recipes : public ::testing::Test {
     ScratchFolder folder;
     sql::Engine engine;
     std::unique_ptr<sql::Database> db = engine.create(folder.path() / "a.mdb");
-    const std::string padded = "UPDATE [zuhe] SET [Numstring]= format([fig1],\"00\") & Chr(32) & format([fig2],\"00\")";
+    const std::string padded =
+        "UPDATE [zuhe] SET [Numstring]= format([fig1],\"00\") & Chr(32) & format([fig2],\"00\")";
 };
 
 TEST_F(Recipes, TextsStayWhenTheNumbersThatMadeThemChange) {

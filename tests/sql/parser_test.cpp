@@ -8,7 +8,9 @@
 
 namespace {
 
-std::string printed(const std::string& statement) { return sql::print(sql::parse(statement)); }
+std::string printed(const std::string& statement) {
+    return sql::print(sql::parse(statement));
+}
 
 std::string condition(const std::string& text) {
     const std::string all = printed("SELECT * FROM t WHERE " + text);
@@ -94,7 +96,8 @@ std::string mutated(std::string text, std::mt19937& random) {
 
 TEST(Parser, DamagedStatementsAreRefusedOrPrintTheSameAgain) {
     const std::vector<std::string> whole = {
-        "UPDATE [zuhe] SET [unslt]=true , [Fliter] = \"各码数和大小:\" & [canshu] & \" 保留90~130\" WHERE [unslt]=false "
+        "UPDATE [zuhe] SET [unslt]=true , [Fliter] = \"各码数和大小:\" & [canshu] & \" 保留90~130\" WHERE "
+        "[unslt]=false "
         "AND ([canshu] <90 OR [canshu] >130)",
         "SELECT Count(*) as [n], [a] FROM [zuhe] WHERE [T].[b] NOT IN (SELECT DISTINCT c FROM t) ORDER BY 1 DESC",
         "CREATE TABLE [zuhe]([idx] integer,[t] string,[p] Bit)",

@@ -79,12 +79,14 @@ class Maker {
             return "NOT " + condition(depth - 1);
         case 5:
             return "(" + (oneIn(2) ? text(depth - 1) : number(depth - 1)) + pick({" LIKE ", " NOT LIKE "}) +
-                   pick({"\"*1*\"", "\"*05*\"", "\"*02**03*\"", "\"a?\"", "\"* \"&[a]&\" *\"", "\"*\"&[b]&\"*\"", "[t]", "\"*\""}) + ")";
+                   pick({"\"*1*\"", "\"*05*\"", "\"*02**03*\"", "\"a?\"", "\"* \"&[a]&\" *\"", "\"*\"&[b]&\"*\"",
+                         "[t]", "\"*\""}) +
+                   ")";
         case 6:
             return "(" + number(depth - 1) + pick({" IS NULL)", " IS NOT NULL)"});
         case 7:
-            return "(" + pick({"[a]", "[w]", "[b]+1"}) + pick({" IN ", " NOT IN "}) + "(SELECT [b] FROM [zuheR] WHERE " +
-                   condition(0) + "))";
+            return "(" + pick({"[a]", "[w]", "[b]+1"}) + pick({" IN ", " NOT IN "}) +
+                   "(SELECT [b] FROM [zuheR] WHERE " + condition(0) + "))";
         default:
             return "(" + pick({"[t]", "[u]&\"\""}) + pick({" IN ", " NOT IN "}) + "(SELECT [u] FROM [zuheR] WHERE " +
                    condition(0) + "))";
@@ -94,7 +96,8 @@ class Maker {
     std::string update() {
         if (oneIn(8)) // a text that follows from numbers of its row
             return "UPDATE [zuhe] SET [" + pick({"t", "u"}) + "]= format([a],\"00\") & " +
-                   pick({"Chr(32)", "\" \"", "'-'"}) + " & " + pick({"format([id],\"00\")", "[b]", "format([b],\"00\")"});
+                   pick({"Chr(32)", "\" \"", "'-'"}) + " & " +
+                   pick({"format([id],\"00\")", "[b]", "format([b],\"00\")"});
         std::string set = assignment();
         for (int more = below(3); more > 0; --more)
             set += ", " + assignment();
@@ -154,8 +157,8 @@ class Twins {
   public:
     Twins(Maker& maker, int rows, std::size_t batchRows)
         : m_columns({.combinations = sql::Executor::Column, .batchRows = batchRows}),
-          m_sqlite({.combinations = sql::Executor::Sqlite}),
-          column(m_columns.create(m_folder.path() / "c.mdb")), sqlite(m_sqlite.create(m_folder.path() / "s.mdb")) {
+          m_sqlite({.combinations = sql::Executor::Sqlite}), column(m_columns.create(m_folder.path() / "c.mdb")),
+          sqlite(m_sqlite.create(m_folder.path() / "s.mdb")) {
         std::vector<std::vector<std::int32_t>> values(5);
         for (int row = 0; row < rows; ++row) {
             values[0].push_back(row);
@@ -227,7 +230,7 @@ unsigned environmentNumber(const char* name, unsigned otherwise) {
 
 TEST(RandomStatements, LeaveTheSameTableInBothExecutors) {
     const unsigned seed = environmentNumber("SSQ_SEED", std::random_device()());
-    const unsigned statements = environmentNumber("SSQ_STATEMENTS", 2500);
+    const unsigned statements = environmentNumber("SSQ_STATEMENTS", 10000);
     std::printf("seed %u, %u statements\n", seed, statements);
     SCOPED_TRACE("SSQ_SEED=" + std::to_string(seed));
     Maker maker(seed);

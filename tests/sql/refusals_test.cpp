@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "executor_names.h"
 #include "scratch_folder.h"
 #include "sql/database.h"
 #include "sql/parser.h"

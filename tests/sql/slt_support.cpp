@@ -218,6 +218,8 @@ void makeBets(sql::Database& db, const std::string& table, const std::vector<std
     db.appendRows(table, block);
 }
 
-Outcome runFile(const std::filesystem::path& file, const Options& options) { return Runner(file, options).run(); }
+Outcome runFile(const std::filesystem::path& file, const Options& options) {
+    return Runner(file, options).run();
+}
 
 } // namespace slt

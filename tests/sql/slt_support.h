@@ -4,7 +4,8 @@
 //   # data: TABLE ROW | ROW …        rows of a combination table; 01 02 03 04 05 06+07 is six reds and a blue
 //   statement ok                     the next line runs
 //   statement error NUMBER           the next line fails with this engine error number
-//   query TYPES [rowsort] [label]    the next line's rows follow after ----; a letter a column: I whole, R real, T text
+//   query TYPES [rowsort] [label]    the next line's rows follow after ----; a letter a column: I whole, R real, T
+//   text
 // A value of a row is Null as NULL, an empty text as (empty), a real number with six decimals at most.
 #pragma once
 

@@ -51,7 +51,8 @@ TEST_F(StoredColumns, ComeBackAsTheyWereAroundTheEndsOfChunks) {
     for (const std::int32_t rows : {0, 1, 65535, 65536, 65537, 140000}) {
         sql::passOver(*db, "DROP TABLE [zuhe]");
         fill(rows);
-        db->execute("UPDATE [zuhe] SET [canshu]=[idx] * 3 - 70000, [Fliter]=\"和\" & ([fig1] mod 5) WHERE [fig1] > 4");
+        db->execute(
+            "UPDATE [zuhe] SET [canshu]=[idx] * 3 - 70000, [Fliter]=\"和\" & ([fig1] mod 5) WHERE [fig1] > 4");
         db->execute("UPDATE [zuhe] SET [unslt]=([idx] mod 3 = 0)");
         const auto before = everything();
         ASSERT_EQ(before.size(), static_cast<std::size_t>(rows));
@@ -144,7 +145,8 @@ TEST_F(StoredColumns, AKernelFillsAColumnFromOthers) {
             for (std::size_t row = 0; row < output.size(); ++row)
                 output[row] = columns[0][row] * 100 + columns[1][row];
         });
-        EXPECT_EQ(sql::toInteger(db->queryValue("SELECT Count(*) FROM [zuhe] WHERE [canshu]=[idx]*100+[fig1]")), 4999);
+        EXPECT_EQ(sql::toInteger(db->queryValue("SELECT Count(*) FROM [zuhe] WHERE [canshu]=[idx]*100+[fig1]")),
+                  4999);
         EXPECT_EQ(sql::toInteger(db->queryValue("SELECT [canshu] FROM [zuhe] WHERE [idx]=5000")), 500000);
     }
 }

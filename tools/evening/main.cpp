@@ -1,5 +1,5 @@
-// An evening's work, played with real clicks on the real windows: a user makes a workspace, reads the history, chooses
-// numbers, generates bets, presses parameters, looks at reasons, takes steps back, and sees what is left.
+// An evening's work, played with real clicks on the real windows: a user makes a workspace, reads the history,
+// chooses numbers, generates bets, presses parameters, looks at reasons, takes steps back, and sees what is left.
 //
 //   ssq-evening OUT DRAWS    pictures and the bets that are left go to the folder OUT; DRAWS is a history text file.
 //                            Without it 2,000 draws are made up with a fixed seed, and the user is named so.
@@ -37,8 +37,8 @@ void writeMadeUpDraws(const std::filesystem::path& file) {
                       reds[static_cast<std::size_t>(place) + random() % static_cast<unsigned>(33 - place)]);
         std::sort(reds.begin(), reds.begin() + 6);
         char line[64];
-        std::snprintf(line, sizeof line, "%07d %02d %02d %02d %02d %02d %02d %02d\n", 2003001 + draw, reds[0], reds[1],
-                      reds[2], reds[3], reds[4], reds[5], static_cast<int>(random() % 16) + 1);
+        std::snprintf(line, sizeof line, "%07d %02d %02d %02d %02d %02d %02d %02d\n", 2003001 + draw, reds[0],
+                      reds[1], reds[2], reds[3], reds[4], reds[5], static_cast<int>(random() % 16) + 1);
         out << line;
     }
 }
@@ -52,8 +52,11 @@ class Evening {
         makeWorkspace();
         readHistory();
         chooseNumbers();
-        m_stage.script([this] { m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuLst"_s}); },
-                       {{u"GAgan"_s, [this](QWidget&) { filter(); }}});
+        m_stage.script(
+            [this] {
+                m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuLst"_s});
+            },
+            {{u"GAgan"_s, [this](QWidget&) { filter(); }}});
         writeBets();
         writeChecksum();
         m_stage.window(u"Form1"_s).close();
@@ -75,8 +78,8 @@ class Evening {
     void readHistory() {
         m_stage.script([this] { m_stage.click(u"Form1"_s, u"cmdRead"_s); },
                        {Stage::pressOk(), Stage::chooseFile(m_draws)});
-        m_stage.show(u"history"_s, u"读取历史 %1 期%2"_s.arg(m_program.history.Lsnum).arg(
-                                       m_madeUp ? u"（虚构，种子 %1）"_s.arg(kSeed) : QString()));
+        m_stage.show(u"history"_s, u"读取历史 %1 期%2"_s.arg(m_program.history.Lsnum)
+                                       .arg(m_madeUp ? u"（虚构，种子 %1）"_s.arg(kSeed) : QString()));
     }
 
     void chooseNumbers() {
@@ -136,8 +139,7 @@ class Evening {
             int length = 0;
             for (int place = 0; place < 7; ++place)
                 length += std::snprintf(line + length, sizeof line - static_cast<std::size_t>(length),
-                                        place == 6 ? "+%02d" : "%02d ",
-                                        static_cast<int>(rows.integerAt(row, place)));
+                                        place == 6 ? "+%02d" : "%02d ", static_cast<int>(rows.integerAt(row, place)));
             out << line << '\n';
         }
         m_stage.say(u"bets.txt  剩余的 %1 注"_s.arg(rows.count()));

@@ -90,8 +90,8 @@ void Stage::menu(const QString& windowName, const QStringList& names) {
                 entry = action;
         if (!entry || !entry->isEnabled())
             fail(u"no usable entry "_s + name);
-        const QRect place = clickable == bar ? bar->actionGeometry(entry)
-                                             : qobject_cast<QMenu*>(clickable)->actionGeometry(entry);
+        const QRect place =
+            clickable == bar ? bar->actionGeometry(entry) : qobject_cast<QMenu*>(clickable)->actionGeometry(entry);
         QTest::mouseClick(clickable, Qt::LeftButton, {}, place.center());
         if (!entry->menu())
             return;
