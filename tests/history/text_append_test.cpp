@@ -94,6 +94,13 @@ TEST_F(AppendedReading, ASkippedLineMayHoldAnything) {
     EXPECT_EQ(history.Lsnum, 3);
 }
 
+TEST_F(AppendedReading, AnIssueAloneIsAnIssueToTheNextLine) {
+    read(write(u"a.txt"_s, kTwoDraws));
+    append(write(u"b.txt"_s, "2003001        \n04 09 19 20 21 26 12\n01 07 10 23 28 32 16\n"));
+    ASSERT_EQ(history.Lsnum, 3);
+    EXPECT_EQ(history.Lshm[3], (Draw{2003003, 1, 7, 10, 23, 28, 32, 16}));
+}
+
 TEST_F(AppendedReading, ARefusedLineLeavesHistoryAndTablesAsTheyWere) {
     read(write(u"a.txt"_s, kTwoDraws));
     const history::History before = history;

@@ -133,6 +133,16 @@ TEST_F(HistoryEntry, TheLastBoxFiresOnceForAKey) {
     EXPECT_EQ(program->history.Lsnum, 4);
 }
 
+TEST_F(HistoryEntry, TheTabKeyGoesFromTheBoxesToTheButtonsToTheGrid) {
+    box(7).setFocus();
+    QStringList order;
+    for (int step = 0; step < 3; ++step) {
+        key(Qt::Key_Tab);
+        order << form().focusWidget()->objectName();
+    }
+    EXPECT_EQ(order, (QStringList{u"cmdRead"_s, u"Command44"_s, u"MSFlexGrid1"_s}));
+}
+
 TEST_F(HistoryEntry, ABlueMayEqualARed) {
     typeDraw(u"01 02 03 04 05 06 06"_s);
     EXPECT_EQ(program->history.Lshm[4][7], 6);

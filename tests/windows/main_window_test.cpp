@@ -117,6 +117,21 @@ TEST_F(MainWindow, TheHistoryModelKeepsTheRulesOfModels) {
     EXPECT_EQ(model.rowCount(), 0) << "not before it is told";
     model.reload();
     EXPECT_EQ(model.rowCount(), 1);
+    addDraw(kSecondDraw);
+    model.appendTyped();
+    EXPECT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(model.index(0, 0).data().toString(), u"1"_s);
+    EXPECT_EQ(model.index(1, 0).data().toString(), u"2期"_s);
+    EXPECT_EQ(model.index(1, 0).data(Qt::UserRole).toInt(), 2);
+    const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
+    model.changed(2);
+    EXPECT_EQ(changes.at(0).at(0).toModelIndex(), model.index(1, 0));
+    EXPECT_EQ(changes.at(0).at(1).toModelIndex(), model.index(1, 8));
+    model.removeLast();
+    EXPECT_EQ(model.rowCount(), 1);
+    model.appendTyped();
+    model.reload();
+    EXPECT_EQ(model.index(1, 0).data().toString(), u"2"_s);
 }
 
 TEST_F(MainWindow, SharesAreShownByNumber) {

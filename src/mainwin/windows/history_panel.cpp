@@ -26,7 +26,7 @@ constexpr int kNumberWidth = 38;
 
 HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
     : QWidget(parent), m_history(history), m_model(new HistoryModel(history, this)), m_grid(new toolkit::FlexGrid),
-      m_entry(new DrawEntry), m_buttons(new QWidget), m_cellEdit(nullptr) {
+      m_entry(new DrawEntry), m_buttons(new QWidget) {
     setObjectName(u"HistoryPanel"_s);
     m_buttons->setObjectName(u"HistoryButtons"_s);
     auto* buttons = new QHBoxLayout(m_buttons);
@@ -57,6 +57,7 @@ HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
 
 void HistoryPanel::addButton(QPushButton* button) {
     m_buttons->layout()->addWidget(button);
+    setTabOrder(button, m_grid);
 }
 
 void HistoryPanel::reload() {

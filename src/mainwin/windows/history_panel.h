@@ -52,7 +52,7 @@ class HistoryPanel : public QWidget {
     toolkit::FlexGrid* m_grid;
     DrawEntry* m_entry;
     QWidget* m_buttons;
-    CellEdit* m_cellEdit;
+    CellEdit* m_cellEdit = nullptr; ///< once the grid has its model
 };
 
 } // namespace mainwin
