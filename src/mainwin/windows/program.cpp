@@ -120,8 +120,6 @@ void Program::registerCommands() {
         u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, withBlues);
 }
 
-/// Behind an update that has replaced the files. The window that stands shows what a new one would: the history, the
-/// shares and what can be done with them.
 void Program::reopen() {
     if (openWorkspace())
         m_form->showHistory();

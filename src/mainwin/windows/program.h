@@ -40,6 +40,9 @@ class Program : public QObject {
     ~Program() override;
 
     void start();
+    /// Opens the workspace again after its files were replaced, loads the history and shows it as a new window would;
+    /// ends the program where they do not open. Close the databases before the files are touched.
+    void reopen();
 
     workspace::Settings settings;
     sql::Engine engine;
@@ -58,7 +61,6 @@ class Program : public QObject {
     void enter();
     void finish();
     bool openWorkspace();
-    void reopen();
     void registerCommands();
     void downloadText();
     void updateOnline();
