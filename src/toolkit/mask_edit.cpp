@@ -37,4 +37,10 @@ void MaskEdit::focusInEvent(QFocusEvent* event) {
         setCursorPosition(0);
 }
 
+void MaskEdit::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    if (!hasSelectedText())
+        setCursorPosition(0);
+}
+
 } // namespace toolkit

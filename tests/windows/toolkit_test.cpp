@@ -202,6 +202,21 @@ TEST(MaskEdit, TakesDigitsOnlyAndTellsWhenItIsFull) {
     EXPECT_EQ(box.maskedText(), u"__"_s);
 }
 
+TEST(MaskEdit, IsTypedFromItsStartWhereverItIsClicked) {
+    MaskEdit box(u"99"_s);
+    box.resize(40, 24);
+    box.show();
+    for (const int x : {2, 20, 38}) {
+        box.clearToMask();
+        QTest::mouseClick(&box, Qt::LeftButton, {}, {x, 12});
+        QTest::keyClicks(&box, u"17"_s);
+        EXPECT_EQ(box.maskedText(), u"17"_s) << x;
+        QTest::mouseClick(&box, Qt::LeftButton, {}, {x, 12});
+        QTest::keyClicks(&box, u"05"_s);
+        EXPECT_EQ(box.maskedText(), u"05"_s) << x;
+    }
+}
+
 TEST(ProgressDialog, OnlyMovesForward) {
     toolkit::ProgressDialog dialog;
     dialog.begin();
