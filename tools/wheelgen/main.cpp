@@ -1,0 +1,166 @@
+// wheelgen: makes the wheels of data/wheels smaller. Stop it when you like; it goes on from what is stored.
+//
+//   wheelgen improve FOLDER --seed S [--work W] [--minutes M] [--published FILE] [N k x y]
+//   wheelgen remake FOLDER N k x y      takes the noted steps again and compares the rows
+//
+// improve visits every problem once with little work when it has no wheel yet, then those whose wheels are furthest
+// from what is known to be possible. W is the work of one visit. Times only end the run: what a visit does follows from
+// the seed alone.
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <set>
+#include <stdexcept>
+#include <string>
+
+#include "selection/wheel_proof.h"
+#include "wheels/improve.h"
+#include "wheels/published.h"
+
+namespace {
+
+using namespace wheels;
+using Clock = std::chrono::steady_clock;
+
+struct Orders {
+    std::string verb;
+    std::string folder;
+    std::uint64_t seed = 1;
+    std::uint64_t work = 3'000'000'000;
+    double minutes = 10;
+    std::string published;
+    std::vector<int> problem;
+};
+
+Orders read(int count, char** words) {
+    Orders orders;
+    if (count < 3)
+        throw std::runtime_error("wheelgen improve|remake FOLDER …");
+    orders.verb = words[1];
+    orders.folder = words[2];
+    for (int place = 3; place < count; ++place) {
+        const std::string word = words[place];
+        const auto next = [&] { return std::string(++place < count ? words[place] : ""); };
+        if (word == "--seed")
+            orders.seed = std::stoull(next());
+        else if (word == "--work")
+            orders.work = std::stoull(next());
+        else if (word == "--minutes")
+            orders.minutes = std::stod(next());
+        else if (word == "--published")
+            orders.published = next();
+        else
+            orders.problem.push_back(std::stoi(word));
+    }
+    return orders;
+}
+
+/// A problem with the size that would content us.
+struct Task {
+    WheelProblem problem;
+    std::int64_t lower = 1;
+    std::int64_t wanted = 1; ///< the best published size, or a guess between lower bound and reach
+    bool published = false;
+};
+
+std::vector<Task> tasks(const Orders& orders) {
+    const auto known = readPublished(orders.published);
+    std::set<WheelProblem> problems;
+    if (orders.problem.size() == 4)
+        problems.insert({orders.problem[0], orders.problem[1], orders.problem[2], orders.problem[3]});
+    else
+        for (const selection::WheelTable& table : selection::wheelTables())
+            problems.insert(table.problem);
+    std::vector<Task> list;
+    for (const WheelProblem& problem : problems) {
+        Task task{problem, selection::fewestRows(problem), 0, false};
+        if (const auto found = known.find(problem); found != known.end()) {
+            task.lower = std::max(task.lower, found->second.lower);
+            task.wanted = found->second.upper;
+            task.published = task.wanted != 0;
+        }
+        if (!task.published)
+            task.wanted = task.lower;
+        // The super family leaves out what must be too long.
+        if (task.lower <= static_cast<std::int64_t>(selection::kMostSuperRows) || problem.row == 7)
+            list.push_back(task);
+    }
+    return list;
+}
+
+/// How much a visit is worth: nothing at the bound, most where a published size is missed.
+double worth(const Task& task, const WheelStore& store) {
+    const Wheel* wheel = store.find(task.problem);
+    if (wheel == nullptr)
+        return 1000;
+    const auto rows = static_cast<std::int64_t>(wheel->rows.size());
+    if (rows <= task.lower)
+        return 0;
+    if (task.published)
+        return rows <= task.wanted ? 0.02 : 1.0;
+    return 0.15;
+}
+
+void report(const Task& task, const WheelStore& store, Clock::time_point start) {
+    const std::chrono::duration<double> seconds = Clock::now() - start;
+    std::printf("%7.1f s  %2d %d %d %d  %zu rows, %s %lld\n", seconds.count(), task.problem.positions, task.problem.row,
+                task.problem.chosen, task.problem.common, store.find(task.problem)->rows.size(),
+                task.published ? "published" : "at least", static_cast<long long>(task.wanted));
+    std::fflush(stdout);
+}
+
+int improve(const Orders& orders) {
+    WheelStore store(orders.folder);
+    Improver improver(store, orders.seed);
+    Random random(orders.seed + 1);
+    const std::vector<Task> list = tasks(orders);
+    const Clock::time_point start = Clock::now();
+    const auto visit = [&](const Task& task, std::uint64_t work) {
+        if (!improver.visit(task.problem, work))
+            return;
+        report(task, store, start);
+        store.save();
+    };
+    for (const Task& task : list)
+        if (store.find(task.problem) == nullptr)
+            visit(task, orders.work / 20);
+    while (Clock::now() - start < std::chrono::duration<double>(orders.minutes * 60)) {
+        double total = 0;
+        for (const Task& task : list)
+            total += worth(task, store);
+        double left = random.unit() * total;
+        const Task* choice = nullptr;
+        for (const Task& task : list)
+            if ((left -= worth(task, store)) < 0 && choice == nullptr)
+                choice = &task;
+        if (choice == nullptr)
+            break; // everything is at its bound
+        visit(*choice, orders.work);
+    }
+    return 0;
+}
+
+int remakeOne(const Orders& orders) {
+    const WheelStore store(orders.folder);
+    const WheelProblem problem{orders.problem.at(0), orders.problem.at(1), orders.problem.at(2), orders.problem.at(3)};
+    const Wheel* stored = store.find(problem);
+    if (stored == nullptr)
+        throw std::runtime_error("no such wheel");
+    Wheel again = remake(problem, stored->made, store);
+    sortRows(again.rows);
+    std::printf("%zu rows, stored %zu: %s\n", again.rows.size(), stored->rows.size(),
+                again.rows == stored->rows ? "the same" : "different");
+    return again.rows == stored->rows ? 0 : 1;
+}
+
+} // namespace
+
+int main(int count, char** words) {
+    try {
+        const Orders orders = read(count, words);
+        return orders.verb == "remake" ? remakeOne(orders) : improve(orders);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "wheelgen: %s\n", error.what());
+        return 2;
+    }
+}
