@@ -13,7 +13,9 @@ constexpr std::string_view kBetween = " ,\t\r";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr int kMostPosition = 32;
 
-std::string column(int place) { return "fig" + std::to_string(place); }
+std::string column(int place) {
+    return "fig" + std::to_string(place);
+}
 
 std::string createStatement(const WheelTable& table) {
     std::string statement = "CREATE TABLE [" + table.name + "] (";
@@ -52,7 +54,9 @@ std::optional<PositionSet> setFromLine(std::string_view line) {
     }
 }
 
-PositionSet firstPositions(int count) { return count == 0 ? 0 : ~PositionSet{0} >> (kMostPosition - count); }
+PositionSet firstPositions(int count) {
+    return count == 0 ? 0 : ~PositionSet{0} >> (kMostPosition - count);
+}
 
 /// The drags of a row that has as many as the table wants, and all bankers.
 std::optional<PositionSet> dragsOf(const WheelTable& table, PositionSet row) {

@@ -2,8 +2,8 @@
 //
 // A wheel table has the integer columns fig1 to fig6 (fig7 in the seven-red file) and nothing else; its rows are read
 // in the order in which they were written. A user's wheel is plain text, one row a line: the six (seven) positions,
-// parted by blanks, commas or tabs, in any order. Empty lines and lines that begin with '#' are passed over. A row of a
-// banker wheel names its bankers too, positions N+1..N+D. Nothing is written before the guarantee is proven.
+// parted by blanks, commas or tabs, in any order. Empty lines and lines that begin with '#' are passed over. A row of
+// a banker wheel names its bankers too, positions N+1..N+D. Nothing is written before the guarantee is proven.
 #pragma once
 
 #include <optional>

@@ -18,7 +18,9 @@ std::int64_t choose(std::int64_t n, std::int64_t k) {
     return result;
 }
 
-std::int64_t quotientUp(std::int64_t dividend, std::int64_t divisor) { return (dividend + divisor - 1) / divisor; }
+std::int64_t quotientUp(std::int64_t dividend, std::int64_t divisor) {
+    return (dividend + divisor - 1) / divisor;
+}
 
 /// Number of bits of each 12-bit part: std::popcount is a library call where the processor's own may not be used.
 struct BitCounts {

@@ -33,9 +33,13 @@ constexpr int kSevenRow = 7;
 constexpr int kMostWithBankers = 20; ///< N + D
 constexpr int kMostPositions = 32;
 
-std::string twoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
+std::string twoDigits(int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+}
 
-std::string pairText(const Guarantee& pair) { return std::to_string(pair.chosen) + std::to_string(pair.common); }
+std::string pairText(const Guarantee& pair) {
+    return std::to_string(pair.chosen) + std::to_string(pair.common);
+}
 
 std::string nameOf(WheelFamily family, int n, int d, const Guarantee& pair) {
     switch (family) {
@@ -57,7 +61,8 @@ WheelTable tableOf(WheelFamily family, int n, int d, const Guarantee& pair) {
     return {family, nameOf(family, n, d, pair), {n, row - d, pair.chosen - d, pair.common - d}, d};
 }
 
-void addAll(std::vector<WheelTable>& tables, WheelFamily family, int first, int last, std::span<const Guarantee> pairs) {
+void addAll(std::vector<WheelTable>& tables, WheelFamily family, int first, int last,
+            std::span<const Guarantee> pairs) {
     for (int n = first; n <= last; ++n)
         for (const Guarantee& pair : pairs)
             tables.push_back(tableOf(family, n, 0, pair));
@@ -105,9 +110,13 @@ bool saysSomething(const WheelTable& table) {
 
 } // namespace
 
-std::span<const WheelFamilyInfo> wheelFamilies() { return kFamilies; }
+std::span<const WheelFamilyInfo> wheelFamilies() {
+    return kFamilies;
+}
 
-const WheelFamilyInfo& wheelFamily(WheelFamily family) { return kFamilies[static_cast<std::size_t>(family)]; }
+const WheelFamilyInfo& wheelFamily(WheelFamily family) {
+    return kFamilies[static_cast<std::size_t>(family)];
+}
 
 std::vector<WheelTable> wheelTables() {
     std::vector<WheelTable> tables;

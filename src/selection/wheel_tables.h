@@ -56,11 +56,12 @@ struct WheelTable {
 /// Tables of more rows than this are left out of the super family: nobody buys them, and its menu greys the entry.
 inline constexpr std::size_t kMostSuperRows = 5000;
 
-/// Every table that the menus can ask for, family after family, by rising N (and D) and then in the order of the menu.
+/// Every table that the menus can ask for, family after family, by rising N (and D) and then in the order of the
+/// menu.
 std::vector<WheelTable> wheelTables();
 
-/// The table of a family that bears a name, also one beyond the list (more positions, up to 32); nothing when the name is
-/// none of this family's or its guarantee says nothing.
+/// The table of a family that bears a name, also one beyond the list (more positions, up to 32); nothing when the
+/// name is none of this family's or its guarantee says nothing.
 std::optional<WheelTable> wheelTableNamed(WheelFamily family, std::string_view name);
 
 /// The positions of a row of `table` as the database holds them: ascending, bankers (N+1..N+D) at the end.

@@ -122,6 +122,24 @@ TEST(WheelSearch, GivesTheSameRowsAgainFromItsNotes) {
     EXPECT_EQ(remake(problem, second->made, store).rows, second->rows);
 }
 
+TEST(WheelData, ComesOutOfItsNotesAgain) {
+    // Those that took little work and no other wheel: a few dozen, of all kinds of groups.
+    constexpr std::uint64_t kLittleWork = 300'000;
+    const WheelStore store(SSQ_WHEELS);
+    int remade = 0;
+    for (const auto& [problem, wheel] : store.wheels()) {
+        if (problem.positions > 15 || wheel.made.size() != 1 || wheel.made[0].find("orbits") != 0)
+            continue;
+        if (std::stoull(wheel.made[0].substr(wheel.made[0].rfind(' '))) > kLittleWork)
+            continue;
+        Wheel again = remake(problem, wheel.made, store);
+        sortRows(again.rows);
+        EXPECT_EQ(again.rows, wheel.rows) << selection::describe(problem);
+        ++remade;
+    }
+    EXPECT_GT(remade, 20);
+}
+
 TEST(WheelSearch, JoinsTwoPartsOfWhichOneMustHoldEnough) {
     const ScratchFolder folder;
     WheelStore store(folder.path());
@@ -139,7 +157,8 @@ TEST(WheelSearch, JoinsTwoPartsOfWhichOneMustHoldEnough) {
 TEST(WheelSearch, EveryConstructionFromTheStoreHolds) {
     const WheelStore store(SSQ_WHEELS);
     std::map<std::string, int> tried;
-    for (const WheelProblem& problem : {WheelProblem{12, 6, 6, 4}, WheelProblem{10, 5, 4, 3}, WheelProblem{12, 7, 7, 5}})
+    for (const WheelProblem& problem :
+         {WheelProblem{12, 6, 6, 4}, WheelProblem{10, 5, 4, 3}, WheelProblem{12, 7, 7, 5}})
         for (const Wheel& wheel : constructions(problem, store)) {
             ++tried[wheel.made.at(0).substr(0, wheel.made.at(0).find(' '))];
             EXPECT_FALSE(selection::firstUncovered(problem, wheel.rows))

@@ -95,7 +95,8 @@ TEST_F(Store, AWheelThatNoMenuNamesIsAHelper) {
 TEST_F(Store, ADamagedFileIsRefusedWithItsLine) {
     EXPECT_NE(refusal("table 0755 7 6 5 5 rows 2\nabcdef\n").find("super.txt:2: a table with another number"),
               std::string::npos);
-    EXPECT_NE(refusal("table 0755 7 6 5 5 rows 1\nabcdeh\n").find("super.txt:2: not a row: abcdeh"), std::string::npos);
+    EXPECT_NE(refusal("table 0755 7 6 5 5 rows 1\nabcdeh\n").find("super.txt:2: not a row: abcdeh"),
+              std::string::npos);
     EXPECT_NE(refusal("table 0755 7 6 5 5 rows 1\nabcde\n").find("not a row: abcde"), std::string::npos);
     EXPECT_NE(refusal("table 0755 7 6 5 5\n").find("super.txt:1: not the head of a table"), std::string::npos);
     EXPECT_NE(refusal("table 0755 7 6 5 5 as 9\n").find("rows of a table that is not there"), std::string::npos);

@@ -86,8 +86,9 @@ TEST_F(WheelDatabase, ALineThatIsNoRowIsNamed) {
 
 TEST_F(WheelDatabase, ARowOfABankerWheelNamesItsBankers) {
     // Two bankers (6 and 7) and five drags, any two of which must stand together in a row of four.
-    EXPECT_FALSE(importWheel(*database, twoBankers, "1 2 3 4 6 7\n1 2 3 5 6 7\n1 2 4 5 6 7\n"
-                                                    "1 3 4 5 6 7\n"));
+    EXPECT_FALSE(importWheel(*database, twoBankers,
+                             "1 2 3 4 6 7\n1 2 3 5 6 7\n1 2 4 5 6 7\n"
+                             "1 3 4 5 6 7\n"));
     EXPECT_EQ(firstRow("26744", 6), "1 2 3 4 6 7 ");
     const auto refusal = importWheel(*database, twoBankers, "1 2 3 4 5 6\n");
     ASSERT_TRUE(refusal);

@@ -9,8 +9,8 @@ using namespace selection;
 using wheels_test::row;
 
 TEST(WheelProof, AllRowsButOneOfSevenPositionsHoldAnyFiveInOne) {
-    // Rows of six out of seven leave out one position each: five chosen leave two, so two rows that leave out different
-    // ones of them... any six of the seven rows serve every five, the seventh is never missed.
+    // Rows of six out of seven leave out one position each: five chosen leave two, so two rows that leave out
+    // different ones of them... any six of the seven rows serve every five, the seventh is never missed.
     std::vector<PositionSet> rows;
     for (int missing = 1; missing <= 6; ++missing)
         rows.push_back(row({1, 2, 3, 4, 5, 6, 7}) & ~row({missing}));
@@ -69,11 +69,11 @@ TEST(WheelProof, AgreesWithTheSlowWayRoundOnWheelsThatNearlyHold) {
 }
 
 TEST(WheelBounds, AreReachedByTheWheelsThatAreKnownToBePerfect) {
-    EXPECT_EQ(fewestRows({7, 3, 2, 2}), 7);     // the Fano plane
-    EXPECT_EQ(fewestRows({8, 4, 3, 3}), 14);    // eight points, fourteen planes
-    EXPECT_EQ(fewestRows({13, 4, 2, 2}), 13);   // the projective plane of order 3
-    EXPECT_EQ(fewestRows({11, 5, 4, 4}), 66);   // the Steiner system S(4, 5, 11)
-    EXPECT_EQ(fewestRows({12, 6, 5, 5}), 132);  // the Steiner system S(5, 6, 12)
+    EXPECT_EQ(fewestRows({7, 3, 2, 2}), 7);    // the Fano plane
+    EXPECT_EQ(fewestRows({8, 4, 3, 3}), 14);   // eight points, fourteen planes
+    EXPECT_EQ(fewestRows({13, 4, 2, 2}), 13);  // the projective plane of order 3
+    EXPECT_EQ(fewestRows({11, 5, 4, 4}), 66);  // the Steiner system S(4, 5, 11)
+    EXPECT_EQ(fewestRows({12, 6, 5, 5}), 132); // the Steiner system S(5, 6, 12)
 }
 
 TEST(WheelBounds, AreExactWhereOneHitIsEnough) {

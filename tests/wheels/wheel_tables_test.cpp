@@ -103,12 +103,12 @@ TEST(WheelTables, ANameBeyondTheMenusListIsStillATable) {
 TEST(WheelTables, AWordThatIsNoNameOfTheFamilyIsNone) {
     EXPECT_FALSE(wheelTableNamed(WheelFamily::Basic, "08"));
     EXPECT_FALSE(wheelTableNamed(WheelFamily::Basic, ""));
-    EXPECT_FALSE(wheelTableNamed(WheelFamily::Basic, "6"));        // nothing to leave out
-    EXPECT_FALSE(wheelTableNamed(WheelFamily::Super, "954"));      // N has two digits
-    EXPECT_FALSE(wheelTableNamed(WheelFamily::Super, "0945"));     // four chosen never give five
-    EXPECT_FALSE(wheelTableNamed(WheelFamily::Super, "3376"));     // more positions than a set holds
+    EXPECT_FALSE(wheelTableNamed(WheelFamily::Basic, "6"));    // nothing to leave out
+    EXPECT_FALSE(wheelTableNamed(WheelFamily::Super, "954"));  // N has two digits
+    EXPECT_FALSE(wheelTableNamed(WheelFamily::Super, "0945")); // four chosen never give five
+    EXPECT_FALSE(wheelTableNamed(WheelFamily::Super, "3376")); // more positions than a set holds
     EXPECT_FALSE(wheelTableNamed(WheelFamily::Extended, "660955"));
-    EXPECT_FALSE(wheelTableNamed(WheelFamily::Banker, "462044"));  // the bankers alone fulfil it
+    EXPECT_FALSE(wheelTableNamed(WheelFamily::Banker, "462044")); // the bankers alone fulfil it
     EXPECT_FALSE(wheelTableNamed(WheelFamily::Banker, "x61244"));
     EXPECT_FALSE(wheelTableNamed(WheelFamily::Seven, "10a4"));
 }

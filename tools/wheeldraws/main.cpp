@@ -2,10 +2,10 @@
 //
 //   wheeldraws FOLDER [DRAWS [SEED]]      100,000 draws for each wheel
 //
-// It knows nothing of how wheels are made or proven: it opens a database, reads one table of each family and x y pair,
-// and draws six of N + 3 numbers (so that some chosen numbers are missed). Whenever x of them are among the chosen, one
-// row must have y. Banker wheels speak only of draws that hold all bankers, so these are taken as drawn. A guarantee
-// of x = 7 asks for seven drawn numbers: then seven are drawn.
+// It knows nothing of how wheels are made or proven: it opens a database, reads one table of each family and x y
+// pair, and draws six of N + 3 numbers (so that some chosen numbers are missed). Whenever x of them are among the
+// chosen, one row must have y. Banker wheels speak only of draws that hold all bankers, so these are taken as drawn.
+// A guarantee of x = 7 asks for seven drawn numbers: then seven are drawn.
 #include <algorithm>
 #include <bit>
 #include <filesystem>
@@ -24,8 +24,8 @@ using selection::PositionSet;
 constexpr int kMisses = 3; ///< numbers in the pot that the user has not chosen
 
 /// The largest table of each family, D and pair: the most rows to be wrong in.
-std::vector<selection::WheelTable> largestTables(
-    const std::map<selection::WheelFamily, std::unique_ptr<sql::Database>>& databases) {
+std::vector<selection::WheelTable>
+largestTables(const std::map<selection::WheelFamily, std::unique_ptr<sql::Database>>& databases) {
     std::map<std::tuple<selection::WheelFamily, int, int, int>, selection::WheelTable> largest;
     for (const selection::WheelTable& table : selection::wheelTables())
         if (databases.at(table.family)->hasTable(table.name))
@@ -90,8 +90,8 @@ int tryAll(const std::filesystem::path& folder, int draws, unsigned seed) {
     for (const selection::WheelTable& table : largestTables(databases)) {
         const std::vector<PositionSet> rows = rowsOf(*databases.at(table.family), table.name);
         const Outcome outcome = tryOut(table, rows, draws, random);
-        std::cout << selection::wheelFamily(table.family).file << ' ' << table.name << ": " << rows.size() << " rows, "
-                  << outcome.counting << " draws with enough hits, " << outcome.broken << " broken\n";
+        std::cout << selection::wheelFamily(table.family).file << ' ' << table.name << ": " << rows.size()
+                  << " rows, " << outcome.counting << " draws with enough hits, " << outcome.broken << " broken\n";
         broken += outcome.broken + (outcome.counting == 0 ? 1 : 0);
     }
     return broken == 0 ? 0 : 1;

@@ -2,10 +2,13 @@
 //
 //   wheelgen improve FOLDER --seed S [--work W] [--minutes M] [--published FILE] [N k x y]
 //   wheelgen remake FOLDER N k x y      takes the noted steps again and compares the rows
+//   wheelgen make FOLDER N k x y --step "orbits - seed 1 work 1000000" …    takes steps that you know to be good
+//   wheelgen merge FOLDER OTHER         takes over what is smaller in another folder
 //
+// Steps are told in wheels/recipe.h. make and merge prove a wheel before they keep it.
 // improve visits every problem once with little work when it has no wheel yet, then those whose wheels are furthest
-// from what is known to be possible. W is the work of one visit. Times only end the run: what a visit does follows from
-// the seed alone.
+// from what is known to be possible. W is the work of one visit. Times only end the run: what a visit does follows
+// from the seed alone.
 #include <chrono>
 #include <cstdio>
 #include <cstring>
@@ -29,13 +32,16 @@ struct Orders {
     std::uint64_t work = 3'000'000'000;
     double minutes = 10;
     std::string published;
-    std::vector<int> problem;
+    std::vector<int> numbers;
+    std::vector<std::string> steps;
+    std::string other;
+    WheelProblem problem() const { return {numbers.at(0), numbers.at(1), numbers.at(2), numbers.at(3)}; }
 };
 
 Orders read(int count, char** words) {
     Orders orders;
     if (count < 3)
-        throw std::runtime_error("wheelgen improve|remake FOLDER …");
+        throw std::runtime_error("wheelgen improve|remake|make|merge FOLDER …");
     orders.verb = words[1];
     orders.folder = words[2];
     for (int place = 3; place < count; ++place) {
@@ -49,8 +55,12 @@ Orders read(int count, char** words) {
             orders.minutes = std::stod(next());
         else if (word == "--published")
             orders.published = next();
+        else if (word == "--step")
+            orders.steps.push_back(next());
+        else if (orders.verb == "merge")
+            orders.other = word;
         else
-            orders.problem.push_back(std::stoi(word));
+            orders.numbers.push_back(std::stoi(word));
     }
     return orders;
 }
@@ -66,8 +76,8 @@ struct Task {
 std::vector<Task> tasks(const Orders& orders) {
     const auto known = readPublished(orders.published);
     std::set<WheelProblem> problems;
-    if (orders.problem.size() == 4)
-        problems.insert({orders.problem[0], orders.problem[1], orders.problem[2], orders.problem[3]});
+    if (orders.numbers.size() == 4)
+        problems.insert(orders.problem());
     else
         for (const selection::WheelTable& table : selection::wheelTables())
             problems.insert(table.problem);
@@ -96,15 +106,18 @@ double worth(const Task& task, const WheelStore& store) {
     const auto rows = static_cast<std::int64_t>(wheel->rows.size());
     if (rows <= task.lower)
         return 0;
-    if (task.published)
-        return rows <= task.wanted ? 0.02 : 1.0;
-    return 0.15;
+    if (!task.published)
+        return 0.1;
+    if (rows <= task.wanted)
+        return 0.02;
+    const double excess = 100.0 * static_cast<double>(rows - task.wanted) / static_cast<double>(task.wanted);
+    return excess > allowance(task.problem, task.wanted) ? 1.0 : 0.2;
 }
 
 void report(const Task& task, const WheelStore& store, Clock::time_point start) {
     const std::chrono::duration<double> seconds = Clock::now() - start;
-    std::printf("%7.1f s  %2d %d %d %d  %zu rows, %s %lld\n", seconds.count(), task.problem.positions, task.problem.row,
-                task.problem.chosen, task.problem.common, store.find(task.problem)->rows.size(),
+    std::printf("%7.1f s  %2d %d %d %d  %zu rows, %s %lld\n", seconds.count(), task.problem.positions,
+                task.problem.row, task.problem.chosen, task.problem.common, store.find(task.problem)->rows.size(),
                 task.published ? "published" : "at least", static_cast<long long>(task.wanted));
     std::fflush(stdout);
 }
@@ -142,23 +155,55 @@ int improve(const Orders& orders) {
 
 int remakeOne(const Orders& orders) {
     const WheelStore store(orders.folder);
-    const WheelProblem problem{orders.problem.at(0), orders.problem.at(1), orders.problem.at(2), orders.problem.at(3)};
-    const Wheel* stored = store.find(problem);
+    const Wheel* stored = store.find(orders.problem());
     if (stored == nullptr)
         throw std::runtime_error("no such wheel");
-    Wheel again = remake(problem, stored->made, store);
+    Wheel again = remake(orders.problem(), stored->made, store);
     sortRows(again.rows);
     std::printf("%zu rows, stored %zu: %s\n", again.rows.size(), stored->rows.size(),
                 again.rows == stored->rows ? "the same" : "different");
     return again.rows == stored->rows ? 0 : 1;
 }
 
+void offerProven(WheelStore& store, const WheelProblem& problem, const Wheel& wheel) {
+    if (selection::firstUncovered(problem, wheel.rows))
+        throw std::runtime_error("not a wheel of " + selection::describe(problem));
+    std::printf("%s: %zu rows%s\n", selection::describe(problem).c_str(), wheel.rows.size(),
+                store.offer(problem, wheel) ? "" : ", not fewer than stored");
+}
+
+int make(const Orders& orders) {
+    WheelStore store(orders.folder);
+    offerProven(store, orders.problem(), remake(orders.problem(), orders.steps, store));
+    store.save();
+    return 0;
+}
+
+int merge(const Orders& orders) {
+    WheelStore store(orders.folder);
+    const WheelStore other(orders.other);
+    for (const auto& [problem, wheel] : other.wheels())
+        if (const Wheel* stored = store.find(problem); stored == nullptr || wheel.rows.size() < stored->rows.size())
+            offerProven(store, problem, wheel);
+    store.save();
+    return 0;
+}
+
+struct Verb {
+    const char* name;
+    int (*run)(const Orders&);
+};
+constexpr Verb kVerbs[] = {{"improve", improve}, {"remake", remakeOne}, {"make", make}, {"merge", merge}};
+
 } // namespace
 
 int main(int count, char** words) {
     try {
         const Orders orders = read(count, words);
-        return orders.verb == "remake" ? remakeOne(orders) : improve(orders);
+        for (const Verb& verb : kVerbs)
+            if (orders.verb == verb.name)
+                return verb.run(orders);
+        throw std::runtime_error("no such verb: " + orders.verb);
     } catch (const std::exception& error) {
         std::fprintf(stderr, "wheelgen: %s\n", error.what());
         return 2;

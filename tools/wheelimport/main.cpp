@@ -2,8 +2,8 @@
 //
 //   wheelimport DATABASE TABLE FILE      wheelimport build/release/Xuanzhuancj 0954 mine.txt
 //
-// The name of the database tells the family, that of the table what the wheel must guarantee. FILE is plain text, a row
-// a line. A wheel that does not hold what it claims is refused, with the first positions that no row serves.
+// The name of the database tells the family, that of the table what the wheel must guarantee. FILE is plain text, a
+// row a line. A wheel that does not hold what it claims is refused, with the first positions that no row serves.
 #include <filesystem>
 #include <fstream>
 #include <iostream>

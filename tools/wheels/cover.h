@@ -1,9 +1,9 @@
 // Weighted set cover: choose sets of least total cost so that every element lies in one, by local search.
 //
-// Order of calls: start() or startFrom(), then run() as often as wanted. The search keeps a cover that costs less than
-// the best one found and mends it: it takes out the set whose loss per cost is least, picks an uncovered element at
-// random, puts in the best set for it, and makes whatever stays uncovered weigh more. A set that was just put in is
-// not taken out at once; one that was taken out comes back only after its own surroundings have changed.
+// Order of calls: start() or startFrom(), then run() as often as wanted. The search keeps a cover that costs less
+// than the best one found and mends it: it takes out the set whose loss per cost is least, picks an uncovered element
+// at random, puts in the best set for it, and makes whatever stays uncovered weigh more. A set that was just put in
+// is not taken out at once; one that was taken out comes back only after its own surroundings have changed.
 // Everything is counted in work (visits of elements), never in time, so a run can be repeated from its seed.
 #pragma once
 
@@ -63,12 +63,13 @@ class CoverSearch {
 
     const CoverInstance& m_instance;
     Random m_random;
-    std::vector<std::int32_t> m_weight;     ///< of each element
-    std::vector<std::int32_t> m_count;      ///< chosen sets over each element
-    std::vector<std::uint32_t> m_chosenXor; ///< of the chosen sets over each element: the one set where the count is 1
-    std::vector<std::int32_t> m_value;      ///< of each set: weight it would newly cover, or that only it covers
+    std::vector<std::int32_t> m_weight; ///< of each element
+    std::vector<std::int32_t> m_count;  ///< chosen sets over each element
+    std::vector<std::uint32_t>
+        m_chosenXor;                   ///< of the chosen sets over each element: the one set where the count is 1
+    std::vector<std::int32_t> m_value; ///< of each set: weight it would newly cover, or that only it covers
     std::vector<std::uint8_t> m_chosen, m_mayReturn;
-    std::vector<std::uint64_t> m_changedAt;       ///< turn in which a set was put in or taken out
+    std::vector<std::uint64_t> m_changedAt;         ///< turn in which a set was put in or taken out
     std::vector<std::uint32_t> m_solution, m_place; ///< chosen sets; place of each in the list
     std::vector<std::uint32_t> m_uncovered, m_uncoveredPlace;
     std::int64_t m_cost = 0;

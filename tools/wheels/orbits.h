@@ -1,7 +1,8 @@
 // A wheel problem under an imposed group, as a set cover: rows and subsets each reduced to orbits.
 //
-// A set of the cover is an orbit of rows and costs as many rows as the orbit has; an element is an orbit of subsets of
-// `chosen` positions. Since the group maps a chosen orbit of rows onto itself, one row of an orbit tells what all cover.
+// A set of the cover is an orbit of rows and costs as many rows as the orbit has; an element is an orbit of subsets
+// of `chosen` positions. Since the group maps a chosen orbit of rows onto itself, one row of an orbit tells what all
+// cover.
 #pragma once
 
 #include <optional>

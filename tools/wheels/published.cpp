@@ -5,6 +5,16 @@
 
 namespace wheels {
 
+double allowance(const selection::WheelProblem& problem, std::int64_t published) {
+    if (problem.row == 6 && published <= 100)
+        return 0;
+    if (problem.row == 6 && problem.positions <= 18)
+        return 2;
+    if (problem.row == 7 && problem.positions <= 16)
+        return 5;
+    return 12;
+}
+
 std::map<selection::WheelProblem, Published> readPublished(const std::filesystem::path& file) {
     std::map<selection::WheelProblem, Published> published;
     std::ifstream in(file);

@@ -17,4 +17,8 @@ struct Published {
 /// Empty when there is no such file.
 std::map<selection::WheelProblem, Published> readPublished(const std::filesystem::path& file);
 
+/// How far above a published size we content ourselves for now, in percent: not at all for rows of six and at most
+/// 100 of them, 2 up to 18 positions; 5 for rows of seven up to 16 positions; 12 for everything larger.
+double allowance(const selection::WheelProblem& problem, std::int64_t published);
+
 } // namespace wheels

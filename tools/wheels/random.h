@@ -19,7 +19,9 @@ class Random {
     std::uint32_t below(std::uint32_t limit) {
         return static_cast<std::uint32_t>(((next() >> 32U) * std::uint64_t{limit}) >> 32U);
     }
-    int between(int low, int high) { return low + static_cast<int>(below(static_cast<std::uint32_t>(high - low + 1))); }
+    int between(int low, int high) {
+        return low + static_cast<int>(below(static_cast<std::uint32_t>(high - low + 1)));
+    }
     double unit() { return static_cast<double>(next() >> 11U) * 0x1.0p-53; }
 
   private:

@@ -16,7 +16,9 @@ std::string problemText(const WheelProblem& problem) {
            std::to_string(problem.chosen) + ' ' + std::to_string(problem.common);
 }
 
-PositionSet all(int positions) { return (PositionSet{1} << positions) - 1; }
+PositionSet all(int positions) {
+    return (PositionSet{1} << positions) - 1;
+}
 
 /// Adds the lowest positions that are missing until the row has `size`.
 PositionSet filledUp(PositionSet row, int size, int positions) {
@@ -115,6 +117,32 @@ struct Construction {
 };
 constexpr Construction kConstructions[] = {{"shorten", shortened}, {"lengthen", lengthened}, {"easier", easier}};
 
+/// `row` without `position` (from 0), those above it moved down by one.
+PositionSet closedUp(PositionSet row, int position) {
+    return (row & all(position)) | (row >> 1 & ~all(position));
+}
+
+Rows remadeDrop(const WheelProblem& problem, std::istringstream& words, const WheelStore& store) {
+    std::vector<int> dropped;
+    for (int position = 0; words >> position;)
+        dropped.push_back(position - 1);
+    std::sort(dropped.rbegin(), dropped.rend());
+    WheelProblem longer = problem;
+    longer.positions += static_cast<int>(dropped.size());
+    const Wheel* wheel = store.find(longer);
+    if (wheel == nullptr)
+        throw std::runtime_error("no wheel to drop positions of");
+    Rows rows;
+    for (PositionSet row : wheel->rows) {
+        if (std::any_of(dropped.begin(), dropped.end(), [row](int position) { return (row >> position & 1U) != 0; }))
+            continue;
+        for (const int position : dropped)
+            row = closedUp(row, position);
+        rows.push_back(row);
+    }
+    return rows;
+}
+
 Rows remadeJoin(const WheelProblem& problem, std::istringstream& words, const WheelStore& store) {
     WheelProblem left, right;
     std::string plus;
@@ -177,8 +205,8 @@ Wheel remake(const WheelProblem& problem, const std::vector<std::string>& made, 
             continue;
         }
         wheel.made.push_back(step);
-        if (name == "join") {
-            wheel.rows = remadeJoin(problem, words, store);
+        if (name == "join" || name == "drop") {
+            wheel.rows = name == "join" ? remadeJoin(problem, words, store) : remadeDrop(problem, words, store);
             continue;
         }
         const auto* construction = std::find_if(std::begin(kConstructions), std::end(kConstructions),

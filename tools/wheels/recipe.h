@@ -6,9 +6,12 @@
 //                             chosen positions p1 lie in the first part or p2 in the second
 //   shorten                   rows of N + 1 positions; position N + 1 is taken away and its rows filled up
 //   lengthen                  rows of N - 1 positions, and rows one shorter with the new position added to each
-//   easier                    rows of the same N and row that guarantee the same from fewer chosen, or more from as many
+//   drop P Q ..               rows of as many positions more as are named, without those that hold one of them; the
+//                             others close up. No wheel yet: a relax step completes it
+//   easier                    rows of the same N and row that guarantee the same from fewer chosen, or more from as
+//   many
 //
-// The last four take the wheels that the store holds at the moment, so their outcome follows those.
+// All but the first two take the wheels that the store holds at the moment, so their outcome follows those.
 #pragma once
 
 #include "wheels/orbits.h"
@@ -25,10 +28,12 @@ struct Search {
 };
 std::optional<Wheel> search(const ProblemSpace& space, const Search& what, const Wheel* start);
 
-/// Every wheel of a problem that the last four steps make from the store, smallest first; proven by construction only.
+/// Every wheel of a problem that join, shorten, lengthen and easier make from the store, smallest first; proven by
+/// construction only.
 std::vector<Wheel> constructions(const WheelProblem& problem, const WheelStore& store);
 
-/// Takes the steps one after the other. \throws std::runtime_error  for a step that cannot be taken
+/// Takes the steps one after the other; the result of the last is not proven here. \throws std::runtime_error  for a
+/// step that cannot be taken
 Wheel remake(const WheelProblem& problem, const std::vector<std::string>& made, const WheelStore& store);
 
 } // namespace wheels

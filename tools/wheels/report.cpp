@@ -12,18 +12,6 @@ namespace {
 
 using selection::WheelFamily;
 
-/// How far a size may lie above the published one: see docs/wheels.md.
-double allowance(const Verdict& verdict) {
-    const WheelProblem& problem = verdict.table.problem;
-    if (problem.row == 6 && verdict.published <= 100)
-        return 0;
-    if (problem.row == 6 && problem.positions <= 18)
-        return 2;
-    if (problem.row == 7 && problem.positions <= 16)
-        return 5;
-    return 12;
-}
-
 std::string markOf(const Verdict& verdict) {
     if (verdict.rows == 0)
         return "left out";
@@ -36,11 +24,13 @@ std::string markOf(const Verdict& verdict) {
         return difference == 0 ? "equal" : "**better** by " + std::to_string(-difference);
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "+%lld (%.1f %%)%s", static_cast<long long>(difference), verdict.excess(),
-                  verdict.excess() > allowance(verdict) ? ", not reached" : "");
+                  verdict.excess() > allowance(verdict.table.problem, verdict.published) ? ", not reached" : "");
     return text.data();
 }
 
-std::string sizeText(std::int64_t size) { return size == 0 ? "–" : std::to_string(size); }
+std::string sizeText(std::int64_t size) {
+    return size == 0 ? "–" : std::to_string(size);
+}
 
 std::string guaranteeText(const Verdict& verdict) {
     const auto& [family, name, problem, bankers] = verdict.table;
@@ -65,11 +55,12 @@ constexpr Tally kTallies[] = {
     {"of these above it but within the allowance",
      [](const Verdict& verdict) {
          return verdict.rows != 0 && verdict.published != 0 && verdict.excess() > 0 &&
-                verdict.excess() <= allowance(verdict);
+                verdict.excess() <= allowance(verdict.table.problem, verdict.published);
      }},
     {"not reached",
      [](const Verdict& verdict) {
-         return verdict.rows != 0 && verdict.published != 0 && verdict.excess() > allowance(verdict);
+         return verdict.rows != 0 && verdict.published != 0 &&
+                verdict.excess() > allowance(verdict.table.problem, verdict.published);
      }},
 };
 
@@ -106,8 +97,8 @@ void printVerdicts(std::ostream& out, const std::vector<Verdict>& verdicts) {
         const selection::WheelTable& table = verdict.table;
         std::array<char, 200> line{};
         std::snprintf(line.data(), line.size(), "%-12s %-7s %6zu rows, at least %5lld, published %5s  %s\n",
-                      std::string(selection::wheelFamily(table.family).file).c_str(), table.name.c_str(), verdict.rows,
-                      static_cast<long long>(verdict.lower), sizeText(verdict.published).c_str(),
+                      std::string(selection::wheelFamily(table.family).file).c_str(), table.name.c_str(),
+                      verdict.rows, static_cast<long long>(verdict.lower), sizeText(verdict.published).c_str(),
                       verdict.proven() ? markOf(verdict).c_str() : "NOT PROVEN");
         out << line.data();
     }

@@ -11,10 +11,10 @@ namespace wheels {
 
 struct Verdict {
     selection::WheelTable table;
-    std::size_t rows = 0;          ///< 0: not shipped
-    std::int64_t lower = 1;        ///< no wheel has fewer rows
-    std::int64_t published = 0;    ///< best published size; 0: none
-    PositionSet uncovered = 0;     ///< the first subset that the rows fail, 0 when proven
+    std::size_t rows = 0;       ///< 0: not shipped
+    std::int64_t lower = 1;     ///< no wheel has fewer rows
+    std::int64_t published = 0; ///< best published size; 0: none
+    PositionSet uncovered = 0;  ///< the first subset that the rows fail, 0 when proven
     bool proven() const { return uncovered == 0; }
     /// Rows above the published size, in percent; below 0 for a better one. Only where one is published.
     double excess() const;

@@ -79,8 +79,8 @@ class FileWriter {
 };
 
 std::string helperName(const WheelProblem& problem) {
-    return "h" + std::to_string(problem.positions) + "_" + std::to_string(problem.row) + std::to_string(problem.chosen) +
-           std::to_string(problem.common);
+    return "h" + std::to_string(problem.positions) + "_" + std::to_string(problem.row) +
+           std::to_string(problem.chosen) + std::to_string(problem.common);
 }
 
 bool before(PositionSet left, PositionSet right) {
@@ -91,9 +91,13 @@ bool before(PositionSet left, PositionSet right) {
 
 } // namespace
 
-std::string fileName(selection::WheelFamily family) { return kFiles[static_cast<std::size_t>(family)]; }
+std::string fileName(selection::WheelFamily family) {
+    return kFiles[static_cast<std::size_t>(family)];
+}
 
-void sortRows(std::vector<PositionSet>& rows) { std::sort(rows.begin(), rows.end(), before); }
+void sortRows(std::vector<PositionSet>& rows) {
+    std::sort(rows.begin(), rows.end(), before);
+}
 
 bool isShipped(const selection::WheelTable& table, const Wheel* wheel) {
     return wheel != nullptr &&

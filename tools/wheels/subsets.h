@@ -1,7 +1,7 @@
 // Subsets of up to 24 positions as bit sets, and their numbers.
 //
-// rank() numbers the k-subsets of n positions 0..C(n,k)-1 in ascending order of their bit sets, with two look-ups: one
-// for the low twelve positions, one for the high twelve (given how many lie low).
+// rank() numbers the k-subsets of n positions 0..C(n,k)-1 in ascending order of their bit sets, with two look-ups:
+// one for the low twelve positions, one for the high twelve (given how many lie low).
 #pragma once
 
 #include <array>
