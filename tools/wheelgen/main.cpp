@@ -71,6 +71,7 @@ struct Task {
     std::int64_t lower = 1;
     std::int64_t wanted = 1; ///< the best published size, or a guess between lower bound and reach
     bool published = false;
+    int visits = 0;
 };
 
 std::vector<Task> tasks(const Orders& orders) {
@@ -98,7 +99,7 @@ std::vector<Task> tasks(const Orders& orders) {
     return list;
 }
 
-/// How much a visit is worth: nothing at the bound, most where a published size is missed.
+/// How much the first visit is worth: nothing at the bound, most where a published size is missed.
 double worth(const Task& task, const WheelStore& store) {
     const Wheel* wheel = store.find(task.problem);
     if (wheel == nullptr)
@@ -107,11 +108,11 @@ double worth(const Task& task, const WheelStore& store) {
     if (rows <= task.lower)
         return 0;
     if (!task.published)
-        return 0.1;
+        return 0.03;
     if (rows <= task.wanted)
-        return 0.02;
+        return 0.003;
     const double excess = 100.0 * static_cast<double>(rows - task.wanted) / static_cast<double>(task.wanted);
-    return excess > allowance(task.problem, task.wanted) ? 1.0 : 0.2;
+    return excess > allowance(task.problem, task.wanted) ? 1.0 : 0.1;
 }
 
 void report(const Task& task, const WheelStore& store, Clock::time_point start) {
@@ -122,33 +123,41 @@ void report(const Task& task, const WheelStore& store, Clock::time_point start) 
     std::fflush(stdout);
 }
 
+/// A random task, the likelier the more it is worth and the less often it had its turn; null when all is done.
+Task* nextTask(std::vector<Task>& list, const WheelStore& store, Random& random) {
+    std::vector<double> shares;
+    double total = 0;
+    for (const Task& task : list)
+        total += shares.emplace_back(worth(task, store) / (1 + task.visits));
+    double left = random.unit() * total;
+    for (std::size_t place = 0; place < list.size(); ++place)
+        if ((left -= shares[place]) < 0)
+            return &list[place];
+    return nullptr;
+}
+
 int improve(const Orders& orders) {
     WheelStore store(orders.folder);
     Improver improver(store, orders.seed);
     Random random(orders.seed + 1);
-    const std::vector<Task> list = tasks(orders);
+    std::vector<Task> list = tasks(orders);
     const Clock::time_point start = Clock::now();
-    const auto visit = [&](const Task& task, std::uint64_t work) {
+    const auto visit = [&](Task& task, std::uint64_t work) {
+        ++task.visits;
         if (!improver.visit(task.problem, work))
             return;
         report(task, store, start);
         store.save();
     };
-    for (const Task& task : list)
+    constexpr std::uint64_t kFirstShare = 20; // a wheel at all, for every problem, before the first good one
+    for (Task& task : list)
         if (store.find(task.problem) == nullptr)
-            visit(task, orders.work / 20);
+            visit(task, orders.work / kFirstShare);
     while (Clock::now() - start < std::chrono::duration<double>(orders.minutes * 60)) {
-        double total = 0;
-        for (const Task& task : list)
-            total += worth(task, store);
-        double left = random.unit() * total;
-        const Task* choice = nullptr;
-        for (const Task& task : list)
-            if ((left -= worth(task, store)) < 0 && choice == nullptr)
-                choice = &task;
-        if (choice == nullptr)
+        Task* task = nextTask(list, store, random);
+        if (task == nullptr)
             break; // everything is at its bound
-        visit(*choice, orders.work);
+        visit(*task, orders.work);
     }
     return 0;
 }

@@ -20,10 +20,8 @@ constexpr std::size_t kManyRows = 10'000; // the guess while there is no wheel a
 
 // Whether a group is any good shows within a hundredth of a visit: measured on (18, 6 if 5: 4), where the good ones
 // reach 81 in their first 0.03 s and the rest do not get below 90 in ten times as long.
-constexpr int kShortTries = 70;
-constexpr std::uint64_t kShortShare = 140;
-constexpr int kLongTries = 6;
-constexpr std::uint64_t kLongShare = 24;
+constexpr int kShortTries = 100;
+constexpr int kLongTries = 8; // small problems without a group come down in some 1e8 visits of elements
 
 std::size_t storedRows(const WheelStore& store, const WheelProblem& problem) {
     const Wheel* wheel = store.find(problem);
@@ -104,12 +102,12 @@ bool Improver::visit(const WheelProblem& problem, std::uint64_t work) {
     construct(space);
     if (storedRows(m_store, problem) == SIZE_MAX) // something to measure groups by
         trySearch(space, {}, 0, nullptr);
-    for (int attempt = 0; attempt < kShortTries; ++attempt)
-        tryGroup(space, work / kShortShare);
-    for (int attempt = 0; attempt < kLongTries; ++attempt) {
-        tryAgain(space, work / kLongShare);
-        tryWeaker(space, work / kLongShare);
-    }
+    if (m_visits[problem]++ % 2 == 0)
+        for (int attempt = 0; attempt < kShortTries; ++attempt)
+            tryGroup(space, work / kShortTries);
+    else
+        for (int attempt = 0; attempt < kLongTries; ++attempt)
+            attempt % 2 == 0 ? tryAgain(space, work / kLongTries) : tryWeaker(space, work / kLongTries);
     return storedRows(m_store, problem) < before;
 }
 

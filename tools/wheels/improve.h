@@ -37,6 +37,7 @@ class Improver {
     WheelStore& m_store;
     Random m_random;
     std::map<WheelProblem, std::vector<Promising>> m_memory; ///< fewest rows first
+    std::map<WheelProblem, int> m_visits;
 };
 
 } // namespace wheels
