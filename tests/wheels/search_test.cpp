@@ -154,6 +154,20 @@ TEST(WheelSearch, JoinsTwoPartsOfWhichOneMustHoldEnough) {
     EXPECT_TRUE(seen);
 }
 
+TEST(WheelSearch, DropsAPositionInTheMiddleAndCompletesTheRest) {
+    // Of the 14 blocks of four of eight positions that hold each triple once, 7 go without position 3. They hold 28
+    // of the 35 triples of the other seven, and a row holds four at most: at least two rows more.
+    const WheelStore store(SSQ_WHEELS);
+    ASSERT_EQ(store.find({8, 4, 3, 3})->rows.size(), 14u);
+    const WheelProblem problem{7, 4, 3, 3};
+    EXPECT_EQ(remake(problem, {"drop 3"}, store).rows.size(), 7u);
+    const Wheel completed = remake(problem, {"drop 3", "relax - seed 1 work 0"}, store);
+    EXPECT_FALSE(selection::firstUncovered(problem, completed.rows));
+    EXPECT_GE(completed.rows.size(), 9u);
+    EXPECT_THROW(remake(problem, {"drop 1 2 3 4 5 6 7 8 9 10 11 12"}, store), std::runtime_error); // none of 19 such
+    EXPECT_THROW(remake(problem, {"melt"}, store), std::runtime_error);
+}
+
 TEST(WheelSearch, EveryConstructionFromTheStoreHolds) {
     const WheelStore store(SSQ_WHEELS);
     std::map<std::string, int> tried;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "wheels/subsets.h"
+#include "wheels/store.h"
 #include "wheels/wheel_support.h"
 
 using namespace selection;
@@ -89,4 +89,11 @@ TEST(WheelBounds, DoNotFallWithMorePositions) {
         ++more.positions;
         EXPECT_GE(fewestRows(more), fewestRows(table.problem)) << table.name;
     }
+}
+
+TEST(WheelBounds, NoStoredWheelGoesBelowItsBound) {
+    const wheels::WheelStore store(SSQ_WHEELS);
+    EXPECT_GT(store.wheels().size(), 300u);
+    for (const auto& [problem, wheel] : store.wheels())
+        EXPECT_GE(static_cast<std::int64_t>(wheel.rows.size()), fewestRows(problem)) << describe(problem);
 }

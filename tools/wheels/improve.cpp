@@ -12,15 +12,15 @@ namespace {
 constexpr std::size_t kRemembered = 6;
 constexpr std::uint64_t kSeeds = 1'000'000'000; // seeds that read well in a file
 
-// A solution of some five to sixty orbits: with more the search is slow, with fewer there is no choice. Which size
+// A solution of two to fifty orbits: with more the search is slow, with fewer there is no choice. Which size
 // suits is as open as the group itself.
-constexpr double kFewestOrbits = 4;
-constexpr double kMostOrbits = 60;
+constexpr double kFewestOrbits = 1.5;
+constexpr double kMostOrbits = 50;
 constexpr std::size_t kManyRows = 10'000; // the guess while there is no wheel at all
 
-// Whether a group is any good shows within a hundredth of a visit: measured on (18, 6 if 5: 4), where the good ones
-// reach 81 in their first 0.03 s and the rest do not get below 90 in ten times as long.
-constexpr int kShortTries = 100;
+// Whether a group is any good shows at once: the groups of the published sizes of (18, 6 if 5: 4), (18, 6 if 4: 4) and
+// (14, 6 if 5: 4) reach them within 1e7 visits of elements, the rest not in ten times as many.
+constexpr int kShortTries = 150;
 constexpr int kLongTries = 8; // small problems without a group come down in some 1e8 visits of elements
 
 std::size_t storedRows(const WheelStore& store, const WheelProblem& problem) {

@@ -8,8 +8,7 @@
 //   lengthen                  rows of N - 1 positions, and rows one shorter with the new position added to each
 //   drop P Q ..               rows of as many positions more as are named, without those that hold one of them; the
 //                             others close up. No wheel yet: a relax step completes it
-//   easier                    rows of the same N and row that guarantee the same from fewer chosen, or more from as
-//   many
+//   easier                    rows of the same N and size that guarantee as much from fewer chosen, or more
 //
 // All but the first two take the wheels that the store holds at the moment, so their outcome follows those.
 #pragma once
