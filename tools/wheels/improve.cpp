@@ -12,14 +12,15 @@ namespace {
 constexpr std::size_t kRemembered = 6;
 constexpr std::uint64_t kSeeds = 1'000'000'000; // seeds that read well in a file
 
-// A solution of two to fifty orbits: with more the search is slow, with fewer there is no choice. Which size
-// suits is as open as the group itself.
+// A solution of two to fifty orbits: with more the search is slow, with fewer there is no choice. Which size suits is
+// as open as the group itself. A handful of rows may well have a symmetry that moves them all.
 constexpr double kFewestOrbits = 1.5;
 constexpr double kMostOrbits = 50;
+constexpr double kSmallOrder = 6;
 constexpr std::size_t kManyRows = 10'000; // the guess while there is no wheel at all
 
-// Whether a group is any good shows at once: the groups of the published sizes of (18, 6 if 5: 4), (18, 6 if 4: 4) and
-// (14, 6 if 5: 4) reach them within 1e7 visits of elements, the rest not in ten times as many.
+// Whether a group is any good shows at once: the groups of the published sizes of (18, 6 if 5: 4), (18, 6 if 4: 4)
+// and (14, 6 if 5: 4) reach them within 1e7 visits of elements, the rest not in ten times as many.
 constexpr int kShortTries = 150;
 constexpr int kLongTries = 8; // small problems without a group come down in some 1e8 visits of elements
 
@@ -66,8 +67,10 @@ bool Improver::construct(const ProblemSpace& space) {
 
 void Improver::tryGroup(const ProblemSpace& space, std::uint64_t work) {
     const double rows = static_cast<double>(std::min<std::size_t>(storedRows(m_store, space.problem), kManyRows));
-    const double orbits = kFewestOrbits * std::exp(m_random.unit() * std::log(kMostOrbits / kFewestOrbits));
-    trySearch(space, randomGroup(space.problem.positions, rows / orbits, m_random), work, nullptr);
+    const double least = std::max(1.0, rows / kMostOrbits);
+    const double most = std::max(kSmallOrder, rows / kFewestOrbits);
+    const double order = least * std::exp(m_random.unit() * std::log(most / least));
+    trySearch(space, randomGroup(space.problem.positions, order, m_random), work, nullptr);
 }
 
 void Improver::tryAgain(const ProblemSpace& space, std::uint64_t work) {
