@@ -236,6 +236,28 @@ TEST_F(Maintenance, ACorrectedIssueRenumbersTheLaterDraws) {
     expectTablesAsMemory();
 }
 
+TEST_F(Maintenance, RenumberingInOneStatementLeavesWhatOneForEachDrawDoes) {
+    for (int draw = 0; draw < 40; ++draw)
+        type(kThree[static_cast<std::size_t>(draw) % 3]);
+    sql::Database& dbUser = *fresh.workspace.dbUser;
+    dbUser.execute("UPDATE [fig] SET [Idx]=20 WHERE [Idx]=9"); // two rows of one number, as after a refused text
+    const auto issues = [&] {
+        const sql::Rows rows = dbUser.query("SELECT [Idx],[fig0] FROM [fig]");
+        std::vector<std::pair<std::int64_t, std::int64_t>> all;
+        for (std::int64_t row = 0; row < rows.count(); ++row)
+            all.emplace_back(rows.integerAt(row, 0), rows.integerAt(row, 1));
+        return all;
+    };
+    correct(7, 0, 2010050);
+    const auto together = issues();
+    dbUser.execute("UPDATE [fig] SET [fig0]=0 WHERE [Idx]>6");
+    for (int row = 7; row <= history.Lsnum; ++row)
+        dbUser.execute("UPDATE [fig] SET [fig0]=" + std::to_string(2010050 + row - 7) +
+                       " WHERE [Idx]=" + std::to_string(row));
+    EXPECT_EQ(together, issues());
+    EXPECT_EQ(together.back().second, 2010050 + 43 - 7);
+}
+
 TEST_F(Maintenance, ACorrectionRunsItsStatements) {
     std::vector<std::string> user;
     std::vector<std::string> bare;
