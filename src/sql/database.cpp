@@ -30,7 +30,6 @@ bool isCombinationTable(std::string_view table) {
 }
 
 // ---- Rows
-// ----------------------------------------------------------------------------------------------------------
 
 Rows::Rows(std::shared_ptr<const Source> source) : m_source(std::move(source)) {}
 std::int64_t Rows::count() const {
@@ -53,7 +52,6 @@ std::string Rows::textAt(std::int64_t row, int column) const {
 }
 
 // ---- Database
-// ------------------------------------------------------------------------------------------------------
 
 Database::Database(std::shared_ptr<Store> store) : m_store(std::move(store)) {}
 Database::~Database() = default;
@@ -167,7 +165,6 @@ bool passOver(Database& database, std::string_view statement) {
 }
 
 // ---- Engine
-// --------------------------------------------------------------------------------------------------------
 
 struct Engine::State {
     EngineOptions options;

@@ -138,7 +138,7 @@ class Database {
     Rows query(std::string_view select);
     /// First column of the first row; Null when there is no row.
     Value queryValue(std::string_view select);
-    /// \param tableOrSelect  a table's name (brackets allowed) or a SELECT
+    /// \param tableOrSelect  a table's name, with or without brackets, also one of digits, or a SELECT
     Recordset openRecordset(std::string_view tableOrSelect);
 
     bool hasTable(std::string_view table) const;

@@ -64,8 +64,10 @@ std::shared_ptr<const Rows::Source> Store::query(std::string_view text) {
 
 std::unique_ptr<Recordset::Backend> Store::open(std::string_view tableOrSelect) {
     const std::vector<Token> tokens = tokenize(tableOrSelect);
+    const TokenKind first = tokens[0].kind;
+    // A whole number is a name too: the tables of wheels are called 0954.
     const bool isName =
-        tokens.size() == 2 && (tokens[0].kind == TokenKind::Word || tokens[0].kind == TokenKind::Name);
+        tokens.size() == 2 && (first == TokenKind::Word || first == TokenKind::Name || first == TokenKind::Integer);
     if (!isName)
         return readOnlyBackend(query(tableOrSelect));
     return keeperOf(tokens[0].text).openTable(tokens[0].text);

@@ -85,6 +85,14 @@ TEST_F(DatabaseTest, DeletingFromTheLastToTheFirstEmptiesATable) {
     EXPECT_EQ(db->rowCount("t"), 0);
 }
 
+TEST_F(DatabaseTest, ATableMayBeNamedByDigits) {
+    db->execute("CREATE TABLE [0954]([fig1] integer)");
+    db->execute("INSERT INTO [0954] ([fig1]) VALUES (7)");
+    EXPECT_EQ(sql::toInteger(db->openRecordset("0954").field("fig1")), 7);
+    EXPECT_EQ(sql::toInteger(db->openRecordset("[0954]").field("fig1")), 7);
+    EXPECT_EQ(errorOf([&] { db->openRecordset("954"); }), sql::error::kTableNotFound);
+}
+
 TEST_F(DatabaseTest, ARecordSetOfASelectCannotBeWritten) {
     db->execute("CREATE TABLE [t]([a] integer)");
     db->execute("INSERT INTO [t] ([a]) VALUES (4)");
