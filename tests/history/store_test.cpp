@@ -6,6 +6,7 @@
 
 #include "history/draw_tables.h"
 #include "history/draws_support.h"
+#include "same_history.h"
 
 namespace {
 
@@ -36,18 +37,6 @@ class Store : public ::testing::Test {
     History history;
 };
 
-void expectSame(const History& left, const History& right) {
-    EXPECT_EQ(left.Lsnum, right.Lsnum);
-    EXPECT_EQ(left.Lshm, right.Lshm);
-    EXPECT_TRUE(left.derived == right.derived);
-    EXPECT_EQ(left.Ylnow, right.Ylnow);
-    EXPECT_EQ(left.YlnowB, right.YlnowB);
-    EXPECT_EQ(left.Glred, right.Glred);
-    EXPECT_EQ(left.GlBlue, right.GlBlue);
-    EXPECT_EQ(left.Gailvred, right.Gailvred);
-    EXPECT_EQ(left.GailvBlue, right.GailvBlue);
-}
-
 TEST_F(Store, AnEmptyWorkspaceLoadsAsAnEmptyHistory) {
     const History empty = loaded();
     EXPECT_EQ(empty.Lsnum, 0);
@@ -60,7 +49,7 @@ TEST_F(Store, WhatIsStoredIsLoadedAtTheNextStart) {
     EXPECT_EQ(history.Lsnum, 200);
     fresh.reopen();
     const History again = loaded();
-    expectSame(again, history);
+    expectSameHistory(again, history);
     EXPECT_EQ(again.Glcount, 0); // not stored
 }
 
@@ -121,7 +110,7 @@ TEST_F(Store, AWholeNewHistoryStartsEveryStatisticAtZero) {
     EXPECT_EQ(count("fig"), 1);
     EXPECT_EQ(count("YlqsB"), 1);
     EXPECT_EQ(fresh.workspace.dbFilnum->rowCount("fig"), 51); // only ever added to
-    expectSame(loaded(), history);
+    expectSameHistory(loaded(), history);
 }
 
 TEST_F(Store, AWholeNewHistoryWithoutDrawsWritesSharesOfZero) {
@@ -151,7 +140,7 @@ TEST_F(Store, AFailureInTheMiddleLeavesTablesAndMemoryAsTheyWere) {
     const History before = history;
     EXPECT_THROW(storeBatch(history, fresh.workspace, randomDraws(3)), sql::SqlError);
     EXPECT_THROW(replaceHistory(history, fresh.workspace, randomDraws(3)), sql::SqlError);
-    expectSame(history, before);
+    expectSameHistory(history, before);
     EXPECT_EQ(count("fig"), 8);
     EXPECT_EQ(count("Ylqs"), 8);
     EXPECT_EQ(fresh.workspace.dbFilnum->rowCount("fig"), 8);
@@ -175,7 +164,7 @@ TEST_F(Store, TheRealDrawsComeBackAsTheyWereStored) {
         GTEST_SKIP() << "the real draws are not at " << SSQ_REAL_DATA;
     replaceHistory(history, fresh.workspace, realDraws());
     fresh.reopen();
-    expectSame(loaded(), history);
+    expectSameHistory(loaded(), history);
     EXPECT_EQ(history.Lsnum, 3358);
 }
 

@@ -8,6 +8,7 @@
 #include "history/text_file.h"
 #include "history/text_lines.h"
 #include "history/update_support.h"
+#include "same_history.h"
 #include "support/update_server.h"
 #include "workspace/safe_file.h"
 
@@ -127,14 +128,7 @@ TEST_F(Updating, MakesThePublishedHistoryTheUsers) {
     history::replaceHistory(expected, published.workspace, draws);
     const history::History found = loaded();
     EXPECT_EQ(found.Lsnum, 60);
-    EXPECT_EQ(found.Lshm, expected.Lshm);
-    EXPECT_EQ(found.derived, expected.derived);
-    EXPECT_EQ(found.Ylnow, expected.Ylnow);
-    EXPECT_EQ(found.YlnowB, expected.YlnowB);
-    EXPECT_EQ(found.Glred, expected.Glred);
-    EXPECT_EQ(found.GlBlue, expected.GlBlue);
-    EXPECT_EQ(found.Gailvred, expected.Gailvred);
-    EXPECT_EQ(found.GailvBlue, expected.GailvBlue);
+    expectSameHistory(found, expected);
     EXPECT_EQ(bytesOf(history::historyTextFile(fresh.workspace)), history::drawsAsText(draws));
     EXPECT_EQ(fresh.workspace.dbFilnum->rowCount("fig"), 60);
 }

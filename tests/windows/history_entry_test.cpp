@@ -82,7 +82,7 @@ TEST_F(HistoryEntry, ABoxThatIsFullPassesTheFocusOn) {
 }
 
 TEST_F(HistoryEntry, WrongDrawsAreToldAndLeftAsTyped) {
-    const std::string before = dump("fig");
+    const std::string before = dump(*program->workspace.dbUser, "fig");
     const struct {
         QString numbers;
         QString text;
@@ -98,7 +98,7 @@ TEST_F(HistoryEntry, WrongDrawsAreToldAndLeftAsTyped) {
         EXPECT_EQ(box(7).maskedText(), numbers.right(2));
     }
     EXPECT_EQ(program->history.Lsnum, 3);
-    EXPECT_EQ(dump("fig"), before);
+    EXPECT_EQ(dump(*program->workspace.dbUser, "fig"), before);
 }
 
 TEST_F(HistoryEntry, APlaceLeftEmptyIsTold) {
@@ -248,7 +248,7 @@ TEST_F(HistoryEntry, EnterCommitsACorrection) {
 }
 
 TEST_F(HistoryEntry, ACorrectionOutOfPlaceIsToldAndNotCommitted) {
-    const std::string before = dump("fig");
+    const std::string before = dump(*program->workspace.dbUser, "fig");
     const std::tuple<int, int, QString> wrong[] = {{1, 2, u"9"_s},  {1, 2, u"0"_s},  {1, 3, u"4"_s},
                                                    {1, 7, u"34"_s}, {1, 8, u"17"_s}, {1, 1, u"2147483647"_s}};
     for (const auto& [row, column, number] : wrong) {
@@ -258,7 +258,7 @@ TEST_F(HistoryEntry, ACorrectionOutOfPlaceIsToldAndNotCommitted) {
         EXPECT_TRUE(correction().isVisible());
     }
     key(Qt::Key_Escape);
-    EXPECT_EQ(dump("fig"), before);
+    EXPECT_EQ(dump(*program->workspace.dbUser, "fig"), before);
 }
 
 TEST_F(HistoryEntry, ACorrectedIssueRenumbersTheRowsBelow) {
@@ -286,14 +286,14 @@ TEST_F(HistoryEntry, AnotherCellOrADeletedRowGivesACorrectionUp) {
 
 TEST_F(HistoryEntry, AChangeThatCannotBeStoredIsToldAndLeavesEverything) {
     program->workspace.dbUser->execute("DELETE FROM [GailvB] WHERE [Number]>15"); // too few for 16 blues
-    const std::string before = dump("fig");
+    const std::string before = dump(*program->workspace.dbUser, "fig");
     const auto failure = [] { return ModalStep{u"MsgBox"_s, answer({}, u"数据库错误"_s, QMessageBox::Ok)}; };
     const ModalScript script({failure(), failure(), failure()});
     typeDraw(u"01 02 03 04 05 06 07"_s);
     EXPECT_EQ(box(1).maskedText(), u"01"_s);
     press(form(), u"Command44"_s);
     correct(1, 8, u"5"_s);
-    EXPECT_EQ(dump("fig"), before);
+    EXPECT_EQ(dump(*program->workspace.dbUser, "fig"), before);
     EXPECT_EQ(grid().model()->rowCount(), 3);
     EXPECT_EQ(cell(1, 8), u"12"_s);
 }

@@ -51,13 +51,13 @@ TEST_F(HistoryText, TheButtonAndTheEntryReadAWholeHistory) {
     readText(kThreeDraws);
     EXPECT_EQ(grid().model()->rowCount(), 3);
     EXPECT_EQ(defaultText(), QByteArray(kThreeDraws).replace('\n', " \n"));
-    const ModalScript script({question(kWholeQuestion, kReadTitle, QMessageBox::Cancel)});
+    const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Cancel)});
     press(form(), u"cmdRead"_s);
     EXPECT_EQ(program->history.Lsnum, 3);
 }
 
 TEST_F(HistoryText, CancellingTheFileDialogEndsSilently) {
-    const ModalScript script({question(kWholeQuestion, kReadTitle, QMessageBox::Ok),
+    const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                               {u"FileDialog"_s,
                                [this](QWidget& dialog) {
                                    EXPECT_EQ(qobject_cast<QFileDialog*>(&dialog)->directory().absolutePath(),
@@ -74,14 +74,14 @@ TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
     readText(kThreeDraws);
     const QString other = writeFile(u"另.txt"_s, "2010001 01 02 03 04 05 06 07");
     {
-        const ModalScript script({question(kWholeQuestion, kReadTitle, QMessageBox::Ok),
+        const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                                   {u"FileDialog"_s, chooseFile(other)},
                                   renameQuestion(QMessageBox::Cancel)});
         trigger(form(), u"mnuRed"_s);
     }
     EXPECT_EQ(program->history.Lsnum, 3); // the file that was kept
     {
-        const ModalScript script({question(kWholeQuestion, kReadTitle, QMessageBox::Ok),
+        const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                                   {u"FileDialog"_s, chooseFile(other)},
                                   renameQuestion(QMessageBox::Ok)});
         trigger(form(), u"mnuRed"_s);
@@ -90,7 +90,7 @@ TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
     const QString date = QDate::currentDate().toString(u"yyyy-M-d"_s);
     EXPECT_TRUE(QFile::exists(home.folderName() + u"/双色历史号码/ 张三"_s + date + u"日前 双色号码 .TXT"_s));
     // A second one on the same day has no name left to go to.
-    const ModalScript script({question(kWholeQuestion, kReadTitle, QMessageBox::Ok),
+    const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                               {u"FileDialog"_s, chooseFile(other)},
                               renameQuestion(QMessageBox::Ok),
                               question(kFileFailure, u"输入错误"_s, QMessageBox::Ok)});
@@ -102,7 +102,7 @@ TEST_F(HistoryText, ARefusedLineEmptiesMemoryButNotTheTables) {
     QFile::remove(defaultFile());
     const QString wrong = writeFile(u"错.txt"_s, "2003001 01 02 03 04 05 06 07\n2003002 01 02 03 04 05 06 7\n");
     {
-        const ModalScript script({question(kWholeQuestion, kReadTitle, QMessageBox::Ok),
+        const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                                   {u"FileDialog"_s, chooseFile(wrong)},
                                   question(kWrongLine, u"历史号码文本错误"_s, QMessageBox::Ok)});
         trigger(form(), u"mnuRed"_s);
@@ -144,7 +144,7 @@ TEST_F(HistoryText, EditingWithoutAFileOffersToReadOne) {
         trigger(form(), u"mnuEdit"_s);
     }
     const ModalScript script({question(kNoFileYet, u"编辑历史"_s, QMessageBox::Ok),
-                              question(kWholeQuestion, kReadTitle, QMessageBox::Ok),
+                              question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                               {u"FileDialog"_s, chooseFile(writeFile(u"期.txt"_s, kThreeDraws))}});
     trigger(form(), u"mnuEdit"_s);
     EXPECT_EQ(program->history.Lsnum, 3);

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QFile>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -16,10 +15,8 @@
 
 #include "history/text_lines.h"
 #include "mainwin/windows/form1.h"
-#include "support/controls.h"
-#include "support/fresh_home.h"
-#include "support/modal_script.h"
 #include "toolkit/flex_grid.h"
+#include "windows/program_fixture.h"
 #include "workspace/paths.h"
 
 using namespace Qt::StringLiterals;
@@ -27,57 +24,14 @@ using namespace test_support;
 
 namespace {
 
-const QString kReadQuestion =
-    u"确实要读入历史号码吗？读入后将覆盖原来所输入/读入的历史号，以新的历史号码文件灌装进入作为本用户的历史纪录！"
-    u"点击'确认'读入,点击'取消'放弃该操作。确要读入请保证安装目录下存在历史号码的文本文件文件。"
-    u"读取时可能要花费一段时间,请耐心等候！"_s;
 const QString kWrongLine = u"请检查您的历史号码文本都是由6红+1蓝7个号码组成，中间由空格分开"_s;
 
 QString title(int bets) {
     return u"复选组合情况排列总表（每页至多显示10000注，双击任意注可删除）   合计：%1注"_s.arg(bets);
 }
 
-/// Types a path into the file dialog and opens it.
-ModalAction chooseFile(const QString& path) {
-    return [path](QWidget& dialog) {
-        auto* files = qobject_cast<QFileDialog*>(&dialog);
-        ASSERT_NE(files, nullptr);
-        EXPECT_EQ(files->nameFilters(), QStringList{u"Text(*.txt)"_s});
-        controlAs<QLineEdit>(dialog, u"fileNameEdit"_s)->setText(path);
-        static_cast<QDialog*>(files)->accept();
-    };
-}
-
-class ProgramTest : public testing::Test {
+class ProgramTest : public ProgramFixture {
   protected:
-    mainwin::Program& start() {
-        program.reset();
-        program = std::make_unique<mainwin::Program>(home.folder());
-        program->start();
-        return *program;
-    }
-
-    void createUser(const QString& name, const QString& password = {}) {
-        const ModalScript script(
-            {{u"InputBox"_s, type(name)}, {u"InputBox"_s, type(password)}, {u"InputBox"_s, type(password)}});
-        press(u"Frmpre"_s, u"Label2"_s);
-    }
-
-    mainwin::Program& enterAs(const QString& name) {
-        start();
-        createUser(name);
-        press(u"Frmpre"_s, u"Label3"_s);
-        return *program;
-    }
-
-    QString writeFile(const QString& name, const QByteArray& bytes) {
-        const QString path = home.folderName() + u'/' + name;
-        QFile file(path);
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        return path;
-    }
-
     void readHistory(const QString& path) {
         const ModalScript script({{u"MsgBox"_s, answer(kReadQuestion, u"读入历史"_s, QMessageBox::Ok)},
                                   {u"FileDialog"_s, chooseFile(path)}});
@@ -85,9 +39,7 @@ class ProgramTest : public testing::Test {
     }
 
     void readThreeDraws() {
-        readHistory(writeFile(u"三期.txt"_s, "2003001 10 11 12 13 26 28 11\n"
-                                             "2003002 04 09 19 20 21 26 12\n"
-                                             "2003003 01 07 10 23 28 32 16\n"));
+        readHistory(writeFile(u"三期.txt"_s, kThreeDraws));
         ASSERT_EQ(program->history.Lsnum, 3);
     }
 
@@ -107,20 +59,7 @@ class ProgramTest : public testing::Test {
         trigger(u"Form1"_s, entry);
     }
 
-    /// Every cell of a table, a line a row.
-    std::string dump(const char* table) {
-        const sql::Rows rows = program->workspace.dbFilnum->query(std::string("SELECT * FROM [") + table + "]");
-        std::string all;
-        for (std::int64_t row = 0; row < rows.count(); ++row) {
-            for (int column = 0; column < rows.columnCount(); ++column)
-                all += rows.textAt(row, column) + '\t';
-            all += '\n';
-        }
-        return all;
-    }
-
-    FreshHome home;
-    std::unique_ptr<mainwin::Program> program;
+    std::string bets() { return dump(*program->workspace.dbFilnum, "zuhe"); }
 };
 
 TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
@@ -157,7 +96,7 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
 
     const QSignalSpy ended(program.get(), &mainwin::Program::ended);
     const history::History before = program->history;
-    const std::string table = dump("zuhe");
+    const std::string table = bets();
     EXPECT_NE(table.find("红1位大小:1 保留2~99"), std::string::npos);
     EXPECT_TRUE(window(u"Form1"_s)->close());
     EXPECT_EQ(ended.count(), 1);
@@ -165,13 +104,13 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
     start();
     auto* users = controlAs<QListWidget>(*window(u"Frmpre"_s), u"LstName"_s);
     EXPECT_EQ(users->currentItem()->text(), u"张三[双色球]"_s); // the one who entered last
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_EQ(program->history.Lshm, before.Lshm);
     EXPECT_EQ(program->history.derived, before.derived);
     EXPECT_EQ(program->history.Ylnow, before.Ylnow);
     EXPECT_EQ(program->history.Gailvred, before.Gailvred);
     EXPECT_EQ(program->history.Glcount, 0); // not stored: every start begins at 0
-    EXPECT_EQ(dump("zuhe"), table);
+    EXPECT_EQ(bets(), table);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2025113 历史号码:"_s);
 }
 
@@ -180,7 +119,7 @@ TEST_F(ProgramTest, TheFirstWindowAsksForNobodyWithoutUsers) {
     const ModalScript script(
         {{u"MsgBox"_s, answer(u"请建立或选择一个用户名然后再进入。"_s, u"用户名错误"_s, QMessageBox::Ok)},
          {u"MsgBox"_s, answer(u"请选择一个用户名然后再删除。"_s, u"用户名错误"_s, QMessageBox::Ok)}});
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     press(u"Frmpre"_s, u"Label4"_s);
     EXPECT_TRUE(window(u"Frmpre"_s)->isVisible());
 }
@@ -197,7 +136,7 @@ TEST_F(ProgramTest, EnteringHidesTheFirstWindowAndDoesNotEndTheProgram) {
     createUser(u"张三"_s);
     QWidget* first = window(u"Frmpre"_s);
     const QSignalSpy ended(program.get(), &mainwin::Program::ended);
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_FALSE(first->isVisible());
     EXPECT_TRUE(window(u"Form1"_s)->isVisible());
     EXPECT_EQ(ended.count(), 0);
@@ -222,7 +161,7 @@ TEST_F(ProgramTest, AUserWhoseFolderWasDeletedEntersWithoutHistory) {
     program.reset();
     std::filesystem::remove_all(home.folder() / "张三");
     start();
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_EQ(program->history.Lsnum, 0);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 1 历史号码:"_s);
     EXPECT_FALSE(action(*window(u"Form1"_s), u"mnuDelast"_s)->isEnabled());
@@ -242,7 +181,7 @@ TEST_F(ProgramTest, AWorkspaceThatCannotBeRepairedEndsTheProgram) {
         {{u"MsgBox"_s, answer(u"数据库读写错误,程序即将退出!请您删除该用户名,然后新建用户进入."_s, u"数据库错误"_s,
                               QMessageBox::Ok)}});
     const QSignalSpy ended(program.get(), &mainwin::Program::ended);
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_EQ(ended.count(), 1);
 }
 
@@ -261,7 +200,7 @@ TEST_F(ProgramTest, APasswordIsAskedUntilItMatches) {
                                    press(login, u"cmdOK"_s);
                                }},
                               {u"MsgBox"_s, answer(u"无效的密码，请重试!"_s, u"登录"_s, QMessageBox::Ok)}});
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_EQ(program->workspace.Username, u"有密码"_s);
     EXPECT_TRUE(window(u"Form1"_s)->isVisible());
 }
@@ -308,10 +247,10 @@ TEST_F(ProgramTest, AGenerationReplacesTheTableOfTheOneBefore) {
     pressNumbers(u"Command1(%1)"_s, {1, 2, 3, 4, 5, 6, 7});
     pressNumbers(u"Command2(%1)"_s, {1});
     inFilterWindow(u"mnuLst"_s, u"GAgan"_s, [](QWidget& form) { press(form, u"Command2"_s); });
-    const std::string inverted = dump("zuhe");
+    const std::string inverted = bets();
     EXPECT_NE(inverted.find("全部反选-"), std::string::npos); // closing keeps the rows and their states
     inFilterWindow(u"mnuLst"_s, u"GAgan"_s, [](QWidget& form) { EXPECT_EQ(form.windowTitle(), title(7)); });
-    EXPECT_EQ(dump("zuhe").find("全部反选-"), std::string::npos);
+    EXPECT_EQ(bets().find("全部反选-"), std::string::npos);
 }
 
 TEST_F(ProgramTest, KeepOrRemoveIsSetAnewByEveryWindow) {
@@ -369,7 +308,7 @@ TEST_F(ProgramTest, ANewNameIsANewEmptyWorkspaceFromTheNextStartOn) {
     EXPECT_EQ(program->history.Lsnum, 3);
     window(u"Form1"_s)->close();
     start();
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_EQ(program->workspace.Username, u"王五/二"_s);
     EXPECT_EQ(program->history.Lsnum, 0);
     EXPECT_EQ(program->workspace.BitnumB, 16); // settings under the old name are left behind
@@ -384,7 +323,7 @@ TEST_F(ProgramTest, ANameOfAnotherUserIsRefusedAndAnEmptyOneEndsTheCommand) {
                                        typeInto(login, u"txtPassword"_s, u"old"_s);
                                        press(login, u"cmdOK"_s);
                                    }}});
-        press(u"Frmpre"_s, u"Label3"_s);
+        enter();
     }
     {
         const ModalScript script({{u"InputBox"_s, type(u"李四"_s)},
@@ -423,7 +362,7 @@ TEST_F(ProgramTest, ARefusedLineIsToldAndTheStoredHistoryStays) {
     EXPECT_EQ(text(u"StatusBar1(2)"_s), u"历史：0期"_s);
     window(u"Form1"_s)->close();
     start();
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_EQ(program->history.Lsnum, 3); // the tables had not been touched
 }
 
@@ -436,7 +375,7 @@ TEST_F(ProgramTest, ARuleIsReadWhenTheUserEnters) {
     EXPECT_EQ(program->pad.Redcnt, 0); // numbers above the rule leave the pad
     window(u"Form1"_s)->close();
     start();
-    press(u"Frmpre"_s, u"Label3"_s);
+    enter();
     EXPECT_EQ(program->workspace.Bitnum, 28);
     EXPECT_EQ(program->workspace.BitnumB, 12);
     EXPECT_EQ(program->history.Lshm[3],

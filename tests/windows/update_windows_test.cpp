@@ -13,13 +13,10 @@
 #include "history/update_publish.h"
 #include "history/update_source.h"
 #include "mainwin/windows/form1.h"
-#include "mainwin/windows/program.h"
 #include "scratch_folder.h"
-#include "support/controls.h"
-#include "support/fresh_home.h"
-#include "support/modal_script.h"
 #include "support/update_server.h"
 #include "toolkit/flex_grid.h"
+#include "windows/program_fixture.h"
 #include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
@@ -56,26 +53,14 @@ ModalStep ask(const QString& text, const QString& title, QMessageBox::StandardBu
     return {u"MsgBox"_s, answer(text, title, button)};
 }
 
-class UpdateWindows : public testing::Test {
+class UpdateWindows : public ProgramFixture {
   protected:
     void SetUp() override {
         history::publishHistory(kDraws, published.path());
         server = std::make_unique<UpdateServer>(published.path());
         start();
-        const ModalScript script(
-            {{u"InputBox"_s, type(u"张三"_s)}, {u"InputBox"_s, type({})}, {u"InputBox"_s, type({})}});
-        press(u"Frmpre"_s, u"Label2"_s);
+        createUser(u"张三"_s);
     }
-
-    void start() {
-        program.reset();
-        program = std::make_unique<mainwin::Program>(home.folder());
-        program->settings.set(u"AHXLOTQ"_s, u"Update"_s, u"Host"_s, u"127.0.0.1"_s);
-        program->settings.set(u"AHXLOTQ"_s, u"Update"_s, u"Port"_s, server->port());
-        program->start();
-    }
-
-    void enter() { press(u"Frmpre"_s, u"Label3"_s); }
 
     int gridRows() {
         return controlAs<toolkit::FlexGrid>(*window(u"Form1"_s), u"MSFlexGrid1"_s)->model()->rowCount();
@@ -84,10 +69,14 @@ class UpdateWindows : public testing::Test {
 
     std::filesystem::path userFile() const { return home.folder() / "张三" / "张三.mdb"; }
 
-    FreshHome home;
     ScratchFolder published;
     std::unique_ptr<UpdateServer> server;
-    std::unique_ptr<mainwin::Program> program;
+
+  private:
+    void prepare() override {
+        program->settings.set(u"AHXLOTQ"_s, u"Update"_s, u"Host"_s, u"127.0.0.1"_s);
+        program->settings.set(u"AHXLOTQ"_s, u"Update"_s, u"Port"_s, server->port());
+    }
 };
 
 TEST_F(UpdateWindows, TheNewHistoryIsShownAtOnceAndAtTheNextStart) {
