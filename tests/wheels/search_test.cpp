@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <bit>
 #include <numeric>
 
 #include "selection/wheel_proof.h"
+#include "wheels/coset_group.h"
 #include "wheels/improve.h"
 #include "wheels/wheel_support.h"
 
@@ -47,6 +49,27 @@ TEST(Groups, ThatAreDrawnAtRandomPermuteThePositions) {
         for (const Group& one : {group, weakened(group, random)})
             EXPECT_EQ(toText(groupFromText(toText(one), positions)), toText(one)); // throws for anything else
     }
+}
+
+TEST(Groups, OfCosetsHaveNoMoreMembersThanTheGroupThatActs) {
+    Random random(11);
+    int drawn = 0;
+    for (int round = 0; round < 500; ++round) {
+        const int positions = random.between(4, 24);
+        const double order = 1.0 + 40.0 * random.unit();
+        const Group group = cosetGroup(positions, order, random);
+        std::vector<Permutation> members{identity(positions)};
+        for (std::size_t next = 0; next < members.size(); ++next)
+            for (const Permutation& generator : group.generators) {
+                const Permutation product = composed(members[next], generator);
+                if (std::find(members.begin(), members.end(), product) == members.end())
+                    members.push_back(product);
+            }
+        EXPECT_LE(static_cast<double>(members.size()), 2 * order);
+        drawn += members.size() > 1;
+    }
+    EXPECT_GT(drawn, 350); // where the order is below 2 there are none
+    EXPECT_TRUE(cosetGroup(10, 1.0, random).generators.empty());
 }
 
 TEST(Groups, WeakenedToTheEndLeaveNoSymmetry) {

@@ -8,13 +8,6 @@ namespace wheels {
 
 namespace {
 
-Permutation composed(const Permutation& first, const Permutation& second) {
-    Permutation image(first.size());
-    for (std::size_t position = 0; position < image.size(); ++position)
-        image[position] = second[first[position]];
-    return image;
-}
-
 int orderOf(const Permutation& permutation) {
     int order = 1;
     for (Permutation power = permutation; !isIdentity(power); power = composed(power, permutation))
@@ -32,6 +25,13 @@ Permutation identity(int positions) {
 
 bool isIdentity(const Permutation& image) {
     return image == identity(static_cast<int>(image.size()));
+}
+
+Permutation composed(const Permutation& first, const Permutation& second) {
+    Permutation image(first.size());
+    for (std::size_t position = 0; position < image.size(); ++position)
+        image[position] = second[first[position]];
+    return image;
 }
 
 std::string toText(const Group& group) {

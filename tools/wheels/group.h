@@ -7,6 +7,7 @@
 //   metacyclic   blocks Z_d x Z_m side by side, moved by x -> x + 1 and by (x, y) -> (ux, y + 1)
 //   affine       copies of a field of 4, 8, 9 or 16 elements, moved by all sums and by a power of its generator
 //   elementary   blocks of vectors over 2 or 3 elements; each generator adds a random vector in each block
+//   coset        one small group on blocks of cosets of its subgroups, see coset_group.h
 //   projective   x -> x + 1 and x -> ux on Z_q with a point at infinity, sometimes with x -> -1/x
 // The rest of the positions stays fixed.
 #pragma once
@@ -27,6 +28,8 @@ using Permutation = std::vector<std::uint8_t>;
 
 Permutation identity(int positions);
 bool isIdentity(const Permutation& image);
+/// One after the other.
+Permutation composed(const Permutation& first, const Permutation& second);
 
 struct Group {
     std::vector<Permutation> generators; ///< none: the group of one element

@@ -1,4 +1,4 @@
-#include "wheels/group.h"
+#include "wheels/coset_group.h"
 
 #include <algorithm>
 #include <cmath>
@@ -228,7 +228,7 @@ Group projectiveGroup(int positions, double order, Random& random) {
 Group randomGroup(int positions, double order, Random& random) {
     if (order < 1.5)
         return {};
-    const std::uint32_t kind = random.below(20);
+    const std::uint32_t kind = random.below(30);
     if (order >= positions / 2.0 && kind < 3)
         return projectiveGroup(positions, order, random);
     if (order >= 3 && kind >= 3 && kind < 6)
@@ -237,6 +237,9 @@ Group randomGroup(int positions, double order, Random& random) {
         return elementaryGroup(positions, order, random);
     if (order >= 3 && kind >= 8 && kind < 15)
         return metacyclicGroup(positions, order, random);
+    if (kind >= 20)
+        if (Group group = cosetGroup(positions, order, random); !group.generators.empty())
+            return group;
     const int low = std::max(2, static_cast<int>(order * 0.6));
     const int high = std::max(low, static_cast<int>(std::lround(order * 1.5)));
     return cyclicGroup(positions, random.between(low, high), random);
