@@ -88,7 +88,8 @@ void Fetch::stop(FetchEnd end) {
         m_reply->abort();
 }
 
-/// A connection that is cut is no error of the reply where the server ends the body by closing; the length tells.
+/// Only the length tells whether a body came whole. A cut connection looks like the end of a body without a length,
+/// and when it cuts a body that is sent in chunks, the reply now and then ends without an error too.
 bool Fetch::isWhole() const {
     if (!m_reply->isFinished() || m_reply->error() != QNetworkReply::NoError || m_bytes.isEmpty())
         return false;
@@ -98,7 +99,7 @@ bool Fetch::isWhole() const {
     if (!encoding.isEmpty() && encoding.compare("identity", Qt::CaseInsensitive) != 0)
         return false;
     const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
-    return !length.isValid() || length.toLongLong() == m_bytes.size();
+    return length.isValid() && length.toLongLong() == m_bytes.size();
 }
 
 } // namespace history

@@ -2,8 +2,8 @@
 //
 // run() returns when the fetch is over; meanwhile events are handled, so that windows paint and a button can call
 // cancel(). Redirects are followed within http and https, never from https to http. A wrong certificate, any status
-// but 200, an empty body, a body that ends before its announced length or is longer than the limit, and a server that
-// falls silent: each is a failure. One object fetches one file.
+// but 200, an empty body, a body whose length is not announced, that ends before it or is longer than the limit, and
+// a server that falls silent: each is a failure. One object fetches one file.
 #pragma once
 
 #include <chrono>

@@ -134,7 +134,7 @@ TEST_F(Updating, MakesThePublishedHistoryTheUsers) {
 }
 
 TEST_F(Updating, FallsToTheSecondPathWithoutAWord) {
-    for (const auto& fault : {u"first-missing"_s, u"first-garbage"_s, u"first-cut"_s, u"first-cut-quietly"_s}) {
+    for (const auto& fault : {u"first-missing"_s, u"first-garbage"_s, u"first-cut"_s, u"first-half"_s}) {
         server.setFault(fault);
         EXPECT_TRUE(online()) << fault.toStdString();
         EXPECT_EQ(answers.shown, (QStringList{kDatabaseQuestion, kTakeQuestion})) << fault.toStdString();
@@ -147,7 +147,7 @@ TEST_F(Updating, FallsToTheSecondPathWithoutAWord) {
 TEST_F(Updating, LeavesEveryFileOfTheUserAloneAfterAnyFault) {
     const auto before = filesOfTheUser();
     for (const auto& fault : {u"missing"_s, u"error"_s, u"empty"_s, u"garbage"_s, u"page"_s, u"cut"_s, u"cut-chunk"_s,
-                              u"cut-quietly"_s, u"slow"_s, u"endless"_s, u"long"_s, u"moved-to-ftp"_s}) {
+                              u"cut-quietly"_s, u"half"_s, u"slow"_s, u"endless"_s, u"long"_s, u"moved-to-ftp"_s}) {
         server.setFault(fault);
         EXPECT_FALSE(online(impatient())) << fault.toStdString();
         EXPECT_EQ(answers.shown, (QStringList{kDatabaseQuestion, kFailure})) << fault.toStdString();
@@ -238,8 +238,8 @@ TEST_F(Updating, KeepsTheTextAndAsksWhetherToReadIt) {
 TEST_F(Updating, KeepsTheEarlierTextAfterAnyFault) {
     writeBytes(downloadedText, "an earlier text");
     const auto before = filesOfTheUser();
-    for (const auto& fault : {u"missing"_s, u"error"_s, u"empty"_s, u"cut"_s, u"cut-chunk"_s, u"slow"_s, u"endless"_s,
-                              u"moved-to-ftp"_s}) {
+    for (const auto& fault : {u"missing"_s, u"error"_s, u"empty"_s, u"cut"_s, u"cut-chunk"_s, u"cut-quietly"_s,
+                              u"slow"_s, u"endless"_s, u"moved-to-ftp"_s}) {
         server.setFault(fault);
         EXPECT_FALSE(text(impatient())) << fault.toStdString();
         EXPECT_EQ(answers.shown, (QStringList{kTextQuestion, kFailure})) << fault.toStdString();

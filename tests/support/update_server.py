@@ -96,10 +96,22 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.wfile.write(b"%x\r\n" % len(body) + body[: len(body) // 2])
 
     def cut_quietly(self, path):
-        """No length: only what is in the half can tell."""
+        """No length: nothing tells that a half is missing."""
         body = self.body_of(path)
         self.head(200)
         self.wfile.write(body[: len(body) // 2])
+
+    def half(self, path):
+        """A file that was cut before it came to the server: only what is in it can tell."""
+        body = self.body_of(path)
+        body = body[: len(body) // 2]
+        self.head(200, Content_Length=len(body))
+        self.wfile.write(body)
+
+    def chunked(self, path):
+        body = self.body_of(path)
+        self.head(200, Transfer_Encoding="chunked")
+        self.wfile.write(b"%x\r\n" % len(body) + body + b"\r\n0\r\n\r\n")
 
     def unannounced(self, path):
         self.head(200)
