@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::string_view kBetween = " ,\t\r";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr int kMostPosition = 32;
 
 std::string column(int place) {
     return "fig" + std::to_string(place);
@@ -44,7 +43,7 @@ std::optional<PositionSet> setFromLine(std::string_view line) {
             if (line.front() < '0' || line.front() > '9')
                 return std::nullopt;
             position = position * 10 + (line.front() - '0');
-            if (position > kMostPosition)
+            if (position > kMostPositions)
                 return std::nullopt;
         }
         const PositionSet bit = position == 0 ? 0 : PositionSet{1} << (position - 1);
@@ -52,10 +51,6 @@ std::optional<PositionSet> setFromLine(std::string_view line) {
             return std::nullopt;
         set |= bit;
     }
-}
-
-PositionSet firstPositions(int count) {
-    return count == 0 ? 0 : ~PositionSet{0} >> (kMostPosition - count);
 }
 
 /// The drags of a row that has as many as the table wants, and all bankers.

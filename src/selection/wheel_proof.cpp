@@ -9,15 +9,6 @@ namespace selection {
 
 namespace {
 
-std::int64_t choose(std::int64_t n, std::int64_t k) {
-    if (k < 0 || k > n)
-        return 0;
-    std::int64_t result = 1;
-    for (std::int64_t factor = 1; factor <= k; ++factor)
-        result = result * (n - k + factor) / factor;
-    return result;
-}
-
 std::int64_t quotientUp(std::int64_t dividend, std::int64_t divisor) {
     return (dividend + divisor - 1) / divisor;
 }
@@ -67,13 +58,6 @@ std::int64_t turan(std::int64_t n, std::int64_t k, std::int64_t r) {
     return std::max(schoenheim(n, n - r, n - k), deCaen);
 }
 
-std::int64_t subsetsPerRow(const WheelProblem& problem) {
-    std::int64_t reach = 0;
-    for (int inside = problem.common; inside <= std::min(problem.row, problem.chosen); ++inside)
-        reach += choose(problem.row, inside) * choose(problem.positions - problem.row, problem.chosen - inside);
-    return reach;
-}
-
 std::int64_t fewestRowsOf(const WheelProblem& problem) {
     const auto [positions, row, chosen, common] = problem;
     if (common == 1)
@@ -85,6 +69,22 @@ std::int64_t fewestRowsOf(const WheelProblem& problem) {
 }
 
 } // namespace
+
+std::int64_t choose(std::int64_t n, std::int64_t k) {
+    if (k < 0 || k > n)
+        return 0;
+    std::int64_t result = 1;
+    for (std::int64_t factor = 1; factor <= k; ++factor)
+        result = result * (n - k + factor) / factor;
+    return result;
+}
+
+std::int64_t subsetsPerRow(const WheelProblem& problem) {
+    std::int64_t reach = 0;
+    for (int inside = problem.common; inside <= std::min(problem.row, problem.chosen); ++inside)
+        reach += choose(problem.row, inside) * choose(problem.positions - problem.row, problem.chosen - inside);
+    return reach;
+}
 
 std::optional<PositionSet> firstUncovered(const WheelProblem& problem, std::span<const PositionSet> rows) {
     const BitCounts bits;

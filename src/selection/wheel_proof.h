@@ -21,4 +21,10 @@ std::optional<PositionSet> firstUncovered(const WheelProblem& problem, std::span
 /// row; one position fewer is no harder. Where common is 1 it is exact.
 std::int64_t fewestRows(const WheelProblem& problem);
 
+/// C(n, k); 0 for k < 0 or k > n. Exact for n up to 60.
+std::int64_t choose(std::int64_t n, std::int64_t k);
+
+/// How many of the subsets that the guarantee speaks of one row serves.
+std::int64_t subsetsPerRow(const WheelProblem& problem);
+
 } // namespace selection

@@ -31,7 +31,6 @@ constexpr Guarantee kBasicPair = {6, 5};
 constexpr int kRow = 6;
 constexpr int kSevenRow = 7;
 constexpr int kMostWithBankers = 20; ///< N + D
-constexpr int kMostPositions = 32;
 
 std::string twoDigits(int number) {
     return (number < 10 ? "0" : "") + std::to_string(number);

@@ -32,6 +32,13 @@ struct WheelProblem {
 /// A row or a subset of positions: bit 0 is position 1.
 using PositionSet = std::uint32_t;
 
+inline constexpr int kMostPositions = 32;
+
+/// Positions 1..count. \param count  0..32
+constexpr PositionSet firstPositions(int count) {
+    return count == 0 ? 0 : ~PositionSet{0} >> (kMostPositions - count);
+}
+
 enum class WheelFamily { Basic, Extended, Super, Banker, Seven };
 
 struct WheelFamilyInfo {

@@ -64,8 +64,8 @@ Outcome tryOut(const selection::WheelTable& table, const std::vector<PositionSet
     const int drags = table.problem.positions;
     const int chosen = table.problem.chosen + table.bankers;
     const int common = table.problem.common + table.bankers;
-    const PositionSet mine = (PositionSet{1} << drags) - 1;
-    const PositionSet bankers = ((PositionSet{1} << table.bankers) - 1) << drags;
+    const PositionSet mine = selection::firstPositions(drags);
+    const PositionSet bankers = selection::firstPositions(table.bankers) << drags;
     const int rest = std::max(6, chosen) - table.bankers;
     Outcome outcome;
     for (int draw = 0; draw < draws; ++draw) {

@@ -69,7 +69,7 @@ Orders read(int count, char** words) {
 struct Task {
     WheelProblem problem;
     std::int64_t lower = 1;
-    std::int64_t wanted = 1; ///< the best published size, or a guess between lower bound and reach
+    std::int64_t wanted = 1; ///< the best published size, or the lower bound
     bool published = false;
     int visits = 0;
 };
@@ -84,14 +84,9 @@ std::vector<Task> tasks(const Orders& orders) {
             problems.insert(table.problem);
     std::vector<Task> list;
     for (const WheelProblem& problem : problems) {
-        Task task{problem, selection::fewestRows(problem), 0, false};
-        if (const auto found = known.find(problem); found != known.end()) {
-            task.lower = std::max(task.lower, found->second.lower);
-            task.wanted = found->second.upper;
-            task.published = task.wanted != 0;
-        }
-        if (!task.published)
-            task.wanted = task.lower;
+        const Published sizes = knownSizes(problem, known);
+        const bool published = sizes.upper != 0;
+        const Task task{problem, sizes.lower, published ? sizes.upper : sizes.lower, published};
         // The super family leaves out what must be too long.
         if (task.lower <= static_cast<std::int64_t>(selection::kMostSuperRows) || problem.row == 7)
             list.push_back(task);
@@ -111,8 +106,7 @@ double worth(const Task& task, const WheelStore& store) {
         return 0.03;
     if (rows <= task.wanted)
         return 0.003;
-    const double excess = 100.0 * static_cast<double>(rows - task.wanted) / static_cast<double>(task.wanted);
-    return excess > allowance(task.problem, task.wanted) ? 1.0 : 0.1;
+    return excess(rows, task.wanted) > allowance(task.problem, task.wanted) ? 1.0 : 0.1;
 }
 
 void report(const Task& task, const WheelStore& store, Clock::time_point start) {

@@ -78,14 +78,10 @@ const std::vector<SmallGroup>& smallGroups() {
     return groups;
 }
 
-const Permutation& oneOf(const Elements& elements, Random& random) {
-    return elements[random.below(static_cast<std::uint32_t>(elements.size()))];
-}
-
 Elements randomSubgroup(const SmallGroup& group, Random& random) {
     Elements generators(random.below(static_cast<std::uint32_t>(group.generators.size() + 2)));
     for (Permutation& generator : generators)
-        generator = oneOf(group.elements, random);
+        generator = random.oneOf(group.elements);
     return closure(generators, group.elements.front().size());
 }
 
@@ -121,7 +117,7 @@ Group cosetGroup(int positions, double order, Random& random) {
     }
     if (fitting.empty())
         return {};
-    const SmallGroup& group = *fitting[random.below(static_cast<std::uint32_t>(fitting.size()))];
+    const SmallGroup& group = *random.oneOf(fitting);
     Elements images(group.generators.size(), identity(positions));
     for (std::size_t first = 0; first < static_cast<std::size_t>(positions);) {
         // Of two random subgroups the smaller: large blocks are the rule, fixed positions the exception.

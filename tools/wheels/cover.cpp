@@ -187,7 +187,7 @@ std::uint32_t CoverSearch::bestFor(std::uint32_t element) {
 
 void CoverSearch::mend() {
     while (!m_uncovered.empty()) {
-        const std::uint32_t element = m_uncovered[m_random.below(static_cast<std::uint32_t>(m_uncovered.size()))];
+        const std::uint32_t element = m_random.oneOf(m_uncovered);
         const std::uint32_t set = bestFor(element);
         if (set == kNone)
             break;
@@ -219,11 +219,11 @@ void CoverSearch::halveWeights() {
     }
 }
 
-void CoverSearch::run(std::uint64_t work, std::int64_t enough) {
+void CoverSearch::run(std::uint64_t work) {
     while (m_work < work) {
         ++m_turn;
         if (m_uncovered.empty()) {
-            if (m_bestCost <= enough || m_solution.empty())
+            if (m_solution.empty())
                 return;
             removeOne();
             if (m_uncovered.empty())

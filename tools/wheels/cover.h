@@ -1,6 +1,6 @@
 // Weighted set cover: choose sets of least total cost so that every element lies in one, by local search.
 //
-// Order of calls: start() or startFrom(), then run() as often as wanted. The search keeps a cover that costs less
+// Order of calls: startFrom(), then run() as often as wanted. The search keeps a cover that costs less
 // than the best one found and mends it: it takes out the set whose loss per cost is least, picks an uncovered element
 // at random, puts in the best set for it, and makes whatever stays uncovered weigh more. A set that was just put in
 // is not taken out at once; one that was taken out comes back only after its own surroundings have changed.
@@ -39,8 +39,8 @@ class CoverSearch {
 
     /// Starts from `sets` (may be empty) and completes them greedily to a cover.
     void startFrom(std::span<const std::uint32_t> sets);
-    /// Searches until `work` visits are spent in all calls together, or the best cost is `enough` or less.
-    void run(std::uint64_t work, std::int64_t enough = 0);
+    /// Searches until `work` visits are spent in all calls together.
+    void run(std::uint64_t work);
 
     const std::vector<std::uint32_t>& best() const { return m_best; }
     std::int64_t bestCost() const { return m_bestCost; }

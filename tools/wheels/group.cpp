@@ -77,7 +77,7 @@ Group weakened(const Group& group, Random& random) {
         for (bool fresh = true; rest % factor == 0; rest /= factor, fresh = false)
             if (fresh)
                 primes.push_back(factor);
-    const int prime = primes[random.below(static_cast<std::uint32_t>(primes.size()))];
+    const int prime = random.oneOf(primes);
     Permutation power = generator;
     for (int step = 1; step < prime; ++step)
         power = composed(power, generator);

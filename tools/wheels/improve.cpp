@@ -76,7 +76,7 @@ void Improver::tryGroup(const ProblemSpace& space, std::uint64_t work) {
 void Improver::tryAgain(const ProblemSpace& space, std::uint64_t work) {
     const std::vector<Promising>& best = m_memory[space.problem];
     if (!best.empty())
-        trySearch(space, best[m_random.below(static_cast<std::uint32_t>(best.size()))].group, work, nullptr);
+        trySearch(space, m_random.oneOf(best).group, work, nullptr);
 }
 
 void Improver::tryWeaker(const ProblemSpace& space, std::uint64_t work) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "selection/wheel_proof.h"
+
 namespace wheels {
 
 namespace {
@@ -42,17 +44,10 @@ Orbits orbitsOf(const SubsetIndex& index, const std::vector<SetMap>& generators)
     return orbits;
 }
 
-std::int64_t reachOf(const WheelProblem& problem) {
-    std::int64_t reach = 0;
-    for (int inside = problem.common; inside <= std::min(problem.row, problem.chosen); ++inside)
-        reach += choose(problem.row, inside) * choose(problem.positions - problem.row, problem.chosen - inside);
-    return reach;
-}
-
 } // namespace
 
 ProblemSpace::ProblemSpace(const WheelProblem& of)
-    : problem(of), rows(of.positions, of.row), chosen(of.positions, of.chosen), reach(reachOf(of)) {}
+    : problem(of), rows(of.positions, of.row), chosen(of.positions, of.chosen), reach(selection::subsetsPerRow(of)) {}
 
 std::optional<OrbitProblem> OrbitProblem::make(const ProblemSpace& space, const Group& group,
                                                std::int64_t mostPairs) {
@@ -73,7 +68,7 @@ std::optional<OrbitProblem> OrbitProblem::make(const ProblemSpace& space, const 
 
 void OrbitProblem::cover(const std::vector<std::uint32_t>& chosenOrbit, std::uint32_t chosenOrbits) {
     const WheelProblem& problem = m_space->problem;
-    const PositionSet all = (PositionSet{1} << problem.positions) - 1;
+    const PositionSet all = selection::firstPositions(problem.positions);
     std::vector<std::uint32_t> seenBy(chosenOrbits, kUnseen);
     m_cover.setStart.push_back(0);
     for (std::uint32_t set = 0; set < m_firstRow.size(); ++set) {

@@ -17,6 +17,13 @@ struct Published {
 /// Empty when there is no such file.
 std::map<selection::WheelProblem, Published> readPublished(const std::filesystem::path& file);
 
+/// What is known of a problem: the better of the published lower bound and fewestRows(), and the published size.
+Published knownSizes(const selection::WheelProblem& problem,
+                     const std::map<selection::WheelProblem, Published>& published);
+
+/// Rows above a published size, in percent; below 0 for fewer.
+double excess(std::int64_t rows, std::int64_t published);
+
 /// How far above a published size we content ourselves for now, in percent: not at all for rows of six and at most
 /// 100 of them, 2 up to 18 positions; 5 for rows of seven up to 16 positions; 12 for everything larger.
 double allowance(const selection::WheelProblem& problem, std::int64_t published);

@@ -22,6 +22,10 @@ class Random {
     int between(int low, int high) {
         return low + static_cast<int>(below(static_cast<std::uint32_t>(high - low + 1)));
     }
+    /// Any of a list that is not empty.
+    template <class List> const auto& oneOf(const List& list) {
+        return list[below(static_cast<std::uint32_t>(list.size()))];
+    }
     double unit() { return static_cast<double>(next() >> 11U) * 0x1.0p-53; }
 
   private:

@@ -30,7 +30,7 @@ Group cyclicGroup(int positions, int order, Random& random) {
     Permutation image = identity(positions);
     for (int first = 0; first < positions;) {
         // Of two random divisors the larger: long cycles are the rule, fixed positions the exception.
-        const auto pick = [&] { return divisors[random.below(static_cast<std::uint32_t>(divisors.size()))]; };
+        const auto pick = [&] { return random.oneOf(divisors); };
         const int length = std::max(pick(), pick());
         if (first + length > positions)
             continue;
@@ -57,25 +57,21 @@ std::vector<int> unitsOfOrder(int n, int order) {
     return units;
 }
 
-int oneOf(const std::vector<int>& values, Random& random) {
-    return values[random.below(static_cast<std::uint32_t>(values.size()))];
-}
-
 /// Blocks Z_d x Z_m side by side, d a divisor of n and m one of `turns`: x -> x + 1 in each, and (x, y) -> (ux, y +
 /// 1).
 Group metacyclicGroup(int positions, double order, Random& random) {
     const int n = random.between(2, positions);
     const int turns = std::max(1, static_cast<int>(std::lround(order / n)));
-    const std::vector<int> units = unitsOfOrder(n, oneOf(divisorsOf(turns), random));
-    const int unit = units.empty() ? 1 : oneOf(units, random);
+    const std::vector<int> units = unitsOfOrder(n, random.oneOf(divisorsOf(turns)));
+    const int unit = units.empty() ? 1 : random.oneOf(units);
     // Blocks of full length are the rule.
     const std::vector<int> lengths = divisorsOf(n);
     const std::vector<int> widths = divisorsOf(turns);
     Permutation shift = identity(positions);
     Permutation multiply = identity(positions);
     for (int first = 0; first < positions;) {
-        const int length = random.below(4) != 0 && first + n <= positions ? n : oneOf(lengths, random);
-        const int width = oneOf(widths, random);
+        const int length = random.below(4) != 0 && first + n <= positions ? n : random.oneOf(lengths);
+        const int width = random.oneOf(widths);
         if (first + length * width > positions)
             continue;
         for (int y = 0; y < width; ++y)
@@ -130,7 +126,7 @@ Group affineGroup(int positions, double order, Random& random) {
             fields.push_back(field);
     if (fields.empty())
         return metacyclicGroup(positions, order, random);
-    const Field field = fields[random.below(static_cast<std::uint32_t>(fields.size()))];
+    const Field field = random.oneOf(fields);
     const int size = field.size();
     const int copies = positions / size;
     Group group;
@@ -141,7 +137,7 @@ Group affineGroup(int positions, double order, Random& random) {
                 add[static_cast<std::size_t>(copy * size + element)] = byte(copy * size + field.sum(element, unit));
         group.generators.push_back(add);
     }
-    const int power = oneOf(divisorsOf(size - 1), random);
+    const int power = random.oneOf(divisorsOf(size - 1));
     const int move = random.below(2) == 0 ? 0 : 1;
     Permutation multiply = identity(positions);
     for (int copy = 0; copy < copies; ++copy)
@@ -200,13 +196,12 @@ Group projectiveGroup(int positions, double order, Random& random) {
             primes.push_back(prime);
     if (primes.empty())
         return cyclicGroup(positions, std::max(2, static_cast<int>(order)), random);
-    const int prime = primes[random.below(static_cast<std::uint32_t>(primes.size()))];
+    const int prime = random.oneOf(primes);
     Permutation turn = identity(positions);
     turnCycle(turn, 0, prime);
     Group group{{turn}};
     const std::vector<int> divisors = divisorsOf(prime - 1);
-    const std::vector<int> units =
-        unitsOfOrder(prime, divisors[random.below(static_cast<std::uint32_t>(divisors.size()))]);
+    const std::vector<int> units = unitsOfOrder(prime, random.oneOf(divisors));
     Permutation multiply = identity(positions);
     for (int step = 0; step < prime; ++step)
         multiply[static_cast<std::size_t>(step)] = byte(step * units[0] % prime);

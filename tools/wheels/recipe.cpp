@@ -10,20 +10,17 @@ namespace wheels {
 namespace {
 
 using Rows = std::vector<PositionSet>;
+using selection::firstPositions;
 
 std::string problemText(const WheelProblem& problem) {
     return std::to_string(problem.positions) + ' ' + std::to_string(problem.row) + ' ' +
            std::to_string(problem.chosen) + ' ' + std::to_string(problem.common);
 }
 
-PositionSet all(int positions) {
-    return (PositionSet{1} << positions) - 1;
-}
-
 /// Adds the lowest positions that are missing until the row has `size`.
 PositionSet filledUp(PositionSet row, int size, int positions) {
     while (std::popcount(row) < size) {
-        const PositionSet missing = all(positions) & ~row;
+        const PositionSet missing = firstPositions(positions) & ~row;
         row |= missing & (~missing + 1);
     }
     return row;
@@ -34,7 +31,7 @@ std::optional<Rows> partRows(const WheelProblem& part, const WheelStore& store) 
     if (part.positions < part.chosen)
         return Rows{};
     if (part.positions <= part.row)
-        return Rows{all(part.positions)};
+        return Rows{firstPositions(part.positions)};
     const Wheel* wheel = store.find(part);
     if (wheel == nullptr)
         return std::nullopt;
@@ -79,7 +76,7 @@ std::optional<Rows> shortened(const WheelProblem& problem, const WheelStore& sto
         return std::nullopt;
     Rows rows;
     for (const PositionSet row : wheel->rows)
-        rows.push_back(filledUp(row & all(problem.positions), problem.row, problem.positions));
+        rows.push_back(filledUp(row & firstPositions(problem.positions), problem.row, problem.positions));
     return unique(rows);
 }
 
@@ -119,7 +116,7 @@ constexpr Construction kConstructions[] = {{"shorten", shortened}, {"lengthen", 
 
 /// `row` without `position` (from 0), those above it moved down by one.
 PositionSet closedUp(PositionSet row, int position) {
-    return (row & all(position)) | (row >> 1 & ~all(position));
+    return (row & firstPositions(position)) | (row >> 1 & ~firstPositions(position));
 }
 
 Rows remadeDrop(const WheelProblem& problem, std::istringstream& words, const WheelStore& store) {

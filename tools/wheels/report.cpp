@@ -24,7 +24,7 @@ std::string markOf(const Verdict& verdict) {
         return difference == 0 ? "equal" : "**better** by " + std::to_string(-difference);
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "+%lld (%.1f %%)%s", static_cast<long long>(difference), verdict.excess(),
-                  verdict.excess() > allowance(verdict.table.problem, verdict.published) ? ", not reached" : "");
+                  verdict.isReached() ? "" : ", not reached");
     return text.data();
 }
 
@@ -47,30 +47,19 @@ constexpr Tally kTallies[] = {
     {"left out of the super family (more than 5,000 rows)", [](const Verdict& verdict) { return verdict.rows == 0; }},
     {"with as few rows as is possible at all",
      [](const Verdict& verdict) { return static_cast<std::int64_t>(verdict.rows) == verdict.lower; }},
-    {"with a published size", [](const Verdict& verdict) { return verdict.rows != 0 && verdict.published != 0; }},
+    {"with a published size", [](const Verdict& verdict) { return verdict.isCompared(); }},
     {"of these better than published",
-     [](const Verdict& verdict) { return verdict.rows != 0 && verdict.published != 0 && verdict.excess() < 0; }},
-    {"of these equal to it",
-     [](const Verdict& verdict) { return verdict.rows != 0 && verdict.published != 0 && verdict.excess() == 0; }},
+     [](const Verdict& verdict) { return verdict.isCompared() && verdict.excess() < 0; }},
+    {"of these equal to it", [](const Verdict& verdict) { return verdict.isCompared() && verdict.excess() == 0; }},
     {"of these above it but within the allowance",
-     [](const Verdict& verdict) {
-         return verdict.rows != 0 && verdict.published != 0 && verdict.excess() > 0 &&
-                verdict.excess() <= allowance(verdict.table.problem, verdict.published);
-     }},
-    {"not reached",
-     [](const Verdict& verdict) {
-         return verdict.rows != 0 && verdict.published != 0 &&
-                verdict.excess() > allowance(verdict.table.problem, verdict.published);
-     }},
+     [](const Verdict& verdict) { return verdict.isCompared() && verdict.excess() > 0 && verdict.isReached(); }},
+    {"not reached", [](const Verdict& verdict) { return verdict.isCompared() && !verdict.isReached(); }},
 };
 
 Verdict verdictOn(const selection::WheelTable& table, const WheelStore& store,
                   const std::map<WheelProblem, Published>& published) {
-    Verdict verdict{table, 0, selection::fewestRows(table.problem), 0, 0};
-    if (const auto known = published.find(table.problem); known != published.end()) {
-        verdict.lower = std::max(verdict.lower, known->second.lower);
-        verdict.published = known->second.upper;
-    }
+    const Published known = knownSizes(table.problem, published);
+    Verdict verdict{table, 0, known.lower, known.upper, 0};
     const Wheel* wheel = store.find(table.problem);
     if (!isShipped(table, wheel))
         return verdict;
@@ -81,8 +70,16 @@ Verdict verdictOn(const selection::WheelTable& table, const WheelStore& store,
 
 } // namespace
 
+bool Verdict::isCompared() const {
+    return rows != 0 && published != 0;
+}
+
+bool Verdict::isReached() const {
+    return excess() <= allowance(table.problem, published);
+}
+
 double Verdict::excess() const {
-    return 100.0 * (static_cast<double>(rows) - static_cast<double>(published)) / static_cast<double>(published);
+    return wheels::excess(static_cast<std::int64_t>(rows), published);
 }
 
 std::vector<Verdict> judge(const WheelStore& store, const std::map<WheelProblem, Published>& published) {

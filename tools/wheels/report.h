@@ -16,7 +16,10 @@ struct Verdict {
     std::int64_t published = 0; ///< best published size; 0: none
     PositionSet uncovered = 0;  ///< the first subset that the rows fail, 0 when proven
     bool proven() const { return uncovered == 0; }
-    /// Rows above the published size, in percent; below 0 for a better one. Only where one is published.
+    /// It has rows, and a size to compare them with is published. The next two only then.
+    bool isCompared() const;
+    bool isReached() const; ///< not above the published size by more than the allowance
+    /// Rows above the published size, in percent; below 0 for a better one.
     double excess() const;
 };
 

@@ -2,9 +2,13 @@
 
 #include <bit>
 
+#include "selection/wheel_proof.h"
+
 namespace wheels {
 
 namespace {
+
+using selection::choose;
 
 /// The sum of C(position, place) over the set bits; the first bit of `half` has the given place and position.
 std::uint32_t colexPart(std::uint32_t half, int firstPosition, int firstPlace, int size) {
@@ -31,15 +35,6 @@ void appendSubsets(PositionSet rest, int size, PositionSet taken, std::vector<Po
 
 } // namespace
 
-std::int64_t choose(int n, int k) {
-    if (k < 0 || k > n)
-        return 0;
-    std::int64_t result = 1;
-    for (int factor = 1; factor <= k; ++factor)
-        result = result * (n - k + factor) / factor;
-    return result;
-}
-
 std::vector<PositionSet> subsetsOf(PositionSet of, int size) {
     std::vector<PositionSet> out;
     out.reserve(static_cast<std::size_t>(choose(std::popcount(of), size)));
@@ -48,7 +43,7 @@ std::vector<PositionSet> subsetsOf(PositionSet of, int size) {
 }
 
 SubsetIndex::SubsetIndex(int positions, int size)
-    : m_sets(subsetsOf((PositionSet{1} << positions) - 1, size)), m_low(kHalfSets), m_lowCount(kHalfSets) {
+    : m_sets(subsetsOf(selection::firstPositions(positions), size)), m_low(kHalfSets), m_lowCount(kHalfSets) {
     for (std::uint32_t half = 0; half < kHalfSets; ++half) {
         m_low[half] = colexPart(half, 0, 1, size);
         m_lowCount[half] = static_cast<std::uint8_t>(std::popcount(half));

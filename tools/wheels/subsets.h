@@ -16,11 +16,7 @@ using selection::PositionSet;
 using selection::WheelProblem;
 
 inline constexpr int kHalf = 12;
-inline constexpr int kMostPositions = 2 * kHalf;
 inline constexpr std::size_t kHalfSets = std::size_t{1} << kHalf;
-
-/// C(n, k); 0 for k < 0 or k > n. Exact for n up to 60.
-std::int64_t choose(int n, int k);
 
 /// All subsets of `size` elements of `of`, in ascending order when `of` has no gaps.
 std::vector<PositionSet> subsetsOf(PositionSet of, int size);
