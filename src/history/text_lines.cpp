@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 #include <QList>
 #include <QStringDecoder>
@@ -63,11 +64,10 @@ ParsedDraws parseLines(const QString& text, std::int32_t lastIssue, bool onlyBeh
         if (line.isEmpty())
             continue;
         const std::string ascii = asciiOf(line);
-        const std::int32_t issue = issueOf(ascii, previousIssue);
-        const std::optional<Draw> draw = parseLine(ascii, previousIssue);
-        previousIssue = issue;
-        if (onlyBehind && issue <= lastIssue)
+        const std::int32_t before = std::exchange(previousIssue, issueOf(ascii, previousIssue));
+        if (onlyBehind && previousIssue <= lastIssue)
             continue;
+        const std::optional<Draw> draw = parseLine(ascii, before);
         if (!draw) {
             parsed.refused = RefusedLine{lineNumber, line.toString()};
             break;
