@@ -3,7 +3,6 @@
 // SSQ_KILLS sets the number of kills (200), SSQ_SEED repeats the operations and the delays of a run; where in an
 // operation a kill falls is for the machine to say. Each kill is followed by the next life on the same files.
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <optional>
@@ -14,6 +13,7 @@
 
 #include "crash/driver_process.h"
 #include "crash/work.h"
+#include "environment_number.h"
 #include "history/text_lines.h"
 #include "scratch_folder.h"
 #include "workspace/templates.h"
@@ -21,11 +21,6 @@
 namespace {
 
 using namespace std::chrono_literals;
-
-unsigned environmentNumber(const char* name, unsigned otherwise) {
-    const char* text = std::getenv(name);
-    return text ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : otherwise;
-}
 
 crash::Contents readContents(std::istream& words) {
     crash::Contents contents;

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdlib>
 #include <map>
 #include <random>
 
@@ -15,6 +14,7 @@
 #include <gtest/gtest.h>
 
 #include "crash/work.h"
+#include "environment_number.h"
 #include "history/store.h"
 #include "history/text_file.h"
 #include "history/text_lines.h"
@@ -54,11 +54,6 @@ struct Life {
     sql::Engine engine;
     workspace::Workspace workspace;
 };
-
-unsigned environmentNumber(const char* name, unsigned otherwise) {
-    const char* text = std::getenv(name);
-    return text ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : otherwise;
-}
 
 class KillingAnUpdate : public ::testing::Test {
   protected:

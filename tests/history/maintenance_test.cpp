@@ -9,6 +9,7 @@
 #include "history/draws_support.h"
 #include "history/store.h"
 #include "history/text_file.h"
+#include "same_history.h"
 #include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
@@ -42,16 +43,10 @@ class Maintenance : public ::testing::Test {
     void expectTablesAsMemory(bool omissions = true) {
         History loaded;
         loadHistory(loaded, fresh.workspace);
-        EXPECT_EQ(loaded.Lshm, history.Lshm);
-        EXPECT_TRUE(loaded.derived == history.derived);
-        EXPECT_EQ(loaded.Glred, history.Glred);
-        EXPECT_EQ(loaded.GlBlue, history.GlBlue);
-        EXPECT_EQ(loaded.Gailvred, history.Gailvred);
-        EXPECT_EQ(loaded.GailvBlue, history.GailvBlue);
-        if (omissions) {
-            EXPECT_EQ(loaded.Ylnow, history.Ylnow);
-            EXPECT_EQ(loaded.YlnowB, history.YlnowB);
-        }
+        if (omissions)
+            expectSameHistory(loaded, history);
+        else
+            expectSameDraws(loaded, history);
     }
 
     FreshWorkspace fresh;

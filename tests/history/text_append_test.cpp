@@ -1,5 +1,6 @@
 #include "history/reading_support.h"
 #include "history/store.h"
+#include "same_history.h"
 
 namespace {
 
@@ -35,12 +36,7 @@ TEST_F(AppendedReading, LeavesWhatAWholeReadingOfAllWouldLeave) {
     Answers yes;
     yes.picked = texts.filePath(u"b.txt"_s);
     ASSERT_EQ(readWhole(whole, other.workspace, yes, kNow), Reading::Done);
-    EXPECT_EQ(history.Lshm, whole.Lshm);
-    EXPECT_TRUE(history.derived == whole.derived);
-    EXPECT_EQ(history.Ylnow, whole.Ylnow);
-    EXPECT_EQ(history.YlnowB, whole.YlnowB);
-    EXPECT_EQ(history.Gailvred, whole.Gailvred);
-    EXPECT_EQ(history.GailvBlue, whole.GailvBlue);
+    expectSameHistory(history, whole);
     EXPECT_EQ(contents(standard()), contents(workspace::toQString(history::historyTextFile(other.workspace))));
 }
 

@@ -3,11 +3,11 @@
 // The seed is printed; SSQ_SEED repeats a run, SSQ_STATEMENTS sets its length. A statement that differs belongs, cut
 // down, into tests/dialect.
 #include <algorithm>
-#include <cstdlib>
 #include <random>
 
 #include <gtest/gtest.h>
 
+#include "environment_number.h"
 #include "scratch_folder.h"
 #include "sql/database.h"
 #include "sql/parser.h"
@@ -222,11 +222,6 @@ class Twins {
     std::unique_ptr<sql::Database> column;
     std::unique_ptr<sql::Database> sqlite;
 };
-
-unsigned environmentNumber(const char* name, unsigned otherwise) {
-    const char* text = std::getenv(name);
-    return text ? static_cast<unsigned>(std::strtoul(text, nullptr, 10)) : otherwise;
-}
 
 TEST(RandomStatements, LeaveTheSameTableInBothExecutors) {
     const unsigned seed = environmentNumber("SSQ_SEED", std::random_device()());
