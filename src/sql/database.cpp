@@ -60,6 +60,10 @@ const std::filesystem::path& Database::path() const {
     return m_store->path();
 }
 
+bool Database::isReadOnly() const {
+    return m_store->isReadOnly();
+}
+
 void Database::execute(std::string_view statement) {
     if (m_listener)
         m_listener(statement);
@@ -170,6 +174,11 @@ struct Engine::State {
     EngineOptions options;
     std::map<std::filesystem::path, std::weak_ptr<Store>> stores;
 
+    bool isOpen(const std::filesystem::path& file) const {
+        const auto found = stores.find(std::filesystem::weakly_canonical(file));
+        return found != stores.end() && !found->second.expired();
+    }
+
     std::unique_ptr<Database> handle(const std::filesystem::path& file, bool mustExist) {
         const std::filesystem::path key = std::filesystem::weakly_canonical(file);
         std::shared_ptr<Store> store = stores[key].lock();
@@ -199,8 +208,11 @@ Engine::~Engine() = default;
 
 std::unique_ptr<Database> Engine::open(const std::filesystem::path& file) {
     requireFolder(file);
-    std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored))
+    std::error_code unknown; // then SQLite says what is wrong
+    const std::filesystem::file_status status = std::filesystem::status(file, unknown);
+    const bool empty = std::filesystem::is_regular_file(status) && std::filesystem::file_size(file, unknown) == 0;
+    // An empty file is a database without tables to SQLite: what a failed copy leaves, and never a workspace's.
+    if (status.type() == std::filesystem::file_type::not_found || (empty && !m_state->isOpen(file)))
         throw SqlError(error::kFileNotFound, "找不到文件 " + file.string());
     return m_state->handle(file, true);
 }

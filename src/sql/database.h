@@ -131,6 +131,8 @@ class Database {
     Database& operator=(const Database&) = delete;
 
     const std::filesystem::path& path() const;
+    /// Whether the file can be read but not written: changes fail with kPermission.
+    bool isReadOnly() const;
 
     /// Runs one statement that returns no rows; a SELECT is run and its rows are dropped.
     void execute(std::string_view statement);
@@ -203,7 +205,8 @@ class Engine {
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
-    /// Opens an existing file. \throws SqlError kPathNotFound (its folder is missing), kFileNotFound, kNotADatabase
+    /// Opens an existing file; one of 0 bytes counts as missing. \throws SqlError kPathNotFound (its folder is
+    /// missing), kFileNotFound, kNotADatabase, kLocked, kPermission, kInputOutput
     std::unique_ptr<Database> open(const std::filesystem::path& file);
     /// Makes a new, empty database; an existing file is replaced. \throws SqlError kPathNotFound
     std::unique_ptr<Database> create(const std::filesystem::path& file);

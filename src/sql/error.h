@@ -33,6 +33,9 @@ inline constexpr int kTypeMismatch = 3464;
 inline constexpr int kNotUpdatable = 3027;
 inline constexpr int kMixedStores = 3707; // one statement over a combination table and an ordinary one
 inline constexpr int kDiskFull = 3183;
+inline constexpr int kLocked = 3045;      // another program holds the file
+inline constexpr int kPermission = 3051;  // the file may not be opened, or not be written
+inline constexpr int kInputOutput = 3043; // the disk failed in reading or writing
 inline constexpr int kStorage = 3146; // anything else that the file underneath reports
 } // namespace error
 

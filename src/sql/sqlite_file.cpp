@@ -100,9 +100,17 @@ int errorNumber(sqlite3* handle) {
         return error::kNotADatabase;
     case SQLITE_FULL:
         return error::kDiskFull;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return error::kLocked;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        return error::kPermission;
     case SQLITE_IOERR:
-    case SQLITE_CANTOPEN: // the journal, when there is no room for it
-        return lacksRoom(handle) ? error::kDiskFull : error::kStorage;
+        return lacksRoom(handle) ? error::kDiskFull : error::kInputOutput;
+    case SQLITE_CANTOPEN: // the file, or its journal, when there is no room for it
+        return lacksRoom(handle) ? error::kDiskFull : error::kPermission;
     default:
         return error::kStorage;
     }
@@ -150,10 +158,15 @@ void SqliteFile::run(const std::string& statement) {
 
 void SqliteFile::fail() const {
     const int number = errorNumber(m_handle);
-    if (number != error::kDiskFull)
-        throw SqlError(number, sqlite3_errmsg(m_handle));
     const char* file = sqlite3_db_filename(m_handle, nullptr);
-    throw SqlError(number, std::string("磁盘空间不足,数据没有写入 ") + (file ? file : ""));
+    const std::string place = file && *file ? std::string(" (") + file + ")" : std::string();
+    if (number == error::kDiskFull)
+        throw SqlError(number, "磁盘空间不足,数据没有写入" + place);
+    throw SqlError(number, sqlite3_errmsg(m_handle) + place);
+}
+
+bool SqliteFile::isReadOnly() const {
+    return sqlite3_db_readonly(m_handle, "main") == 1;
 }
 
 bool sqliteInTransaction(const SqliteFile& file) {

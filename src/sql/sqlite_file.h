@@ -14,7 +14,7 @@ namespace sql {
 class SqliteFile {
   public:
     /// \param mustExist  otherwise the file is made
-    /// \throws SqlError kNotADatabase, kStorage
+    /// \throws SqlError kNotADatabase, kLocked, kPermission, kInputOutput, kStorage
     SqliteFile(const std::filesystem::path& file, bool mustExist);
     ~SqliteFile();
     SqliteFile(const SqliteFile&) = delete;
@@ -22,6 +22,8 @@ class SqliteFile {
 
     /// Runs one SQLite statement (SQLite's own dialect) to its end.
     void run(const std::string& statement);
+    /// Whether the system lets this process read the file, but not write it.
+    bool isReadOnly() const;
     sqlite3* handle() const { return m_handle; }
     /// \throws SqlError for the connection's last failure
     [[noreturn]] void fail() const;

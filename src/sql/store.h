@@ -35,6 +35,7 @@ class Store {
     void commit();
     void rollback();
 
+    bool isReadOnly() const { return m_file->isReadOnly(); }
     void store();
     bool storePending() const;
     std::int64_t evaluations() const;

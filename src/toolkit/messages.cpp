@@ -9,12 +9,20 @@ using namespace Qt::StringLiterals;
 
 namespace toolkit {
 
-QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, const QString& title,
-                                        QMessageBox::Icon icon, QMessageBox::StandardButtons buttons) {
-    QMessageBox box(icon, title.isEmpty() ? u"ssqdesk"_s : title, text, buttons, parent);
+QMessageBox::StandardButton showMessage(QWidget* parent, const workspace::Message& message, const BoxLook& look) {
+    QMessageBox box(look.icon, message.title.isEmpty() ? u"奥衡星双色球彩票助理"_s : message.title, message.text,
+                    look.buttons, parent);
     box.setObjectName(u"MsgBox"_s);
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(look.defaultButton);
+    if (!message.details.isEmpty())
+        box.setDetailedText(message.details);
     return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, const QString& title,
+                                        QMessageBox::Icon icon, QMessageBox::StandardButtons buttons) {
+    return showMessage(parent, workspace::Message{text, title}, {icon, buttons});
 }
 
 bool confirm(QWidget* parent, const QString& text, const QString& title) {
@@ -22,7 +30,8 @@ bool confirm(QWidget* parent, const QString& text, const QString& title) {
            QMessageBox::Ok;
 }
 
-QString askText(QWidget* parent, const QString& prompt, const QString& title, const QString& defaultText) {
+std::optional<QString> askLine(QWidget* parent, const QString& prompt, const QString& title,
+                               const QString& defaultText) {
     QDialog dialog(parent);
     dialog.setObjectName(u"InputBox"_s);
     dialog.setWindowTitle(title);
@@ -41,7 +50,11 @@ QString askText(QWidget* parent, const QString& prompt, const QString& title, co
     dialog.setMinimumWidth(420);
     QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
-    return dialog.exec() == QDialog::Accepted ? edit->text() : QString();
+    return dialog.exec() == QDialog::Accepted ? std::optional(edit->text()) : std::nullopt;
+}
+
+QString askText(QWidget* parent, const QString& prompt, const QString& title, const QString& defaultText) {
+    return askLine(parent, prompt, title, defaultText).value_or(QString());
 }
 
 } // namespace toolkit

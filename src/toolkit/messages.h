@@ -6,11 +6,21 @@
 #include <QMessageBox>
 #include <QString>
 
+#include "workspace/dialogs.h"
+
 class QWidget;
 
 namespace toolkit {
 
-/// Shows a message and waits for an answer. An empty title reads as the program's name.
+struct BoxLook {
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    QMessageBox::StandardButtons buttons = QMessageBox::Ok;
+    QMessageBox::StandardButton defaultButton = QMessageBox::Ok;
+};
+
+/// Shows a message and waits for an answer. An empty title reads as the program's name; details are folded away
+/// behind "详细信息".
+QMessageBox::StandardButton showMessage(QWidget* parent, const workspace::Message& message, const BoxLook& look);
 QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, const QString& title = {},
                                         QMessageBox::Icon icon = QMessageBox::NoIcon,
                                         QMessageBox::StandardButtons buttons = QMessageBox::Ok);
@@ -18,7 +28,10 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, co
 /// OK and Cancel with a question mark. \return whether OK was pressed
 bool confirm(QWidget* parent, const QString& text, const QString& title);
 
-/// Asks for a line of text. \return the text, empty on Cancel: an input box does not tell the two apart
+/// Asks for a line of text. \return nothing on Cancel
+std::optional<QString> askLine(QWidget* parent, const QString& prompt, const QString& title,
+                               const QString& defaultText = {});
+/// The same, where an input box does not tell an empty answer and Cancel apart. \return the text, empty on Cancel
 QString askText(QWidget* parent, const QString& prompt, const QString& title, const QString& defaultText = {});
 
 } // namespace toolkit

@@ -29,6 +29,17 @@ void removeBeside(const std::filesystem::path& file) {
         std::filesystem::remove(std::filesystem::path(file) += suffix, ignored);
 }
 
+/// A copy under a temporary name beside `to`, on the disk; empty when there is none.
+std::filesystem::path copyBeside(const std::filesystem::path& from, const std::filesystem::path& to) {
+    const std::filesystem::path unfinished = std::filesystem::path(to) += ".new";
+    std::error_code failed;
+    std::filesystem::copy_file(from, unfinished, std::filesystem::copy_options::overwrite_existing, failed);
+    if (!failed && flush(unfinished))
+        return unfinished;
+    std::filesystem::remove(unfinished, failed);
+    return {};
+}
+
 } // namespace
 
 QString toQString(const std::filesystem::path& path) {
@@ -61,18 +72,19 @@ bool renameDurably(const std::filesystem::path& from, const std::filesystem::pat
     if (failed)
         return false;
     flush(to.parent_path());
+    if (from.parent_path() != to.parent_path())
+        flush(from.parent_path());
     return true;
 }
 
+bool copyWholeFile(const std::filesystem::path& from, const std::filesystem::path& to) {
+    const std::filesystem::path unfinished = copyBeside(from, to);
+    return !unfinished.empty() && renameDurably(unfinished, to);
+}
+
 bool copyDatabase(const std::filesystem::path& from, const std::filesystem::path& to) {
-    const std::filesystem::path unfinished = std::filesystem::path(to) += ".new";
-    std::error_code failed;
-    std::filesystem::copy_file(from, unfinished, std::filesystem::copy_options::overwrite_existing, failed);
-    if (failed || !flush(unfinished)) {
-        std::filesystem::remove(unfinished, failed);
-        return false;
-    }
-    return replaceDatabase(unfinished, to);
+    const std::filesystem::path unfinished = copyBeside(from, to);
+    return !unfinished.empty() && replaceDatabase(unfinished, to);
 }
 
 bool replaceDatabase(const std::filesystem::path& from, const std::filesystem::path& to) {

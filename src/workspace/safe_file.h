@@ -16,6 +16,9 @@ std::filesystem::path toPath(const QString& text);
 /// \return false when the file is not what was asked for; it then stands as it stood before
 bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes);
 
+/// Copies a file; the copy is there whole, or not at all. \return as above
+bool copyWholeFile(const std::filesystem::path& from, const std::filesystem::path& to);
+
 /// Copies a closed database file over another, and removes what an earlier database of that name left beside it: its
 /// journal would be played back into the new file. \return as above
 bool copyDatabase(const std::filesystem::path& from, const std::filesystem::path& to);
@@ -27,7 +30,7 @@ bool replaceDatabase(const std::filesystem::path& from, const std::filesystem::p
 /// Deletes a database file and its journals; a missing file is no failure.
 void removeDatabase(const std::filesystem::path& file);
 
-/// Renames within a folder and makes the renaming durable. \return whether it was done
+/// Renames within a file system, over what is there, and makes the renaming durable. \return whether it was done
 bool renameDurably(const std::filesystem::path& from, const std::filesystem::path& to);
 
 } // namespace workspace

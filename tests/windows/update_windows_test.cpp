@@ -25,7 +25,7 @@ using namespace test_support;
 namespace {
 
 const QString kTitle = u"历史更新"_s;
-const QString kNoTitle = u"ssqdesk"_s; // what a message without a title of its own bears
+const QString kNoTitle = u"奥衡星双色球彩票助理"_s; // what a message without a title of its own bears
 const QString kTextQuestion =
     u"您将可以从我们网站直接下载最新的中国福利彩票双色球号码数据文件（可以用文本编辑器手工编辑），"
     u"可能需要花费一段时间！"_s;

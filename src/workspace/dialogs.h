@@ -1,0 +1,46 @@
+// What the program asks and tells, as one interface: the logic goes through it and so runs without a display.
+//
+// toolkit::DialogBoxes shows message boxes, input boxes and file dialogs; tests have a fake that answers from a list.
+// Every call waits for its answer.
+#pragma once
+
+#include <optional>
+
+#include <QString>
+
+namespace workspace {
+
+/// A message: what happened, what is safe, what to do.
+struct Message {
+    QString text;
+    QString title{};   ///< empty: the program's name
+    QString details{}; ///< line, file, cause, the original words of a failure; shown on request
+};
+
+/// What a question puts at risk: where something is deleted or replaced the harmless button is the default.
+enum class Risk { None, Loss };
+
+class Dialogs {
+  public:
+    virtual ~Dialogs() = default;
+
+    /// OK and Cancel. \return whether OK was pressed
+    virtual bool confirm(const Message& question, Risk risk = Risk::None) = 0;
+    bool confirm(const QString& text, const QString& title, Risk risk = Risk::None) {
+        return confirm(Message{text, title}, risk);
+    }
+
+    virtual void tell(const Message& message) = 0;
+    void tell(const QString& text, const QString& title) { tell(Message{text, title}); }
+    /// The same with the sign of a failure.
+    virtual void warn(const Message& message) = 0;
+
+    /// A line of text. \return nothing on Cancel
+    virtual std::optional<QString> askText(const QString& prompt, const QString& title,
+                                           const QString& proposed = {}) = 0;
+
+    /// \param filter  "Text(*.txt)|*.txt": what is shown, a bar, the pattern  \return the file, empty on Cancel
+    virtual QString chooseFile(const QString& folder, const QString& filter) = 0;
+};
+
+} // namespace workspace
