@@ -2,8 +2,9 @@
 #include <QApplication>
 
 #include "mainwin/windows/program.h"
+#include "toolkit/dialog_boxes.h"
 #include "toolkit/look.h"
-#include "toolkit/messages.h"
+#include "workspace/failure.h"
 #include "workspace/paths.h"
 #include "workspace/windows/single_instance.h"
 
@@ -24,8 +25,9 @@ int main(int argc, char* argv[]) {
         QObject::connect(&program, &mainwin::Program::ended, &application, &QApplication::quit, Qt::QueuedConnection);
         program.start();
         return QApplication::exec();
-    } catch (const std::exception& error) {
-        toolkit::showMessage(nullptr, QString::fromUtf8(error.what()), u"ssqdesk"_s, QMessageBox::Critical);
+    } catch (const std::exception& failed) {
+        toolkit::DialogBoxes(nullptr).warn(workspace::failureMessage(
+            failed, u"程序不能启动"_s, u"启动错误"_s, u"已有的数据没有改变，请排除原因后重新启动。"_s));
         return 1;
     }
 }

@@ -15,6 +15,7 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const workspace::Messag
     box.setObjectName(u"MsgBox"_s);
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(look.defaultButton);
+    box.setInformativeText(message.note);
     if (!message.details.isEmpty())
         box.setDetailedText(message.details);
     return static_cast<QMessageBox::StandardButton>(box.exec());

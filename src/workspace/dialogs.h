@@ -15,6 +15,7 @@ struct Message {
     QString text;
     QString title{};   ///< empty: the program's name
     QString details{}; ///< line, file, cause, the original words of a failure; shown on request
+    QString note{};    ///< what stands below the text at once: where the text itself is fixed
 };
 
 /// What a question puts at risk: where something is deleted or replaced the harmless button is the default.

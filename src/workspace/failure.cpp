@@ -17,18 +17,12 @@ struct Cause {
 };
 
 constexpr Cause kCauses[] = {
-    {sql::error::kDiskFull, u"磁盘空间不足"},
-    {sql::error::kLocked, u"文件正被另一个程序使用"},
-    {sql::error::kPermission, u"没有读写该文件的权限"},
-    {sql::error::kInputOutput, u"磁盘读写出错"},
-    {sql::error::kNotADatabase, u"数据库文件已损坏"},
-    {sql::error::kFileNotFound, u"找不到文件"},
-    {sql::error::kPathNotFound, u"找不到文件夹"},
-    {sql::error::kTableNotFound, u"数据库缺少数据表"},
-    {sql::error::kObjectNotFound, u"数据库缺少数据表"},
-    {sql::error::kColumnNotFound, u"数据表缺少字段"},
-    {sql::error::kFieldNotFound, u"数据表缺少字段"},
-    {sql::error::kNoCurrentRecord, u"数据表缺少记录"},
+    {sql::error::kDiskFull, u"磁盘空间不足"},           {sql::error::kLocked, u"文件正被另一个程序使用"},
+    {sql::error::kPermission, u"没有读写该文件的权限"}, {sql::error::kInputOutput, u"磁盘读写出错"},
+    {sql::error::kNotADatabase, u"数据库文件已损坏"},   {sql::error::kFileNotFound, u"找不到文件"},
+    {sql::error::kPathNotFound, u"找不到文件夹"},       {sql::error::kTableNotFound, u"数据库缺少数据表"},
+    {sql::error::kObjectNotFound, u"数据库缺少数据表"}, {sql::error::kColumnNotFound, u"数据表缺少字段"},
+    {sql::error::kFieldNotFound, u"数据表缺少字段"},    {sql::error::kNoCurrentRecord, u"数据表缺少记录"},
 };
 
 } // namespace

@@ -85,7 +85,8 @@ void Keeping::begin() {
     std::error_code failed;
     std::filesystem::create_directories(m_folder, failed);
     if (failed || !writeWholeFile(placeIn(m_folder, kUnfinished), m_what.toUtf8() + '\n'))
-        throw Failure(u"不能建立保存原有文件的文件夹 "_s + toQString(m_folder), QString::fromStdString(failed.message()));
+        throw Failure(u"不能建立保存原有文件的文件夹 "_s + toQString(m_folder),
+                      QString::fromStdString(failed.message()));
     m_begun = true;
 }
 

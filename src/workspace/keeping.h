@@ -1,9 +1,9 @@
 // What is replaced is kept: files of a user that make room for others go to a folder of their own.
 //
-// "\{user}\保存 {yyyy-mm-dd hhmmss}\" holds them under their own names, with a text that says what happened. The text's
-// name tells how far it is: "正在保存.txt" while files still come, "未读 说明.txt" until its notice was closed, then
-// "说明.txt". Order: construct, move() or copy() each file, finish(). A kill anywhere leaves every file where it was or in
-// the folder, and the next Keeping of that user goes on in the folder that was not finished.
+// "\{user}\保存 {yyyy-mm-dd hhmmss}\" holds them under their own names, with a text that says what happened. The
+// text's name tells how far it is: "正在保存.txt" while files still come, "未读 说明.txt" until its notice was
+// closed, then "说明.txt". Order: construct, move() or copy() each file, finish(). A kill anywhere leaves every file
+// where it was or in the folder, and the next Keeping of that user goes on in the folder that was not finished.
 // Nothing is ever deleted here; a folder that got no file at all is taken away again.
 #pragma once
 

@@ -1,5 +1,8 @@
 #include <stdexcept>
+#include <vector>
 
+#include "workspace/failure.h"
+#include "workspace/keeping.h"
 #include "workspace/paths.h"
 #include "workspace/safe_file.h"
 #include "workspace/templates.h"
@@ -14,10 +17,19 @@ namespace {
 constexpr const char* kUserTables[] = {"Ylqs", "YlqsB", "Gailv", "GailvB", "fig"};
 constexpr const char* kSelectionTables[] = {"SAVE", "SAVEB", "SAVEdan"};
 
+const QString kEnd = u"数据库读写错误,程序即将退出!请您删除该用户名,然后新建用户进入."_s;
+const QString kEndTitle = u"数据库错误"_s;
+
+/// Whether the file itself may be sound: nothing takes its place then.
+bool isObstacle(int error) {
+    return error == sql::error::kLocked || error == sql::error::kPermission || error == sql::error::kInputOutput ||
+           error == sql::error::kDiskFull;
+}
+
 class Opening {
   public:
-    Opening(sql::Engine& engine, const OpenDatabase& open, Workspace& workspace)
-        : m_engine(engine), m_open(open), m_workspace(workspace) {}
+    Opening(sql::Engine& engine, const OpenDatabase& open, Workspace& workspace, const LoadWorkspace& load)
+        : m_engine(engine), m_open(open), m_workspace(workspace), m_load(load) {}
 
     void openAll() {
         openHistory();
@@ -26,34 +38,33 @@ class Opening {
 
     /// dbUser with its tables, and dbFilnum.
     void openHistory() {
-        m_workspace.dbUser = m_open(path(m_workspace.UserDbPath));
+        m_workspace.dbUser = openWritable(path(m_workspace.UserDbPath));
         needTables(*m_workspace.dbUser, kUserTables);
-        m_workspace.dbFilnum = m_open(file(u"filnum.mdb"_s));
+        m_workspace.dbFilnum = openWritable(file(u"filnum.mdb"_s));
+        if (!m_workspace.dbFilnum->hasTable("fig")) // every draw that comes in is written there
+            m_workspace.dbFilnum->execute(kCreateBareFig);
+        if (m_load)
+            m_load(m_workspace);
     }
 
     void openSelections() {
-        m_workspace.dbNumsave = m_open(file(u"numsave.mdb"_s));
+        m_workspace.dbNumsave = openWritable(file(u"numsave.mdb"_s));
         needTables(*m_workspace.dbNumsave, kSelectionTables);
     }
 
-    void repairHistory(int error) {
-        if (error == sql::error::kPathNotFound)
-            makeFolder();
-        closeAll(); // no copy goes under an open handle
-        if (error == sql::error::kObjectNotFound || error == sql::error::kTableNotFound)
-            removeDatabase(path(m_workspace.UserDbPath));
-        copyTemplates();
+    /// \throws sql::SqlError for an error that a repair would not mend
+    void repairHistory(const sql::SqlError& failed) {
+        if (isObstacle(failed.number()))
+            throw failed;
+        repair(failed);
     }
 
-    /// \return whether there is a repair for this error
-    bool repairSelections(int error) {
-        if (error == sql::error::kPathNotFound)
-            makeFolder();
-        else if (error != sql::error::kFileNotFound && error != sql::error::kTableNotFound)
-            return false;
-        closeAll();
-        copyTemplates();
-        return true;
+    void repairSelections(const sql::SqlError& failed) {
+        const int error = failed.number();
+        if (error != sql::error::kPathNotFound && error != sql::error::kFileNotFound &&
+            error != sql::error::kTableNotFound)
+            throw failed;
+        repair(failed);
     }
 
     void closeAll() {
@@ -73,42 +84,78 @@ class Opening {
         return path(userFileFragment(m_workspace.Username, name));
     }
 
-    void makeFolder() const {
+    std::unique_ptr<sql::Database> openWritable(const std::filesystem::path& file) const {
+        std::unique_ptr<sql::Database> database = m_open(file);
+        if (database->isReadOnly())
+            throw sql::SqlError(sql::error::kPermission, "文件不能写入 " + file.string());
+        return database;
+    }
+
+    /// All of it, or, when it throws, nothing.
+    void repair(const sql::SqlError& failed) {
+        closeAll();              // no file is moved under an open handle
         std::error_code ignored; // shows when a file is copied into it
-        std::filesystem::create_directory(userFolder(m_workspace.folder, m_workspace.Username), ignored);
-    }
-
-    void copyTemplates() {
+        if (failed.number() == sql::error::kPathNotFound)
+            std::filesystem::create_directory(userFolder(m_workspace.folder, m_workspace.Username), ignored);
         makeMissingTemplates(m_engine, m_workspace.folder);
-        copy("Lishihaoma.mdb", path(m_workspace.UserDbPath));
-        copy("numsave.mdb", file(u"numsave.mdb"_s));
-        copy("filnum.mdb", file(u"filnum.mdb"_s));
+        Keeping keeping(
+            userFolder(m_workspace.folder, m_workspace.Username),
+            u"用户“%1”的数据库不能使用（%2），已换上空白的模板。原来的文件都已保存，可以恢复其中能打开的。"_s.arg(
+                m_workspace.Username, causeOf(failed)));
+        std::vector<std::filesystem::path> copied;
+        try {
+            for (const Replacement& one : replacements())
+                keeping.move(one.place);
+            for (const Replacement& one : replacements()) {
+                copy(one);
+                copied.push_back(one.place);
+            }
+        } catch (const Failure&) {
+            for (const std::filesystem::path& place : copied)
+                std::filesystem::remove(place, ignored);
+            keeping.putBack();
+            throw;
+        }
     }
 
-    void copy(const char* from, const std::filesystem::path& to) const {
-        if (!copyDatabase(m_workspace.folder / from, to))
-            throw std::runtime_error("cannot copy to " + to.string());
+    struct Replacement {
+        const char* templateName;
+        std::filesystem::path place;
+    };
+
+    std::vector<Replacement> replacements() const {
+        return {{"Lishihaoma.mdb", path(m_workspace.UserDbPath)},
+                {"numsave.mdb", file(u"numsave.mdb"_s)},
+                {"filnum.mdb", file(u"filnum.mdb"_s)}};
+    }
+
+    void copy(const Replacement& one) const {
+        if (!copyDatabase(m_workspace.folder / one.templateName, one.place))
+            throw Failure(u"不能写入文件 "_s + toQString(one.place));
     }
 
     sql::Engine& m_engine;
     const OpenDatabase& m_open;
     Workspace& m_workspace;
+    const LoadWorkspace& m_load;
 };
 
-OpenResult failure() {
-    return {false, false, u"数据库读写错误,程序即将退出!请您删除该用户名,然后新建用户进入."_s, u"数据库错误"_s};
+/// The told words, and below them what they leave out.
+OpenResult failure(const std::exception& failed) {
+    const QString note =
+        u"原因：%1。您的文件都没有改变。如果文件正被其他程序使用或者磁盘有问题，请排除之后重新启动，不要删除用户。"_s
+            .arg(causeOf(failed));
+    return {false, false, {kEnd, kEndTitle, detailsOf(failed), note}};
 }
 
 /// \return whether the history needed a repair; all databases are open then
 bool openHistoryOrRepair(Opening& opening) {
-    int error = 0;
     try {
         opening.openHistory();
         return false;
     } catch (const sql::SqlError& failed) {
-        error = failed.number();
+        opening.repairHistory(failed);
     }
-    opening.repairHistory(error);
     opening.openAll();
     return true;
 }
@@ -119,8 +166,7 @@ bool openSelectionsOrRepair(Opening& opening) {
         opening.openSelections();
         return false;
     } catch (const sql::SqlError& failed) {
-        if (!opening.repairSelections(failed.number()))
-            throw;
+        opening.repairSelections(failed);
     }
     opening.openAll();
     return true;
@@ -128,20 +174,21 @@ bool openSelectionsOrRepair(Opening& opening) {
 
 } // namespace
 
-OpenResult openWorkspace(sql::Engine& engine, const OpenDatabase& open, Workspace& workspace) {
-    Opening opening(engine, open, workspace);
+OpenResult openWorkspace(sql::Engine& engine, const OpenDatabase& open, Workspace& workspace,
+                         const LoadWorkspace& load) {
+    Opening opening(engine, open, workspace, load);
     try {
         const bool repaired = openHistoryOrRepair(opening) || openSelectionsOrRepair(opening);
-        return {true, repaired, {}, {}};
-    } catch (const std::runtime_error&) { // an SqlError, or a template that cannot be copied
+        return {true, repaired, {}};
+    } catch (const std::runtime_error& failed) { // an SqlError, or a file that cannot be moved or copied
         opening.closeAll();
-        return failure();
+        return failure(failed);
     }
 }
 
-OpenResult openWorkspace(sql::Engine& engine, Workspace& workspace) {
+OpenResult openWorkspace(sql::Engine& engine, Workspace& workspace, const LoadWorkspace& load) {
     return openWorkspace(
-        engine, [&engine](const std::filesystem::path& file) { return engine.open(file); }, workspace);
+        engine, [&engine](const std::filesystem::path& file) { return engine.open(file); }, workspace, load);
 }
 
 } // namespace workspace

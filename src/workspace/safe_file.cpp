@@ -50,10 +50,12 @@ std::filesystem::path toPath(const QString& text) {
     return std::filesystem::path(QFile::encodeName(text).toStdString());
 }
 
-bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes) {
+bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes, Readers readers) {
     QSaveFile out(toQString(file));
     if (!out.open(QIODevice::WriteOnly))
         return false;
+    if (readers == Readers::OwnerOnly)
+        out.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
     // commit() alone would put a file cut off by a full disk in place of the old one.
     if (out.write(bytes) != bytes.size() || !out.flush()) {
         out.cancelWriting();

@@ -13,8 +13,10 @@ namespace workspace {
 QString toQString(const std::filesystem::path& path);
 std::filesystem::path toPath(const QString& text);
 
+enum class Readers { Everybody, OwnerOnly };
+
 /// \return false when the file is not what was asked for; it then stands as it stood before
-bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes);
+bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes, Readers readers = Readers::Everybody);
 
 /// Copies a file; the copy is there whole, or not at all. \return as above
 bool copyWholeFile(const std::filesystem::path& from, const std::filesystem::path& to);

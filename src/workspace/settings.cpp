@@ -2,9 +2,11 @@
 
 #include <cmath>
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QLockFile>
 #include <QStandardPaths>
+#include <QStringDecoder>
 #include <QStringList>
 
 #include "base/number_text.h"
@@ -67,20 +69,24 @@ QString unescaped(const QString& line) {
 
 } // namespace
 
-ConversionError::ConversionError(const QString& text)
-    : std::runtime_error("not a number: " + text.toStdString()), m_text(text) {}
+ConversionError::ConversionError(const QString& text, const QString& name)
+    : std::runtime_error("not a number: " + text.toStdString()), m_message(u"类型不匹配: \"%1\""_s.arg(text)) {
+    if (!name.isEmpty())
+        m_message += u" (%1)"_s.arg(name);
+}
 
-int toNumber(const QString& text) {
+int toNumber(const QString& text, const QString& name) {
     bool whole = false;
     const double number = text.trimmed().toDouble(&whole);
     const double rounded = base::roundHalfEven(number);
     if (!whole || !std::isfinite(number) || rounded < -32768 || rounded > 32767)
-        throw ConversionError(text);
+        throw ConversionError(text, name);
     return static_cast<int>(rounded);
 }
 
 Settings::Settings(std::filesystem::path folder) : m_folder(std::move(folder)) {
-    read();
+    if (!read())
+        m_trouble = u"设置文件不能读取，本次运行中的设置不会保存。文件没有改动：%1"_s.arg(toQString(file()));
 }
 
 std::filesystem::path Settings::defaultFolder() {
@@ -99,49 +105,93 @@ QString Settings::value(const QString& application, const QString& section, cons
 
 int Settings::number(const QString& application, const QString& section, const QString& key,
                      const QString& defaultText) const {
-    return toNumber(value(application, section, key, defaultText));
+    return toNumber(value(application, section, key, defaultText), key);
 }
 
-bool Settings::set(const QString& application, const QString& section, const QString& key, const QString& text) {
+std::vector<SettingChange> Settings::valuesOf(const QString& application) const {
+    std::vector<SettingChange> values;
+    for (const auto& [name, text] : m_values)
+        if (std::get<0>(name) == application)
+            values.push_back({application, std::get<1>(name), std::get<2>(name), text});
+    return values;
+}
+
+void Settings::apply(const SettingChange& change) {
+    const Name name(change.application, change.section, change.key);
+    if (change.text)
+        m_values[name] = *change.text;
+    else
+        m_values.erase(name);
+}
+
+bool Settings::write(const std::vector<SettingChange>& changes) {
     std::error_code ignored; // a folder that cannot be made shows when the file is written
     std::filesystem::create_directories(m_folder, ignored);
     QLockFile lock(toQString(m_folder / "settings.lock"));
     lock.tryLock(kLockWaitMs);
     const bool known = read(); // a file that is there but cannot be read must not be replaced by less
-    m_unwritten[Name(application, section, key)] = text;
-    for (const auto& [name, value] : m_unwritten)
-        m_values[name] = value;
-    if (!known || !writeWholeFile(file(), print(m_values)))
+    m_unwritten.insert(m_unwritten.end(), changes.begin(), changes.end());
+    for (const SettingChange& change : m_unwritten)
+        apply(change);
+    if (!known || !writeWholeFile(file(), print(m_values), Readers::OwnerOnly))
         return false;
     m_unwritten.clear();
     return true;
+}
+
+bool Settings::set(const QString& application, const QString& section, const QString& key, const QString& text) {
+    return write({{application, section, key, text}});
 }
 
 bool Settings::set(const QString& application, const QString& section, const QString& key, int number) {
     return set(application, section, key, QString::number(number));
 }
 
+/// \return whether all values of the file are known; a missing file has none
 bool Settings::read() {
-    QFile in(toQString(file()));
-    if (!in.exists())
+    std::error_code unknown;
+    const std::filesystem::file_status status = std::filesystem::status(file(), unknown);
+    if (status.type() == std::filesystem::file_type::not_found)
         return true;
-    if (!in.open(QIODevice::ReadOnly))
+    QFile in(toQString(file()));
+    if (!std::filesystem::is_regular_file(status) || !in.open(QIODevice::ReadOnly)) // a pipe would never end
         return false;
     const QByteArray bytes = in.readAll();
     if (bytes.size() != in.size())
         return false;
-    m_values = parse(bytes);
+    Parsed parsed = parse(bytes);
+    if (parsed.damagedLines > 0)
+        keepDamaged(parsed.damagedLines);
+    m_values = std::move(parsed.values);
     return true;
 }
 
-Settings::Values Settings::parse(const QByteArray& bytes) {
-    Values values;
+/// Before the next write replaces it by what could be read. The same damage is kept once, however often it is read.
+void Settings::keepDamaged(int lines) {
+    QFile damaged(toQString(file()));
+    if (!damaged.open(QIODevice::ReadOnly))
+        return;
+    const QByteArray sum = QCryptographicHash::hash(damaged.readAll(), QCryptographicHash::Sha1).toHex().left(12);
+    const std::filesystem::path kept = m_folder / ("settings.damaged-" + sum.toStdString());
+    std::error_code ignored;
+    const bool whole = std::filesystem::exists(kept, ignored) || copyWholeFile(file(), kept);
+    m_trouble = u"设置文件有 %1 行损坏，其余设置都已保留。"_s.arg(lines) +
+                (whole ? u"损坏的文件保存在 %1"_s.arg(toQString(kept)) : u"损坏的文件未能另存"_s);
+}
+
+Settings::Parsed Settings::parse(const QByteArray& bytes) {
+    Parsed parsed;
     for (const QByteArray& line : bytes.split('\n')) {
-        const QStringList parts = QString::fromUtf8(line).split(u'\t');
-        if (parts.size() == kParts)
-            values[Name(unescaped(parts[0]), unescaped(parts[1]), unescaped(parts[2]))] = unescaped(parts[3]);
+        QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+        const QString text = decoder(line);
+        const QStringList parts = text.split(u'\t');
+        const bool sound = parts.size() == kParts && !decoder.hasError();
+        if (sound)
+            parsed.values[Name(unescaped(parts[0]), unescaped(parts[1]), unescaped(parts[2]))] = unescaped(parts[3]);
+        else if (!line.isEmpty())
+            ++parsed.damagedLines;
     }
-    return values;
+    return parsed;
 }
 
 QByteArray Settings::print(const Values& values) {

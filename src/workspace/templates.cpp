@@ -1,10 +1,13 @@
 #include "workspace/templates.h"
 
-#include <stdexcept>
+#include <fstream>
 
+#include "workspace/failure.h"
 #include "workspace/filter_columns.h"
 #include "workspace/rule.h"
 #include "workspace/safe_file.h"
+
+using namespace Qt::StringLiterals;
 
 namespace workspace {
 
@@ -102,14 +105,24 @@ void makeTemplate(sql::Engine& engine, const std::filesystem::path& file, const 
         database->store();
     } // closed: nothing of it is in memory when it gets its name
     if (!renameDurably(unfinished, file))
-        throw std::runtime_error("cannot rename " + unfinished.string());
+        throw Failure(u"不能写入模板文件 "_s + toQString(file));
+}
+
+/// Whether a file begins as a database does; an empty one does not.
+bool isDatabase(const std::filesystem::path& file) {
+    constexpr std::string_view kHead = "SQLite format 3";
+    std::string head(kHead.size(), ' ');
+    std::error_code unknown;
+    return std::filesystem::is_regular_file(file, unknown) &&
+           std::ifstream(file, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size())) &&
+           head == kHead;
 }
 
 } // namespace
 
 void makeMissingTemplates(sql::Engine& engine, const std::filesystem::path& folder) {
     for (const Filling& filling : kFillings)
-        if (const std::filesystem::path file = folder / filling.templateName; !std::filesystem::exists(file))
+        if (const std::filesystem::path file = folder / filling.templateName; !isDatabase(file))
             makeTemplate(engine, file, filling);
 }
 

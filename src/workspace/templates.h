@@ -37,8 +37,8 @@ inline constexpr const char* kCreateBareFig =
     "CREATE TABLE [fig]([idx] integer,[fig0] integer,[fig1] integer,[fig2] integer,[fig3] integer,[fig4] integer,"
     "[fig5] integer,[fig6] integer,[fig7] integer)";
 
-/// Makes every template that is missing. Those that are there stay as they are.
-/// \throws sql::SqlError kDiskFull, kPathNotFound, …; std::runtime_error when the whole file cannot be put in place
+/// Makes every template that is missing or no database. Those that are there stay as they are.
+/// \throws sql::SqlError kDiskFull, kPathNotFound, …; Failure when the whole file cannot be put in place
 void makeMissingTemplates(sql::Engine& engine, const std::filesystem::path& folder);
 
 /// The CREATE TABLE statement of a combination table, or an empty text for a table that is none.

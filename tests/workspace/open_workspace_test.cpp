@@ -1,5 +1,8 @@
 // Opening and its repairs, each branch by the defect that leads to it.
+#include <sqlite3.h>
+
 #include <fstream>
+#include <map>
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -74,14 +77,49 @@ class Opening : public ::testing::Test {
     }
     void expectFatal(const OpenResult& result) {
         EXPECT_FALSE(result.opened);
-        EXPECT_EQ(result.message.toStdString(), kFatal);
-        EXPECT_EQ(result.title, u"数据库错误"_s);
+        EXPECT_EQ(result.message.text.toStdString(), kFatal);
+        EXPECT_EQ(result.message.title, u"数据库错误"_s);
+        EXPECT_TRUE(result.message.note.startsWith(u"原因："_s));
         EXPECT_FALSE(workspace.dbUser || workspace.dbFilnum || workspace.dbNumsave);
+    }
+
+    /// Every file of the user's folder by its name below it, with its bytes.
+    std::map<std::string, std::string> allFiles() const {
+        std::map<std::string, std::string> files;
+        const std::filesystem::path own = workspace::userFolder(folder(), u"张三"_s);
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(own))
+            if (entry.is_regular_file()) {
+                std::ifstream in(entry.path(), std::ios::binary);
+                files[std::filesystem::relative(entry.path(), own)] = {std::istreambuf_iterator<char>(in), {}};
+            }
+        return files;
+    }
+    std::vector<workspace::KeptFiles> kept() const {
+        return workspace::unreadKeptFiles(workspace::userFolder(folder(), u"张三"_s));
+    }
+    workspace::Restored restore(const workspace::KeptFiles& files) {
+        name();
+        return workspace::restoreFiles(engine, workspace, files, [](const Workspace& tried) {
+            tried.dbUser->query("SELECT [Qihao] FROM [Ylqs]");
+        });
     }
 
     QTemporaryDir dir;
     sql::Engine engine;
     Workspace workspace;
+};
+
+/// A second program that holds a database file.
+class Holder {
+  public:
+    explicit Holder(const std::filesystem::path& file) {
+        sqlite3_open(file.c_str(), &m_handle);
+        sqlite3_exec(m_handle, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    }
+    ~Holder() { sqlite3_close(m_handle); }
+
+  private:
+    sqlite3* m_handle = nullptr;
 };
 
 TEST_F(Opening, AWholeWorkspaceOpensAsItIs) {
@@ -211,6 +249,164 @@ TEST_F(Opening, DeletingAUserNamedDotsTouchesNothingOutside) {
     EXPECT_TRUE(std::filesystem::exists(folder() / "filnum.mdb"));
 }
 
+TEST_F(Opening, WhatARepairReplacesIsKeptToTheByte) {
+    std::filesystem::remove(file("numsave.mdb"));
+    const auto before = allFiles();
+    expectRepaired(open());
+    ASSERT_EQ(kept().size(), 1u);
+    const workspace::KeptFiles keptFiles = kept().front();
+    EXPECT_TRUE(keptFiles.what.contains(u"张三"_s) && keptFiles.what.contains(u"找不到文件"_s));
+    const auto after = allFiles();
+    const std::string prefix = keptFiles.folder.filename().string() + "/";
+    for (const char* name : {"张三.mdb", "filnum.mdb"})
+        EXPECT_EQ(after.at(prefix + name), before.at(name)) << name;
+    EXPECT_EQ(keptFiles.files.size(), 2u);
+}
+
+TEST_F(Opening, ARestoreBringsBackWhatCanBeOpened) {
+    std::ofstream(userFile(), std::ios::trunc) << "no database at all";
+    expectRepaired(open());
+    workspace = Workspace();
+    const workspace::Restored restored = restore(kept().front());
+    EXPECT_EQ(restored.files, (std::vector<QString>{u"filnum.mdb"_s, u"numsave.mdb"_s}));
+    EXPECT_EQ(restored.refused, std::vector<QString>{u"张三.mdb"_s});
+    EXPECT_TRUE(open().opened);
+    EXPECT_EQ(marks(), (std::array<std::int64_t, 3>{0, 1, 1}));
+    ASSERT_EQ(kept().size(), 1u); // what the restore replaced; the notice of the repair is closed
+    workspace = Workspace();
+    restore(kept().front()); // and back again
+    EXPECT_TRUE(open().opened);
+    EXPECT_EQ(marks(), (std::array<std::int64_t, 3>{0, 0, 0}));
+}
+
+TEST_F(Opening, AHistoryThatOnlyLooksSoundIsNotRestored) {
+    std::filesystem::remove(file("numsave.mdb"));
+    expectRepaired(open());
+    workspace = Workspace();
+    engine.open(kept().front().folder / "张三.mdb")->execute("DROP TABLE [Ylqs]");
+    EXPECT_EQ(restore(kept().front()).refused, std::vector<QString>{u"张三.mdb"_s});
+}
+
+TEST_F(Opening, AnObstacleChangesNothing) {
+    for (const int error :
+         {sql::error::kLocked, sql::error::kPermission, sql::error::kInputOutput, sql::error::kDiskFull})
+        for (const char* failing : {"张三.mdb", "filnum.mdb", "numsave.mdb"}) {
+            const auto before = allFiles();
+            expectFatal(openWithFailure(failing, 1, error));
+            EXPECT_EQ(allFiles(), before) << error << ' ' << failing;
+        }
+    EXPECT_TRUE(open().opened);
+    EXPECT_EQ(marks(), (std::array<std::int64_t, 3>{1, 1, 1}));
+}
+
+TEST_F(Opening, AFileThatAnotherProgramHoldsEndsTheStart) {
+    const auto before = allFiles();
+    {
+        const Holder holder(userFile());
+        const OpenResult result = open();
+        expectFatal(result);
+        EXPECT_TRUE(result.message.note.contains(u"文件正被另一个程序使用"_s));
+    }
+    {
+        const Holder holder(file("filnum.mdb"));
+        expectFatal(open());
+    }
+    EXPECT_EQ(allFiles(), before);
+    EXPECT_TRUE(open().opened);
+    EXPECT_EQ(marks(), (std::array<std::int64_t, 3>{1, 1, 1}));
+}
+
+TEST_F(Opening, AFolderInAFilesPlaceEndsTheStart) {
+    std::filesystem::rename(userFile(), file("weg.mdb"));
+    std::filesystem::create_directory(userFile());
+    expectFatal(open());
+    EXPECT_TRUE(kept().empty());
+}
+
+TEST_F(Opening, AFileOfNoBytesCountsAsMissing) {
+    for (const char* name : {"filnum.mdb", "numsave.mdb", "张三.mdb"}) {
+        std::ofstream(file(name), std::ios::trunc);
+        expectRepaired(open());
+        workspace = Workspace();
+        mark();
+    }
+}
+
+TEST_F(Opening, ACombinationFileWithoutTheDrawsGetsTheirTable) {
+    engine.open(file("filnum.mdb"))->execute("DROP TABLE [fig]");
+    const OpenResult result = open();
+    EXPECT_TRUE(result.opened);
+    EXPECT_FALSE(result.repaired);
+    EXPECT_EQ(workspace.dbFilnum->rowCount("fig"), 0);
+    EXPECT_EQ(marks(), (std::array<std::int64_t, 3>{1, 1, 1}));
+}
+
+TEST_F(Opening, ARepairThatCannotCopyPutsEverythingBack) {
+    std::filesystem::remove(file("numsave.mdb"));
+    std::filesystem::create_directory(file("filnum.mdb.new")); // where the copy would be written first
+    const auto before = allFiles();
+    expectFatal(open());
+    EXPECT_EQ(allFiles(), before);
+}
+
+TEST_F(Opening, AHistoryThatCannotBeLoadedIsRepaired) {
+    name();
+    int loads = 0;
+    const OpenResult result = workspace::openWorkspace(engine, workspace, [&](const Workspace&) {
+        if (++loads == 1)
+            throw sql::SqlError(sql::error::kNotADatabase, "made to fail");
+    });
+    expectRepaired(result);
+    EXPECT_EQ(loads, 2);
+}
+
+TEST_F(Opening, ANewUserKeepsWhatHisFolderHolds) {
+    const auto before = allFiles();
+    workspace::createUserFiles(engine, folder(), u"张三"_s);
+    ASSERT_EQ(kept().size(), 1u);
+    EXPECT_EQ(kept().front().files.size(), 5u);
+    EXPECT_TRUE(open().opened);
+    EXPECT_EQ(marks(), (std::array<std::int64_t, 3>{0, 0, 0}));
+    workspace = Workspace();
+    EXPECT_EQ(restore(kept().front()).files.size(), 5u);
+    for (const char* name : {"张三.mdb", "filnum.mdb", "numsave.mdb", "filnumR.mdb", "Gailv.mdb"})
+        EXPECT_EQ(allFiles().at(name), before.at(name)) << name;
+}
+
+TEST_F(Opening, DeletingAUserFollowsNoLink) {
+    const std::filesystem::path outside = workspace::toPath(dir.filePath(u"外面"_s));
+    std::filesystem::create_directory(outside);
+    std::ofstream(outside / "draws.txt") << "kept";
+    std::filesystem::create_directory_symlink(outside, file("folder link"));
+    std::filesystem::create_symlink(outside / "draws.txt", file("file link"));
+    std::filesystem::create_directory_symlink(outside, workspace::userFolder(folder(), u"李四"_s));
+    workspace::deleteUserFiles(folder(), u"张三"_s);
+    workspace::deleteUserFiles(folder(), u"李四"_s);
+    EXPECT_TRUE(std::filesystem::exists(outside / "draws.txt"));
+    for (const auto& link : {file("folder link"), file("file link"), workspace::userFolder(folder(), u"李四"_s)})
+        EXPECT_FALSE(std::filesystem::exists(std::filesystem::symlink_status(link)));
+}
+
+TEST_F(Opening, ADeletedUsersNoticesAreClosed) {
+    workspace::createUserFiles(engine, folder(), u"张三"_s);
+    ASSERT_EQ(kept().size(), 1u);
+    const auto keptFile = kept().front().folder / "张三.mdb";
+    workspace::deleteUserFiles(folder(), u"张三"_s);
+    EXPECT_TRUE(kept().empty());
+    EXPECT_TRUE(std::filesystem::exists(keptFile));
+}
+
+TEST_F(Opening, TheFilesOfANamelessUserGoWithHisNewName) {
+    workspace::createUserFiles(engine, folder(), {});
+    engine.open(folder() / "%" / "%.mdb")->execute("INSERT INTO [Ylqs] ([Qihao]) VALUES (7)");
+    workspace::adoptNamelessFiles(folder(), u"新用户2"_s);
+    EXPECT_FALSE(std::filesystem::exists(folder() / "%"));
+    EXPECT_EQ(engine.open(folder() / "新用户2" / "新用户2.mdb")->rowCount("Ylqs"), 1);
+    workspace::createUserFiles(engine, folder(), {});
+    workspace::adoptNamelessFiles(folder(), u"张三"_s); // has a folder of his own
+    EXPECT_TRUE(std::filesystem::exists(folder() / "%" / "%.mdb"));
+}
+
 TEST_F(Opening, EnteringReadsTheUsersRule) {
     workspace::Settings settings(workspace::toPath(dir.filePath(u"配置"_s)));
     Workspace entered = workspace::enterUser(settings, folder(), u"张三"_s);
@@ -221,6 +417,10 @@ TEST_F(Opening, EnteringReadsTheUsersRule) {
     settings.set(u"张三QS"_s, u"Initial"_s, u"Bitnum"_s, 36);
     EXPECT_EQ(workspace::enterUser(settings, folder(), u"张三"_s).Bitnum, 36);
     EXPECT_EQ(workspace::enterUser(settings, folder(), u"李四"_s).Bitnum, 33);
+    settings.set(u"张三QS"_s, u"Initial"_s, u"Bitnum"_s, 99);
+    settings.set(u"张三QS"_s, u"Initial"_s, u"BitnumB"_s, -1);
+    EXPECT_EQ(workspace::enterUser(settings, folder(), u"张三"_s).Bitnum, 38); // the arrays end there
+    EXPECT_EQ(workspace::enterUser(settings, folder(), u"张三"_s).BitnumB, 12);
     settings.set(u"张三QS"_s, u"Initial"_s, u"BitnumB"_s, u"sixteen"_s);
     EXPECT_THROW(workspace::enterUser(settings, folder(), u"张三"_s), workspace::ConversionError);
 }

@@ -1,5 +1,7 @@
 #include "workspace/settings.h"
 
+#include <sys/stat.h>
+
 #include <random>
 
 #include <QFile>
@@ -69,6 +71,66 @@ TEST_F(SettingsFile, ADamagedLineIsSkipped) {
     file.write("half a line\tof\n\xFF\xFE\nA\ts\tu\t\\u12");
     file.close();
     EXPECT_EQ(Settings(folder()).value(u"A"_s, u"s"_s, u"k"_s), u"v"_s);
+}
+
+TEST_F(SettingsFile, ADamagedFileIsKeptBesideBeforeItIsWritten) {
+    Settings(folder()).set(u"A"_s, u"s"_s, u"k"_s, u"v"_s);
+    const QString path = workspace::toQString(Settings(folder()).file());
+    EXPECT_TRUE(Settings(folder()).trouble().isEmpty());
+    const QByteArray damage = "half a line\nA\ts\tk2\tv2\n\xFF\t\t\t\n" + QByteArray(50, '\0');
+    {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::Append));
+        file.write(damage);
+    }
+    Settings damaged(folder());
+    EXPECT_TRUE(damaged.trouble().contains(u"3 行损坏"_s)) << damaged.trouble().toStdString();
+    EXPECT_EQ(damaged.value(u"A"_s, u"s"_s, u"k2"_s), u"v2"_s);
+    damaged.set(u"A"_s, u"s"_s, u"k3"_s, u"v3"_s);
+    EXPECT_TRUE(Settings(folder()).trouble().isEmpty()); // the file is sound again
+    EXPECT_EQ(Settings(folder()).value(u"A"_s, u"s"_s, u"k"_s), u"v"_s);
+    int kept = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder()))
+        if (entry.path().filename().string().starts_with("settings.damaged-")) {
+            ++kept;
+            QFile file(workspace::toQString(entry.path()));
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            EXPECT_TRUE(file.readAll().endsWith(damage));
+        }
+    EXPECT_EQ(kept, 1);
+}
+
+TEST_F(SettingsFile, AFolderOrAPipeInItsPlaceIsToldAndDoesNotHang) {
+    std::filesystem::create_directories(folder() / "settings");
+    EXPECT_FALSE(Settings(folder()).trouble().isEmpty());
+    std::filesystem::remove(folder() / "settings");
+    ASSERT_EQ(::mkfifo((folder() / "settings").c_str(), 0600), 0);
+    Settings settings(folder());
+    EXPECT_FALSE(settings.trouble().isEmpty());
+    EXPECT_FALSE(settings.set(u"A"_s, u"s"_s, u"k"_s, u"v"_s));
+    EXPECT_EQ(settings.value(u"A"_s, u"s"_s, u"k"_s), u"v"_s);
+    EXPECT_TRUE(std::filesystem::is_fifo(folder() / "settings"));
+}
+
+TEST_F(SettingsFile, OnlyItsOwnerReadsIt) {
+    Settings(folder()).set(u"A"_s, u"s"_s, u"k"_s, u"v"_s);
+    const auto rights = std::filesystem::status(folder() / "settings").permissions();
+    EXPECT_EQ(rights & std::filesystem::perms::mask,
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+    std::filesystem::permissions(folder() / "settings", std::filesystem::perms::all);
+    Settings(folder()).set(u"A"_s, u"s"_s, u"k"_s, u"w"_s);
+    EXPECT_EQ(std::filesystem::status(folder() / "settings").permissions() & std::filesystem::perms::mask,
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
+}
+
+TEST_F(SettingsFile, SeveralValuesAreOneWrite) {
+    Settings settings(folder());
+    settings.set(u"A"_s, u"s"_s, u"old"_s, u"1"_s);
+    EXPECT_TRUE(settings.write({{u"A"_s, u"s"_s, u"new"_s, u"2"_s}, {u"A"_s, u"s"_s, u"old"_s, std::nullopt}}));
+    const Settings again(folder());
+    EXPECT_EQ(again.value(u"A"_s, u"s"_s, u"new"_s), u"2"_s);
+    EXPECT_EQ(again.value(u"A"_s, u"s"_s, u"old"_s, u"gone"_s), u"gone"_s);
+    EXPECT_EQ(again.valuesOf(u"A"_s).size(), 1u);
 }
 
 TEST_F(SettingsFile, WhatCannotBeWrittenHoldsUntilTheEnd) {

@@ -30,6 +30,14 @@ TEST_F(Templates, AllFiveAreMadeAndNothingElseIsLeft) {
               (std::set<std::string>{"Lishihaoma.mdb", "filnum.mdb", "filnumR.mdb", "numsave.mdb", "Gailv.mdb"}));
 }
 
+TEST_F(Templates, OneThatIsEmptyOrNoDatabaseIsMadeAnew) {
+    std::ofstream(folder() / "numsave.mdb", std::ios::trunc);
+    std::ofstream(folder() / "filnum.mdb", std::ios::trunc) << "no database at all, but long enough";
+    workspace::makeMissingTemplates(engine, folder());
+    EXPECT_EQ(open("numsave.mdb")->rowCount("SAVE"), 0);
+    EXPECT_EQ(open("filnum.mdb")->rowCount("fig"), 0);
+}
+
 TEST_F(Templates, SharesHaveARecordForEveryNumber) {
     const auto history = open("Lishihaoma.mdb");
     for (const auto& [table, numbers] :

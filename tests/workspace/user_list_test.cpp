@@ -1,5 +1,6 @@
 #include "workspace/user_list.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -91,9 +92,59 @@ TEST_F(Users, TheOneWhoEnteredLastIsRememberedButNoFurtherThanTheLastUser) {
     EXPECT_EQ(UserList(settings).lastEntered(), 1);
 }
 
-TEST_F(Users, ACountThatIsNoNumberAbortsTheReading) {
+TEST_F(Users, ACountThatIsNoNumberIsToldAndTheUsersStay) {
+    UserList(settings).add(u"张三"_s, u"密码"_s);
+    UserList(settings).add(u"李四"_s, {});
     settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Usernum"_s, u"many"_s);
-    EXPECT_THROW(UserList{settings}, workspace::ConversionError);
+    const UserList users(settings);
+    EXPECT_EQ(users.troubles(), QStringList{u"类型不匹配: \"many\" (Usernum)"_s});
+    ASSERT_EQ(users.count(), 2);
+    EXPECT_EQ(users.users()[1].name, u"李四"_s);
+}
+
+TEST_F(Users, ALastPositionThatIsNoNumberIsToldAndNobodyIsSelected) {
+    UserList(settings).add(u"张三"_s, {});
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Ftopt"_s, u"x"_s);
+    const UserList users(settings);
+    EXPECT_EQ(users.troubles(), QStringList{u"类型不匹配: \"x\" (Ftopt)"_s});
+    EXPECT_EQ(users.count(), 1);
+    EXPECT_EQ(users.lastEntered(), -1);
+}
+
+TEST_F(Users, ANewUserInheritsNoSettingsButTheyAreKept) {
+    settings.set(u"张三QS"_s, u"Initial"_s, u"Bitnum"_s, 38);
+    UserList users(settings);
+    users.add(u"张三"_s, {});
+    EXPECT_EQ(settings.number(u"张三QS"_s, u"Initial"_s, u"Bitnum"_s, u"33"_s), 33);
+    QFile file(workspace::toQString(settings.file()));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(QString::fromUtf8(file.readAll()).contains(u"张三QS 保存 "_s));
+    settings.set(u"李四QS"_s, u"Initial"_s, u"Bitnum"_s, 37);
+    users.rename(0, u"李四"_s, {}); // back to a workspace that stands
+    EXPECT_EQ(settings.number(u"李四QS"_s, u"Initial"_s, u"Bitnum"_s, u"33"_s), 37);
+    users.rename(0, u"李四"_s, {}, UserList::Workspace::New);
+    EXPECT_EQ(settings.number(u"李四QS"_s, u"Initial"_s, u"Bitnum"_s, u"33"_s), 33);
+}
+
+TEST_F(Users, AnEmptyNameIsTakenWhenItWouldReadAsAnother) {
+    UserList users(settings);
+    users.add(u"新用户2"_s, {});
+    EXPECT_TRUE(users.isTaken({})); // the second user without a name would read as 新用户2
+    users.rename(0, u"一"_s, {});
+    EXPECT_FALSE(users.isTaken({}));
+    users.add({}, {});
+    EXPECT_TRUE(users.isTaken({}));
+    EXPECT_TRUE(users.isTaken(u"新用户2"_s));
+}
+
+TEST_F(Users, FilesThatTwoEntriesUseAreKnown) {
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Usernum"_s, 3);
+    settings.set(u"AHXLOTQ"_s, u"Username1"_s, u"Name"_s, u"张三"_s);
+    settings.set(u"AHXLOTQ"_s, u"Username2"_s, u"Name"_s, u"张三"_s);
+    settings.set(u"AHXLOTQ"_s, u"Username3"_s, u"Name"_s, u"李四"_s);
+    const UserList users(settings);
+    EXPECT_TRUE(users.sharesFolder(0));
+    EXPECT_FALSE(users.sharesFolder(2));
 }
 
 TEST_F(Users, TheListEndsAt1023) {

@@ -15,8 +15,10 @@
 #include "mainwin/windows/share_panel.h"
 #include "selection/windows/pad_panel.h"
 #include "toolkit/messages.h"
+#include "toolkit/notice_bar.h"
 #include "toolkit/status_panel.h"
 #include "toolkit/window_place.h"
+#include "workspace/settings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -115,9 +117,11 @@ void Form1::buildWindow() {
     splitter->setStretchFactor(2, 1);
     auto* central = new QWidget;
     central->setObjectName(u"Central"_s);
+    m_notice = new toolkit::NoticeBar(central);
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(8, 8, 8, 4);
-    layout->addWidget(sideways(splitter));
+    layout->addWidget(m_notice);
+    layout->addWidget(sideways(splitter), 1);
     setCentralWidget(central);
 }
 
@@ -147,11 +151,24 @@ void Form1::buildStatusBar() {
 }
 
 void Form1::readSettings() {
-    const UserSettings& settings = m_context.settings;
-    Printrow = static_cast<int>(base::val(settings.get(u"setup"_s, u"dayin"_s, u"5"_s).toStdString()));
-    stability.load(static_cast<int>(base::val(settings.get(u"Initial"_s, u"Wd"_s, u"100"_s).toStdString())));
+    Printrow = readNumber(u"setup"_s, u"dayin"_s, u"5"_s);
+    stability.load(readNumber(u"Initial"_s, u"Wd"_s, u"100"_s));
     if (const auto item = checkedItem(stability.Wd))
         m_tree->setChecked(item->name.toString(), true);
+}
+
+int Form1::readNumber(const QString& section, const QString& key, const QString& fallback) {
+    try {
+        return workspace::toNumber(m_context.settings.get(section, key, fallback), key);
+    } catch (const workspace::ConversionError& failed) {
+        m_troubles << failed.message();
+        return workspace::toNumber(fallback);
+    }
+}
+
+void Form1::tellTroubles() {
+    for (const QString& trouble : m_troubles)
+        toolkit::showMessage(this, trouble, windowTitle(), QMessageBox::Critical);
 }
 
 void Form1::connectPad() {

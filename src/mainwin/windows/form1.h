@@ -19,8 +19,9 @@ namespace selection {
 class PadPanel;
 }
 namespace toolkit {
+class NoticeBar;
 class StatusPanel;
-}
+} // namespace toolkit
 
 namespace mainwin {
 
@@ -47,6 +48,10 @@ class Form1 : public QMainWindow {
     void showTypedDraw();
     void showDeletedDraw();
     void showCorrection(int draw);
+    /// The strip at the top, hidden while there is nothing to tell.
+    toolkit::NoticeBar& notice() { return *m_notice; }
+    /// Tells which settings could not be read as numbers; their defaults hold. Call it once the window is shown.
+    void tellTroubles();
     /// Enables what the state allows; call it after a command was registered late.
     void refreshCommands();
 
@@ -70,6 +75,7 @@ class Form1 : public QMainWindow {
     QWidget* buildLeft();
     void buildStatusBar();
     void readSettings();
+    int readNumber(const QString& section, const QString& key, const QString& fallback);
     void connectPad();
     void setRule(int reds, int blues);
     void showRule();
@@ -86,6 +92,8 @@ class Form1 : public QMainWindow {
     DrawPanel* m_draw = nullptr;
     HistoryPanel* m_history = nullptr;
     std::array<toolkit::StatusPanel*, 4> m_panels{};
+    toolkit::NoticeBar* m_notice = nullptr;
+    QStringList m_troubles;
 };
 
 } // namespace mainwin

@@ -1,7 +1,5 @@
 #include "mainwin/windows/program.h"
 
-#include <stdexcept>
-
 #include "filter/windows/filter_window.h"
 #include "history/store.h"
 #include "history/update_install.h"
@@ -9,11 +7,14 @@
 #include "mainwin/windows/form1.h"
 #include "mainwin/windows/history_desk.h"
 #include "toolkit/busy_cursor.h"
-#include "toolkit/messages.h"
+#include "toolkit/dialog_boxes.h"
 #include "toolkit/progress_dialog.h"
+#include "workspace/failure.h"
+#include "workspace/paths.h"
 #include "workspace/setting_names.h"
 #include "workspace/templates.h"
 #include "workspace/user_files.h"
+#include "workspace/windows/kept_notice.h"
 #include "workspace/windows/rename_user.h"
 #include "workspace/windows/start_window.h"
 
@@ -41,6 +42,7 @@ void Program::start() {
     connect(m_start.get(), &workspace::StartWindow::entered, this, &Program::enter);
     connect(m_start.get(), &workspace::StartWindow::closed, this, &Program::ended);
     m_start->show();
+    m_start->tellTroubles();
 }
 
 void Program::enter() {
@@ -54,7 +56,12 @@ void Program::enter() {
     m_form = std::make_unique<Form1>(*m_context);
     m_desk = std::make_unique<HistoryDesk>(history, workspace, settings, *m_form);
     connect(m_form.get(), &Form1::closed, this, &Program::finish);
+    m_kept = std::make_unique<workspace::KeptNotice>(m_form->notice(),
+                                                     workspace::userFolder(m_folder, workspace.Username));
+    connect(m_kept.get(), &workspace::KeptNotice::restoreWanted, this, &Program::restore);
+    m_kept->refresh();
     m_form->show();
+    m_form->tellTroubles();
 }
 
 /// What a failed store left pending is tried once more, so that nothing is lost without a word.
@@ -62,8 +69,10 @@ void Program::finish() {
     try {
         if (workspace.dbFilnum && workspace.dbFilnum->storePending())
             workspace.dbFilnum->store();
-    } catch (const sql::SqlError& error) {
-        toolkit::showMessage(nullptr, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
+    } catch (const sql::SqlError& failed) {
+        toolkit::DialogBoxes(nullptr).warn(workspace::failureMessage(
+            failed, u"组合表最后的改动没有保存"_s, u"数据库错误"_s,
+            u"文件里是上一次保存的组合表，历史号码和选号都已保存。排除原因后可以重新排列、重新过滤。"_s));
     }
     emit ended();
 }
@@ -71,19 +80,31 @@ void Program::finish() {
 bool Program::openWorkspace() {
     const toolkit::BusyCursor busy;
     history::finishUpdate(engine, workspace);
-    const workspace::OpenResult result = workspace::openWorkspace(engine, workspace);
-    if (!result.opened) {
-        toolkit::showMessage(nullptr, result.message, result.title, QMessageBox::Critical);
-        return false;
-    }
+    const workspace::OpenResult result = workspace::openWorkspace(
+        engine, workspace, [this](const workspace::Workspace& opened) { history::loadHistory(history, opened); });
+    if (!result.opened)
+        toolkit::DialogBoxes(nullptr).warn(result.message);
+    return result.opened;
+}
+
+/// What stood in the places of the kept files is kept in its turn, so pressing 恢复 again brings it back.
+void Program::restore(const workspace::KeptFiles& kept) {
+    toolkit::DialogBoxes boxes(m_form.get());
+    workspace::Restored restored;
     try {
-        history::loadHistory(history, workspace);
-    } catch (const std::exception&) {
-        toolkit::showMessage(nullptr, u"数据库读写错误,程序即将退出!请您删除该用户名,然后新建用户进入."_s,
-                             u"数据库错误"_s, QMessageBox::Critical);
-        return false;
+        restored = workspace::restoreFiles(engine, workspace, kept, [](const workspace::Workspace& tried) {
+            history::History history;
+            history::loadHistory(history, tried);
+        });
+    } catch (const workspace::Failure& failed) {
+        boxes.warn(workspace::failureMessage(failed, u"不能恢复保存的文件"_s, u"恢复"_s));
     }
-    return true;
+    reopen();
+    m_kept->refresh();
+    if (!restored.refused.empty())
+        boxes.tell({u"下列文件已损坏，不能打开，仍保存在原处：\n%1"_s.arg(
+                        QStringList(restored.refused.begin(), restored.refused.end()).join(u"\n"_s)),
+                    u"恢复"_s});
 }
 
 UserSettings Program::userSettings() {
@@ -108,7 +129,7 @@ void Program::registerCommands() {
     m_context->commands.on(u"mnuNew"_s, [this](int) { downloadText(); });
     m_context->commands.on(u"mnuNewol"_s, [this](int) { updateOnline(); });
     m_context->commands.on(u"mnuName"_s,
-                           [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, m_folder); });
+                           [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, workspace); });
     m_context->commands.on(
         u"mnuLst"_s,
         [this](int) {

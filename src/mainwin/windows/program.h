@@ -2,7 +2,7 @@
 //
 // One object, built in main() and handed by reference to nobody as a whole: each window gets the parts that it works
 // on. Order: construct, start() shows the users (Frmpre); when one has entered his workspace is opened, repaired
-// where that is told, and the main window (Form1) stands; when that closes the process ends.
+// where that helps, and the main window (Form1) stands; when that closes the process ends.
 //
 // A new window opens from registerCommands(): one row, the name of its menu entry and what to do.
 #pragma once
@@ -23,8 +23,10 @@
 #include "workspace/workspace.h"
 
 namespace workspace {
+class KeptNotice;
+struct KeptFiles;
 class StartWindow;
-}
+} // namespace workspace
 
 namespace mainwin {
 
@@ -61,6 +63,7 @@ class Program : public QObject {
     void enter();
     void finish();
     bool openWorkspace();
+    void restore(const workspace::KeptFiles& kept);
     void registerCommands();
     void downloadText();
     void updateOnline();
@@ -72,6 +75,7 @@ class Program : public QObject {
     std::unique_ptr<workspace::StartWindow> m_start;
     std::unique_ptr<Form1> m_form;
     std::unique_ptr<HistoryDesk> m_desk;
+    std::unique_ptr<workspace::KeptNotice> m_kept;
 };
 
 } // namespace mainwin

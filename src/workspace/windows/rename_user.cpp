@@ -9,8 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace workspace {
 
-void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine,
-                const std::filesystem::path& folder) {
+void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine, const Workspace& open) {
     const int place = users.lastEntered();
     const QString section = u"Username%1"_s.arg(place + 1);
     const QString proposed = settings.value(setting::kProgram, section, u"Name"_s, u"未知彩票"_s);
@@ -20,9 +19,11 @@ void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engin
         return;
     const QString password = askUserPassword(parent);
     const QString before = users.users()[static_cast<std::size_t>(place)].name;
-    if (folderName(name) != folderName(before))
-        createUserFiles(engine, folder, name, kRenamedUserFiles);
-    users.rename(place, name, password);
+    const QString folder = folderName(name);
+    const bool isNew = folder != folderName(before) && folder != folderName(open.Username);
+    if (isNew)
+        createUserFiles(engine, open.folder, name, kRenamedUserFiles);
+    users.rename(place, name, password, isNew ? UserList::Workspace::New : UserList::Workspace::Standing);
 }
 
 } // namespace workspace

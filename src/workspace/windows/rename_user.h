@@ -2,12 +2,11 @@
 //
 // Nothing of the old workspace goes along: its folder stays, the open databases stay on its files until the next
 // start, the settings under the old name are left behind, and the new folder has no six-red combinations. All of that
-// is wanted.
+// is wanted. The name of the open workspace itself gives its files back: they are never replaced.
 #pragma once
 
-#include <filesystem>
-
 #include "workspace/user_list.h"
+#include "workspace/workspace.h"
 
 class QWidget;
 namespace sql {
@@ -16,9 +15,9 @@ class Engine;
 
 namespace workspace {
 
-/// Asks for the new name and password. An empty name ends it; his own name again changes the password alone, since
-/// the files under it are open.
-void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine,
-                const std::filesystem::path& folder);
+/// Asks for the new name and password. An empty name ends it; the name in the list again changes the password alone.
+/// What stands in the new name's folder already is kept.
+/// \param open  the workspace whose databases are open
+void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine, const Workspace& open);
 
 } // namespace workspace

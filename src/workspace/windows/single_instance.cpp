@@ -1,6 +1,10 @@
 #include "workspace/windows/single_instance.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
+
+#include <cerrno>
 
 #include <QApplication>
 #include <QCryptographicHash>
@@ -21,9 +25,8 @@ namespace {
 constexpr int kWaitMs = 2000;
 constexpr int kNameDigits = 16; // of the checksum: a socket's path holds 107 bytes
 
-/// Where the lock and the socket lie, without their endings. The user's number is in it where no folder is the user's
-/// own.
-QString basePath(const std::filesystem::path& folder) {
+/// Where the socket lies. The user's number is in it where no folder is the user's own.
+QString socketPath(const std::filesystem::path& folder) {
     QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     if (runtime.isEmpty())
         runtime = QDir::tempPath();
@@ -37,15 +40,20 @@ QString basePath(const std::filesystem::path& folder) {
 } // namespace
 
 SingleInstance::SingleInstance(const std::filesystem::path& programFolder, QObject* parent)
-    : QObject(parent), m_path(basePath(programFolder)), m_lock(m_path + u".lock"_s) {
-    m_lock.setStaleLockTime(0); // age says nothing; a dead owner does
-    m_first = m_lock.tryLock(0) || m_lock.error() == QLockFile::PermissionError;
+    : QObject(parent), m_path(socketPath(programFolder)),
+      m_folder(::open(programFolder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    m_first = ::flock(m_folder, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
     if (!m_first)
         return;
     QLocalServer::removeServer(m_path); // left behind by a killed program
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::hear);
     m_server.listen(m_path);
+}
+
+SingleInstance::~SingleInstance() {
+    if (m_folder >= 0)
+        ::close(m_folder);
 }
 
 bool SingleInstance::raiseFirst() const {

@@ -1,14 +1,13 @@
-// One running program a user and program folder: a second start raises the first and ends.
+// One running program a program folder: a second start, from any login, raises the first and ends.
 //
-// A lock file tells who is first; the system takes it from a killed program at once. The first listens on a local
-// socket beside the lock; a second start writes to it. Both carry the folder's checksum in their names, so programs
-// on different folders do not hinder each other.
+// The folder itself is locked, with the system's file lock: no lock file is written, so none can be left behind, be
+// damaged or belong to somebody else, and the system takes the lock from a killed program at once. The first listens
+// on a local socket that carries the folder's checksum in its name; a second start of the same login writes to it.
 #pragma once
 
 #include <filesystem>
 
 #include <QLocalServer>
-#include <QLockFile>
 #include <QObject>
 
 namespace workspace {
@@ -19,7 +18,10 @@ class SingleInstance : public QObject {
   public:
     explicit SingleInstance(const std::filesystem::path& programFolder, QObject* parent = nullptr);
 
-    /// Whether no other program works on the folder; holds until this object is destroyed.
+    ~SingleInstance() override;
+
+    /// Whether no other program works on the folder; holds until this object is destroyed. True too on a file system
+    /// that knows no locks.
     bool isFirst() const { return m_first; }
     /// Asks the first program to come to the front. \return whether it heard
     bool raiseFirst() const;
@@ -32,7 +34,7 @@ class SingleInstance : public QObject {
     void hear();
 
     QString m_path;
-    QLockFile m_lock;
+    int m_folder = -1; ///< the open folder that carries the lock
     QLocalServer m_server;
     bool m_first = false;
 };

@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "toolkit/messages.h"
+#include "toolkit/notice_bar.h"
 #include "workspace/user_files.h"
 #include "workspace/windows/click_label.h"
 #include "workspace/windows/login_dialog.h"
@@ -66,9 +67,11 @@ StartWindow::StartWindow(Settings& settings, UserList& users, sql::Engine& engin
     buttons->setSpacing(12);
     for (ClickLabel* label : {newUser, enterSystem, removeUser})
         buttons->addWidget(label, 1);
+    m_notice = new toolkit::NoticeBar(this);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(28, 22, 28, 24);
     layout->setSpacing(16);
+    layout->addWidget(m_notice);
     layout->addWidget(buildHead());
     layout->addWidget(buildUsers(), 1);
     layout->addLayout(buttons);
@@ -77,6 +80,13 @@ StartWindow::StartWindow(Settings& settings, UserList& users, sql::Engine& engin
     connect(newUser, &ClickLabel::clicked, this, &StartWindow::createUser);
     connect(enterSystem, &ClickLabel::clicked, this, &StartWindow::enter);
     connect(removeUser, &ClickLabel::clicked, this, &StartWindow::deleteUser);
+    if (!m_settings.trouble().isEmpty())
+        m_notice->tell(m_settings.trouble());
+}
+
+void StartWindow::tellTroubles() {
+    for (const QString& trouble : m_users.troubles())
+        toolkit::showMessage(this, trouble, windowTitle(), QMessageBox::Critical);
 }
 
 QWidget* StartWindow::buildHead() {
@@ -158,12 +168,14 @@ void StartWindow::enter() {
     if (!unlock(place))
         return;
     m_users.noteEntered(place);
+    const QString name = m_users.users()[static_cast<std::size_t>(place)].name;
     try {
-        m_workspace = enterUser(m_settings, m_folder, m_users.users()[static_cast<std::size_t>(place)].name);
+        m_workspace = enterUser(m_settings, m_folder, name);
     } catch (const ConversionError& failed) {
-        toolkit::showMessage(this, u"类型不匹配: \"%1\""_s.arg(failed.text()), windowTitle(), QMessageBox::Critical);
+        toolkit::showMessage(this, failed.message(), windowTitle(), QMessageBox::Critical);
         return;
     }
+    adoptNamelessFiles(m_folder, name);
     hide();
     emit entered();
 }
@@ -181,7 +193,8 @@ void StartWindow::deleteUser() {
         toolkit::showMessage(this, u"密码有误，没有权限删除该用户"_s);
         return;
     }
-    deleteUserFiles(m_folder, m_users.users()[static_cast<std::size_t>(place)].name);
+    if (!m_users.sharesFolder(place))
+        deleteUserFiles(m_folder, m_users.users()[static_cast<std::size_t>(place)].name);
     m_users.remove(place);
     delete m_lstName->takeItem(place);
     m_lstName->setCurrentRow(-1); // the next press must not hit a neighbour that nobody picked

@@ -13,6 +13,9 @@
 #include "workspace/workspace.h"
 
 class QListWidget;
+namespace toolkit {
+class NoticeBar;
+}
 
 namespace workspace {
 
@@ -23,6 +26,9 @@ class StartWindow : public QWidget {
     /// \param users  outlives the window, as settings and engine do
     StartWindow(Settings& settings, UserList& users, sql::Engine& engine, std::filesystem::path folder,
                 QWidget* parent = nullptr);
+
+    /// Tells what the list of users could not be read for; call it once the window is shown.
+    void tellTroubles();
 
     Workspace takeWorkspace() { return std::move(m_workspace); }
 
@@ -54,6 +60,7 @@ class StartWindow : public QWidget {
     std::filesystem::path m_folder;
     Workspace m_workspace;
     QListWidget* m_lstName = nullptr;
+    toolkit::NoticeBar* m_notice = nullptr;
 };
 
 } // namespace workspace
