@@ -230,7 +230,7 @@ TEST_F(StartWindows, ARuleThatIsNoNumberIsToldAndStays) {
     show();
     list().setCurrentRow(0);
     QSignalSpy entered(window.get(), &StartWindow::entered);
-    ModalScript script({{u"MsgBox"_s, answer(u"类型不匹配: \"many\""_s)}});
+    ModalScript script({{u"MsgBox"_s, answer(u"类型不匹配: \"many\" (Bitnum)"_s)}});
     press(u"Label3"_s);
     EXPECT_EQ(entered.size(), 0);
     EXPECT_TRUE(window->isVisible());
@@ -327,6 +327,27 @@ TEST_F(StartWindows, ASecondStartRaisesTheFirst) {
                          }}});
     EXPECT_FALSE(mayStart(second));
     EXPECT_TRUE(QTest::qWaitFor([&] { return asked.size() == 1; }));
+}
+
+TEST_F(StartWindows, TheSameFolderIsRefusedFromAnotherLoginToo) {
+    const SingleInstance first(workspace::programFolder());
+    const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
+    const QTemporaryDir other;
+    qputenv("XDG_RUNTIME_DIR", other.path().toUtf8());
+    EXPECT_FALSE(SingleInstance(workspace::programFolder()).isFirst());
+    if (runtime.isEmpty())
+        qunsetenv("XDG_RUNTIME_DIR");
+    else
+        qputenv("XDG_RUNTIME_DIR", runtime);
+}
+
+TEST_F(StartWindows, NoFileInTheFolderStandsInTheWay) {
+    const auto before = std::distance(std::filesystem::directory_iterator(workspace::programFolder()), {});
+    for (const char* name : {"ssqdesk.lock", ".lock", "lock"})
+        std::filesystem::create_directory(workspace::programFolder() / name);
+    const SingleInstance first(workspace::programFolder());
+    EXPECT_TRUE(first.isFirst());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(workspace::programFolder()), {}), before + 3);
 }
 
 TEST_F(StartWindows, ProgramsOnDifferentFoldersDoNotHinderEachOther) {
