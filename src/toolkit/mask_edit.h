@@ -1,8 +1,8 @@
 // A box with a mask such as "99": every 9 is one digit or the placeholder "_".
 //
 // text() gives the placeholders too ("_4"), so that the reader can tell "4_" from "04". filled() is emitted by the
-// key that puts a character into the last place. A click goes to the first place, so that what is typed next fills the
-// box from its start wherever it was hit.
+// key that puts a character into the last place. A click goes to the first place, so that what is typed next fills
+// the box from its start wherever it was hit.
 #pragma once
 
 #include <QLineEdit>

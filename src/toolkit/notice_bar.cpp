@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QPushButton>
 
-#include "toolkit/look.h"
+#include "toolkit/colours.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,13 +13,16 @@ namespace toolkit {
 
 namespace {
 
-constexpr int kMark = 4; // width of the strip at the left that tells a notice from the window
-constexpr qreal kTint = 0.14;
+constexpr qreal kCorner = 6;
+constexpr int kSign = 16;
+constexpr int kSignLeft = 12;
+constexpr int kSmallestHeight = 34;
 
 } // namespace
 
 NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this)), m_action(new QPushButton(this)) {
     setObjectName(u"NoticeBar"_s);
+    setMinimumHeight(kSmallestHeight);
     m_text->setObjectName(u"NoticeText"_s);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setWordWrap(true);
@@ -30,7 +33,7 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), m_text(new QLabel(this))
     for (QPushButton* button : {m_action, close})
         button->setAutoDefault(false);
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kMark + 10, 5, 8, 5);
+    layout->setContentsMargins(kSignLeft + kSign + 10, 4, 6, 4);
     layout->addWidget(m_text, 1);
     layout->addWidget(m_action);
     layout->addWidget(close);
@@ -51,11 +54,19 @@ void NoticeBar::tell(const QString& text, const QString& action) {
 }
 
 void NoticeBar::paintEvent(QPaintEvent*) {
-    QColor tint = colours(palette()).gold;
+    const Colours& look = colours(palette());
     QPainter painter(this);
-    painter.fillRect(QRect(0, 0, kMark, height()), tint);
-    tint.setAlphaF(kTint);
-    painter.fillRect(rect(), tint);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(look.noticeEdge);
+    painter.setBrush(look.notice);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+    const QRectF sign(kSignLeft, (height() - kSign) / 2.0, kSign, kSign);
+    painter.setPen(QPen(look.accentText, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(sign.adjusted(1, 1, -1, -1));
+    const qreal middle = sign.center().x();
+    painter.drawLine(QPointF(middle, sign.top() + 7), QPointF(middle, sign.bottom() - 4));
+    painter.drawPoint(QPointF(middle, sign.top() + 4.5));
 }
 
 } // namespace toolkit

@@ -29,7 +29,7 @@ MarkColours markColours(const QStyleOption& option) {
         return {faint, option.palette.color(QPalette::Window), faint};
     if (marked)
         return {accent, accent, option.palette.color(QPalette::HighlightedText)};
-    return {pointed ? accent : look.quiet, option.palette.color(QPalette::Base), accent};
+    return {pointed ? accent : look.edge, option.palette.color(QPalette::Base), accent};
 }
 
 /// The square, on whole pixels, that a mark fills in its rectangle.

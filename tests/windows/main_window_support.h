@@ -26,6 +26,7 @@
 #include "mainwin/windows/share_panel.h"
 #include "support/controls.h"
 #include "support/modal_script.h"
+#include "toolkit/colours.h"
 #include "toolkit/flex_grid.h"
 #include "toolkit/number_ball.h"
 

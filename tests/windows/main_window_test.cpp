@@ -103,8 +103,8 @@ TEST_F(MainWindow, TheGridShowsEachDrawAndStandsOnTheLast) {
     EXPECT_EQ(cells,
               (QStringList{u"501"_s, u"2003002"_s, u"04"_s, u"09"_s, u"19"_s, u"20"_s, u"21"_s, u"26"_s, u"12"_s}));
     EXPECT_EQ(values, (QList<int>{501, 2003002, 4, 9, 19, 20, 21, 26, 12}));
-    EXPECT_EQ(model.index(0, 0).data(Qt::ForegroundRole).value<QColor>(), QColor(255, 0, 255));
-    EXPECT_EQ(model.index(0, 2).data(Qt::ForegroundRole).value<QColor>(), QColor(255, 0, 0));
+    EXPECT_EQ(model.index(0, 0).data(Qt::ForegroundRole).value<QColor>(), toolkit::colours(false).rowNumber);
+    EXPECT_EQ(model.index(0, 2).data(Qt::ForegroundRole).value<QColor>(), toolkit::colours(false).red);
     EXPECT_EQ(model.index(0, 8).data(Qt::ForegroundRole).value<QColor>(), QColor(0, 0, 255));
     QTest::qWait(0);
     EXPECT_GE(grid->rowAt(grid->viewport()->height() / 2), 480);

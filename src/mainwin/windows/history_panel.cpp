@@ -91,8 +91,7 @@ void HistoryPanel::focusEntry() {
 
 void HistoryPanel::colourGrid() {
     const toolkit::Colours& look = toolkit::colours(palette());
-    m_model->setColours(look.rowNumber, toolkit::isDark(palette()) ? look.red : QColor(255, 0, 0),
-                        toolkit::isDark(palette()) ? look.blue : QColor(0, 0, 255));
+    m_model->setColours(look.rowNumber, look.red, look.used); // the blue column is pure blue where that can be read
 }
 
 void HistoryPanel::changeEvent(QEvent* event) {

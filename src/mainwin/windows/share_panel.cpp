@@ -46,7 +46,7 @@ void ShareBar::paintEvent(QPaintEvent*) {
     const toolkit::Colours& look = toolkit::colours(palette());
     const QRectF track(rect());
     painter.setPen(Qt::NoPen);
-    painter.setBrush(look.barTrack);
+    painter.setBrush(look.track);
     painter.drawRoundedRect(track, 2, 2);
     painter.setBrush(look.bar);
     painter.drawRoundedRect(QRectF(track.topLeft(), QSizeF(track.width() * m_length / kScaleEnd, track.height())), 2,
