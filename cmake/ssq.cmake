@@ -99,7 +99,7 @@ function(ssq_tests name)
   target_link_libraries(${name}_tests PRIVATE ssq_flags ${ARGN} GTest::gtest GTest::gmock)
   target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name}_tests PRIVATE
-    SSQ_TEST_DATA="${PROJECT_SOURCE_DIR}/tests" SSQ_REAL_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
+    SSQ_TEST_DATA="${PROJECT_SOURCE_DIR}/tests" SSQ_REAL_DATA="${PROJECT_SOURCE_DIR}/data/history")
   gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 120 DISCOVERY_MODE PRE_TEST
     PROPERTIES TIMEOUT 1200 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()

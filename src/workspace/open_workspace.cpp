@@ -67,11 +67,7 @@ class Opening {
         repair(failed);
     }
 
-    void closeAll() {
-        m_workspace.dbUser.reset();
-        m_workspace.dbFilnum.reset();
-        m_workspace.dbNumsave.reset();
-    }
+    void closeAll() { m_workspace.closeAll(); }
 
   private:
     template <std::size_t Count> static void needTables(sql::Database& database, const char* const (&tables)[Count]) {

@@ -40,9 +40,7 @@ bool canBeOpened(sql::Engine& engine, const Workspace& workspace, const std::fil
 } // namespace
 
 Restored restoreFiles(sql::Engine& engine, Workspace& workspace, const KeptFiles& kept, const LoadWorkspace& load) {
-    workspace.dbUser.reset();
-    workspace.dbFilnum.reset();
-    workspace.dbNumsave.reset();
+    workspace.closeAll();
     Restored restored;
     Keeping keeping(userFolder(workspace.folder, workspace.Username),
                     u"已恢复原来保存的文件；恢复之前使用的文件保存在这里。"_s);

@@ -20,7 +20,16 @@ struct Workspace {
     std::filesystem::path folder; ///< the program's folder
     std::unique_ptr<sql::Database> dbUser;
     std::unique_ptr<sql::Database> dbFilnum;
+    std::unique_ptr<sql::Database> dbFilnumR; ///< six-red combinations; open once they were asked for
     std::unique_ptr<sql::Database> dbNumsave;
+
+    /// Before files are moved or replaced.
+    void closeAll() {
+        dbUser.reset();
+        dbFilnum.reset();
+        dbFilnumR.reset();
+        dbNumsave.reset();
+    }
 };
 
 } // namespace workspace

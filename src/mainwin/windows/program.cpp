@@ -1,6 +1,7 @@
 #include "mainwin/windows/program.h"
 
 #include "filter/windows/filter_window.h"
+#include "history/starter_history.h"
 #include "history/store.h"
 #include "history/update_install.h"
 #include "history/windows/update_boxes.h"
@@ -9,6 +10,7 @@
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
 #include "toolkit/progress_dialog.h"
+#include "workspace/combination_files.h"
 #include "workspace/failure.h"
 #include "workspace/paths.h"
 #include "workspace/setting_names.h"
@@ -33,6 +35,7 @@ template <class List> std::vector<std::int32_t> listOf(const List& list, int cou
 
 Program::Program(const std::filesystem::path& folder) : m_folder(folder) {
     workspace::makeMissingTemplates(engine, m_folder);
+    history::putStarterHistory(m_folder);
 }
 
 Program::~Program() = default;
@@ -67,8 +70,7 @@ void Program::enter() {
 /// What a failed store left pending is tried once more, so that nothing is lost without a word.
 void Program::finish() {
     try {
-        if (workspace.dbFilnum && workspace.dbFilnum->storePending())
-            workspace.dbFilnum->store();
+        workspace::storeAll(workspace);
     } catch (const sql::SqlError& failed) {
         toolkit::DialogBoxes(nullptr).warn(workspace::failureMessage(
             failed, u"组合表最后的改动没有保存"_s, u"数据库错误"_s,
