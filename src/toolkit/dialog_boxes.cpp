@@ -2,8 +2,22 @@
 
 #include "toolkit/file_dialog.h"
 #include "toolkit/messages.h"
+#include "toolkit/progress_dialog.h"
 
 namespace toolkit {
+
+namespace {
+
+class DialogProgress final : public workspace::Progress {
+  public:
+    DialogProgress(QWidget* parent, const QString& caption) : m_dialog(parent) { m_dialog.begin(caption); }
+    bool advance(double share) override { return m_dialog.advance(share); }
+
+  private:
+    ProgressDialog m_dialog;
+};
+
+} // namespace
 
 bool DialogBoxes::confirm(const workspace::Message& question, workspace::Risk risk) {
     const BoxLook look{QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel,
@@ -21,6 +35,10 @@ void DialogBoxes::warn(const workspace::Message& message) {
 
 std::optional<QString> DialogBoxes::askText(const QString& prompt, const QString& title, const QString& proposed) {
     return toolkit::askLine(m_parent, prompt, title, proposed);
+}
+
+std::unique_ptr<workspace::Progress> DialogBoxes::progress(const QString& caption) {
+    return std::make_unique<DialogProgress>(m_parent, caption);
 }
 
 QString DialogBoxes::chooseFile(const QString& folder, const QString& filter) {

@@ -4,6 +4,7 @@
 // Every call waits for its answer.
 #pragma once
 
+#include <memory>
 #include <optional>
 
 #include <QString>
@@ -20,6 +21,21 @@ struct Message {
 
 /// What a question puts at risk: where something is deleted or replaced the harmless button is the default.
 enum class Risk { None, Loss };
+
+/// Long work that is seen, and can be given up.
+class Progress {
+  public:
+    virtual ~Progress() = default;
+    /// \param share  done of the whole, 0..1; less than what was told before is passed over
+    /// \return false once the user has given up: leave the old state whole then
+    virtual bool advance(double share) = 0;
+};
+
+/// The limits of a number that is asked for.
+struct NumberLimits {
+    int least;
+    int most;
+};
 
 class Dialogs {
   public:
@@ -39,6 +55,15 @@ class Dialogs {
     /// A line of text. \return nothing on Cancel
     virtual std::optional<QString> askText(const QString& prompt, const QString& title,
                                            const QString& proposed = {}) = 0;
+
+    /// A whole number. What is none, or lies outside the limits, is told ("请输入数字" under "输入错误") and asked
+    /// again. \return nothing on Cancel
+    std::optional<int> askNumber(const QString& prompt, const QString& title, const QString& proposed,
+                                 NumberLimits limits);
+
+    /// Begins long work. \param caption  what is done; empty: the window's title says it
+    /// \return what to report to; the work is over when it goes. Here: work that nobody sees or ends
+    virtual std::unique_ptr<Progress> progress(const QString& caption);
 
     /// \param filter  "Text(*.txt)|*.txt": what is shown, a bar, the pattern  \return the file, empty on Cancel
     virtual QString chooseFile(const QString& folder, const QString& filter) = 0;

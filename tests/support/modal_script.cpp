@@ -51,7 +51,7 @@ ModalScript::~ModalScript() {
 
 void ModalScript::look() {
     QWidget* dialog = QApplication::activeModalWidget();
-    if (!dialog || !dialog->isVisible())
+    if (!dialog || !dialog->isVisible() || dialog->objectName() == u"Dialog") // the progress of long work asks nothing
         return;
     for (const auto& open : m_open)
         if (open == dialog)

@@ -19,7 +19,7 @@
 #include "support/controls.h"
 #include "support/fresh_home.h"
 #include "support/modal_script.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 
 using namespace Qt::StringLiterals;
 using test_support::controlAs;
@@ -54,7 +54,7 @@ class FilterWindowTest : public testing::Test {
         m_statements.clear();
     }
 
-    toolkit::FlexGrid& grid() { return *m_window->findChild<toolkit::FlexGrid*>(u"MSFlexGrid1"_s); }
+    toolkit::DataGrid& grid() { return *m_window->findChild<toolkit::DataGrid*>(u"MSFlexGrid1"_s); }
     int shown() { return grid().model()->rowCount(); }
     QString heading(int column) { return grid().model()->headerData(column, Qt::Horizontal).toString(); }
     QString title(int bets) {

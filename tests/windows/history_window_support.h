@@ -8,7 +8,7 @@
 #include <QTest>
 
 #include "history/text_file.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 #include "toolkit/mask_edit.h"
 #include "windows/program_fixture.h"
 #include "workspace/safe_file.h"
@@ -41,7 +41,7 @@ class HistoryWindow : public ProgramFixture {
         }
         return form;
     }
-    toolkit::FlexGrid& grid() { return *controlAs<toolkit::FlexGrid>(form(), u"MSFlexGrid1"_s); }
+    toolkit::DataGrid& grid() { return *controlAs<toolkit::DataGrid>(form(), u"MSFlexGrid1"_s); }
     toolkit::MaskEdit& box(int place) {
         return *controlAs<toolkit::MaskEdit>(form(), u"MaskEdBox1(%1)"_s.arg(place));
     }

@@ -27,7 +27,7 @@
 #include "support/controls.h"
 #include "support/modal_script.h"
 #include "toolkit/colours.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 #include "toolkit/number_ball.h"
 
 namespace main_window_tests {

@@ -67,7 +67,7 @@ TEST_F(MainWindow, AnEmptyHistoryDisablesItsCommands) {
         EXPECT_FALSE(control(*form, name)->isEnabled());
     for (const auto& name : {u"mnuDelast"_s, u"mnuSy"_s, u"Toolbar1(ls)"_s})
         EXPECT_FALSE(entryEnabled(name)) << name.toStdString();
-    auto* grid = controlAs<toolkit::FlexGrid>(*form, u"MSFlexGrid1"_s);
+    auto* grid = controlAs<toolkit::DataGrid>(*form, u"MSFlexGrid1"_s);
     EXPECT_EQ(grid->model()->rowCount(), 0);
     EXPECT_EQ(grid->model()->columnCount(), 9);
 }
@@ -88,7 +88,7 @@ TEST_F(MainWindow, TheGridShowsEachDrawAndStandsOnTheLast) {
         addDraw({2003000 + issue, 1, 2, 3, 4, 5, 6, 7});
     addDraw(kSecondDraw);
     open();
-    auto* grid = controlAs<toolkit::FlexGrid>(*form, u"MSFlexGrid1"_s);
+    auto* grid = controlAs<toolkit::DataGrid>(*form, u"MSFlexGrid1"_s);
     const QAbstractItemModel& model = *grid->model();
     const QStringList headings{u"序数"_s, u"期号"_s, u"红1"_s, u"红2"_s, u"红3"_s,
                                u"红4"_s,  u"红5"_s,  u"红6"_s, u"蓝球"_s};

@@ -15,7 +15,7 @@
 
 #include "history/text_lines.h"
 #include "mainwin/windows/form1.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 #include "windows/program_fixture.h"
 #include "workspace/paths.h"
 
@@ -71,14 +71,14 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
     readHistory(writeFile(u"draws.txt"_s, real.readAll()));
     ASSERT_EQ(program->history.Lsnum, 3358);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2025113 历史号码:"_s);
-    EXPECT_EQ(controlAs<toolkit::FlexGrid>(*window(u"Form1"_s), u"MSFlexGrid1"_s)->model()->rowCount(), 3358);
+    EXPECT_EQ(controlAs<toolkit::DataGrid>(*window(u"Form1"_s), u"MSFlexGrid1"_s)->model()->rowCount(), 3358);
 
     pressNumbers(u"Command1(%1)"_s, {31, 1, 5, 8, 12, 16, 17, 20});
     pressNumbers(u"Command2(%1)"_s, {9, 3});
     EXPECT_EQ(text(u"StatusBar1(3)"_s), u"8红2蓝，共计复选：56注,合计：112元"_s);
     inFilterWindow(u"mnuLst"_s, u"GAgan"_s, [](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), title(56));
-        auto* grid = controlAs<toolkit::FlexGrid>(form, u"MSFlexGrid1"_s);
+        auto* grid = controlAs<toolkit::DataGrid>(form, u"MSFlexGrid1"_s);
         EXPECT_EQ(grid->model()->index(0, 1).data().toString(), u"1"_s); // the reds were sorted,
         EXPECT_EQ(grid->model()->index(0, 7).data().toString(), u"9"_s); // the blues stay as they were clicked
         typeInto(form, u"Text18(1)"_s, u"5"_s);

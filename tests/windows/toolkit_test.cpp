@@ -2,7 +2,10 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QHeaderView>
+#include <QMenu>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
@@ -18,7 +21,9 @@
 #include "support/controls.h"
 #include "support/fresh_home.h"
 #include "support/modal_script.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
+#include "toolkit/dialog_boxes.h"
+#include "toolkit/grid_copy.h"
 #include "toolkit/look.h"
 #include "toolkit/mask_edit.h"
 #include "toolkit/messages.h"
@@ -28,7 +33,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace test_support;
-using toolkit::FlexGrid;
+using toolkit::DataGrid;
 using toolkit::MaskEdit;
 using toolkit::NumberBall;
 
@@ -49,9 +54,9 @@ class ComputedModel : public QAbstractTableModel {
     int m_columns;
 };
 
-TEST(FlexGrid, CopiesTheSelectedCellsTabSeparated) {
+TEST(DataGrid, CopiesTheSelectedCellsTabSeparated) {
     ComputedModel model(10, 4);
-    FlexGrid grid;
+    DataGrid grid;
     grid.setModel(&model);
     grid.show();
     grid.selectionModel()->select({model.index(2, 1), model.index(3, 2)}, QItemSelectionModel::ClearAndSelect);
@@ -59,19 +64,25 @@ TEST(FlexGrid, CopiesTheSelectedCellsTabSeparated) {
     EXPECT_EQ(QApplication::clipboard()->text(), u"2:1\t2:2\n3:1\t3:2"_s);
 }
 
-TEST(FlexGrid, LeavesABlankForACellThatIsNotSelectedAmongSelectedOnes) {
+TEST(DataGrid, LeavesABlankForACellThatIsNotSelectedAmongSelectedOnes) {
     ComputedModel model(10, 4);
-    FlexGrid grid;
+    DataGrid grid;
     grid.setModel(&model);
     auto* selection = grid.selectionModel();
     selection->select(model.index(8, 3), QItemSelectionModel::Select);
     selection->select(model.index(1, 0), QItemSelectionModel::Select);
-    EXPECT_EQ(grid.selectedText(), u"1:0\t\n\t8:3"_s) << "rows come in the order of the grid";
+    toolkit::DialogBoxes boxes(nullptr);
+    EXPECT_EQ(toolkit::selectedText(grid, false, boxes), u"1:0\t\n\t8:3"_s) << "rows come in the order of the grid";
+    EXPECT_TRUE(grid.copySelection(DataGrid::Headings::With));
+    EXPECT_EQ(QApplication::clipboard()->text(), u"1\t4\n1:0\t\n\t8:3"_s);
+    EXPECT_EQ(QApplication::clipboard()->mimeData()->html(),
+              u"<table><tr><th>1</th><th>4</th></tr><tr><td>1:0</td><td></td></tr>"
+              "<tr><td></td><td>8:3</td></tr></table>"_s);
 }
 
-TEST(FlexGrid, CopiesNothingWithoutASelection) {
+TEST(DataGrid, CopiesNothingWithoutASelection) {
     ComputedModel model(3, 3);
-    FlexGrid grid;
+    DataGrid grid;
     QApplication::clipboard()->setText(u"before"_s);
     grid.copySelection(); // without a model
     grid.setModel(&model);
@@ -79,9 +90,9 @@ TEST(FlexGrid, CopiesNothingWithoutASelection) {
     EXPECT_EQ(QApplication::clipboard()->text(), u"before"_s);
 }
 
-TEST(FlexGrid, AsksBeforeItCopiesMoreThanTwoHundredThousandRows) {
-    ComputedModel model(FlexGrid::kAskRows + 1, 1);
-    FlexGrid grid;
+TEST(DataGrid, AsksBeforeItCopiesMoreThanTwoHundredThousandRows) {
+    ComputedModel model(int{toolkit::kAskRows} + 1, 1);
+    DataGrid grid;
     grid.setModel(&model);
     grid.show();
     QApplication::clipboard()->setText(u"before"_s);
@@ -91,13 +102,86 @@ TEST(FlexGrid, AsksBeforeItCopiesMoreThanTwoHundredThousandRows) {
         grid.copySelection();
     }
     EXPECT_EQ(QApplication::clipboard()->text(), u"before"_s);
-    grid.selectionModel()->select({model.index(0, 0), model.index(FlexGrid::kAskRows - 1, 0)},
+    grid.selectionModel()->select({model.index(0, 0), model.index(int{toolkit::kAskRows} - 1, 0)},
                                   QItemSelectionModel::ClearAndSelect);
     grid.copySelection(); // exactly as many as are copied without a question
-    EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), FlexGrid::kAskRows - 1);
+    EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), int{toolkit::kAskRows} - 1);
 }
 
-TEST(FlexGrid, AHeadingDoesNotAskWhetherItsColumnIsSelected) {
+TEST(DataGrid, CopiesNeverMoreThanTwoMillionRows) {
+    ComputedModel model(int{toolkit::kMostRows} + 1, 1);
+    DataGrid grid;
+    grid.setModel(&model);
+    grid.selectAll();
+    QApplication::clipboard()->setText(u"before"_s);
+    const ModalScript script(
+        {{u"MsgBox"_s, answer(u"共选中 2000001 行，一次最多复制 2000000 行。请少选一些，或者用导出。"_s)}});
+    EXPECT_FALSE(grid.copySelection());
+    EXPECT_EQ(QApplication::clipboard()->text(), u"before"_s);
+}
+
+TEST(DataGrid, ACopyThatIsGivenUpLeavesTheClipboard) {
+    struct GivesUp : workspace::Dialogs {
+        struct Never : workspace::Progress {
+            bool advance(double) override { return false; }
+        };
+        bool confirm(const workspace::Message&, workspace::Risk) override { return true; }
+        void tell(const workspace::Message&) override {}
+        void warn(const workspace::Message&) override {}
+        std::optional<QString> askText(const QString&, const QString&, const QString&) override { return {}; }
+        QString chooseFile(const QString&, const QString&) override { return {}; }
+        std::unique_ptr<workspace::Progress> progress(const QString&) override { return std::make_unique<Never>(); }
+    } dialogs;
+    ComputedModel model(int{toolkit::kAskRows} + 1, 1);
+    DataGrid grid;
+    grid.setModel(&model);
+    grid.selectAll();
+    QApplication::clipboard()->setText(u"before"_s);
+    EXPECT_FALSE(toolkit::copySelected(grid, false, dialogs));
+    EXPECT_EQ(QApplication::clipboard()->text(), u"before"_s);
+}
+
+TEST(DataGrid, ItsMenuCopiesAndSelectsAndTakesEntriesOfTheWindow) {
+    ComputedModel model(3, 2);
+    DataGrid grid;
+    grid.setModel(&model);
+    grid.addMenuEntry(new QAction(u"更多"_s));
+    grid.show();
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, {5, 5}, grid.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(grid.viewport(), &asked);
+    auto* menu = grid.findChild<QMenu*>(u"GridMenu"_s);
+    ASSERT_NE(menu, nullptr);
+    QStringList captions;
+    for (const QAction* entry : menu->actions())
+        if (!entry->isSeparator())
+            captions << entry->text();
+    EXPECT_EQ(captions, (QStringList{u"复制"_s, u"复制含表头"_s, u"全选"_s, u"更多"_s}));
+    EXPECT_FALSE(menu->actions()[0]->isEnabled()); // nothing is selected
+    menu->actions()[2]->trigger();
+    EXPECT_TRUE(grid.copySelection());
+    EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), 2);
+    menu->close();
+}
+
+TEST(DataGrid, ColumnsComeBackAsTheUserLeftThem) {
+    QHash<QString, QString> kept;
+    const toolkit::PlaceStore store{[&kept](const QString& key) { return kept.value(key); },
+                                    [&kept](const QString& key, const QString& value) { kept.insert(key, value); }};
+    ComputedModel model(3, 3);
+    for (const bool first : {true, false}) {
+        DataGrid grid;
+        grid.setModel(&model);
+        grid.keepColumns(store, u"grid"_s);
+        if (first) {
+            grid.setColumnWidth(1, 77);
+            grid.horizontalHeader()->moveSection(0, 2);
+        }
+        EXPECT_EQ(grid.columnWidth(1), 77);
+        EXPECT_EQ(grid.horizontalHeader()->visualIndex(0), 2);
+    }
+}
+
+TEST(DataGrid, AHeadingDoesNotAskWhetherItsColumnIsSelected) {
     constexpr int kLargestTable = 17'721'088;
     class Counting : public ComputedModel {
       public:
@@ -109,7 +193,7 @@ TEST(FlexGrid, AHeadingDoesNotAskWhetherItsColumnIsSelected) {
         }
     };
     Counting model(kLargestTable, 8);
-    FlexGrid grid;
+    DataGrid grid;
     grid.setModel(&model);
     grid.resize(600, 400);
     grid.show();
@@ -119,9 +203,9 @@ TEST(FlexGrid, AHeadingDoesNotAskWhetherItsColumnIsSelected) {
     EXPECT_LT(model.flagsAsked, 10'000) << "painting looks at the cells in sight only";
 }
 
-TEST(FlexGrid, ColumnsCanBeResizedAndRowsHaveOneHeight) {
+TEST(DataGrid, ColumnsCanBeResizedAndRowsHaveOneHeight) {
     ComputedModel model(5, 3);
-    FlexGrid grid;
+    DataGrid grid;
     grid.setModel(&model);
     grid.setColumnWidths({30, 40});
     EXPECT_EQ(grid.columnWidth(0), 30);
@@ -217,8 +301,27 @@ TEST(MaskEdit, IsTypedFromItsStartWhereverItIsClicked) {
     }
 }
 
+TEST(ProgressDialog, ShortWorkShowsNoWindow) {
+    toolkit::ProgressDialog dialog(nullptr, 3'600'000);
+    dialog.begin();
+    EXPECT_TRUE(dialog.advance(1));
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST(ProgressDialog, CancelIsHeardAndTheWindowStaysUntilTheWorkEnds) {
+    toolkit::ProgressDialog dialog(nullptr, 0);
+    dialog.begin(u"复制"_s);
+    EXPECT_EQ(QApplication::activeModalWidget(), &dialog);
+    EXPECT_TRUE(dialog.advance(0.1));
+    press(dialog, u"cmdCancel"_s);
+    EXPECT_FALSE(dialog.advance(0.2));
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.begin();
+    EXPECT_TRUE(dialog.advance(0.1));
+}
+
 TEST(ProgressDialog, OnlyMovesForward) {
-    toolkit::ProgressDialog dialog;
+    toolkit::ProgressDialog dialog(nullptr, 0);
     dialog.begin();
     EXPECT_EQ(window(u"Dialog"_s), &dialog);
     EXPECT_EQ(dialog.windowTitle(), u"组合排列进度栏"_s);

@@ -15,7 +15,7 @@
 #include "mainwin/windows/form1.h"
 #include "scratch_folder.h"
 #include "support/update_server.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 #include "windows/program_fixture.h"
 #include "workspace/safe_file.h"
 
@@ -63,7 +63,7 @@ class UpdateWindows : public ProgramFixture {
     }
 
     int gridRows() {
-        return controlAs<toolkit::FlexGrid>(*window(u"Form1"_s), u"MSFlexGrid1"_s)->model()->rowCount();
+        return controlAs<toolkit::DataGrid>(*window(u"Form1"_s), u"MSFlexGrid1"_s)->model()->rowCount();
     }
     QString text(const QString& label) { return controlAs<QLabel>(*window(u"Form1"_s), label)->text(); }
 

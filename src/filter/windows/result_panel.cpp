@@ -18,7 +18,7 @@ constexpr int kHeadingPadding = 10; // pixels left and right of a heading, toget
 } // namespace
 
 ResultPanel::ResultPanel(QWidget* parent)
-    : QWidget(parent), m_model(new RowsModel(this)), m_grid(new toolkit::FlexGrid(this)),
+    : QWidget(parent), m_model(new RowsModel(this)), m_grid(new toolkit::DataGrid(this)),
       m_page(new KeyedEdit(kDigitKeys.toString(), this)), m_turn(new QPushButton(u"翻页(&U)"_s, this)) {
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"组合"_s);
@@ -41,7 +41,7 @@ ResultPanel::ResultPanel(QWidget* parent)
     column->addLayout(paging);
 
     connect(m_turn, &QPushButton::clicked, this, &ResultPanel::pageWanted);
-    connect(m_grid, &toolkit::FlexGrid::doubleClicked, this, [this](const QModelIndex& cell) {
+    connect(m_grid, &toolkit::DataGrid::doubleClicked, this, [this](const QModelIndex& cell) {
         m_grid->setCurrentIndex(m_model->index(cell.row(), 0));
         emit rowDoubleClicked(cell.row());
     });

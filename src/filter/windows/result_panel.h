@@ -8,7 +8,7 @@
 #include <QWidget>
 
 #include "filter/windows/rows_model.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 
 namespace filter {
 
@@ -37,7 +37,7 @@ class ResultPanel : public QWidget {
     void applyWidths();
 
     RowsModel* m_model;
-    toolkit::FlexGrid* m_grid;
+    toolkit::DataGrid* m_grid;
     QLineEdit* m_page;
     std::map<int, int> m_dragged; ///< widths by column
     bool m_applying = false;

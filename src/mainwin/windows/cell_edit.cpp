@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
 
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 
 using namespace Qt::StringLiterals;
 
@@ -26,7 +26,7 @@ bool isCharacter(const QKeyEvent& key) {
 
 } // namespace
 
-CellEdit::CellEdit(toolkit::FlexGrid& grid, int firstColumn)
+CellEdit::CellEdit(toolkit::DataGrid& grid, int firstColumn)
     : QObject(&grid), m_grid(grid), m_edit(new QLineEdit(grid.viewport())), m_firstColumn(firstColumn) {
     m_edit->setObjectName(u"Text1"_s);
     m_edit->setAccessibleName(u"改正历史号码"_s);

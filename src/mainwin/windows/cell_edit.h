@@ -12,7 +12,7 @@ class QKeyEvent;
 class QLineEdit;
 
 namespace toolkit {
-class FlexGrid;
+class DataGrid;
 }
 
 namespace mainwin {
@@ -22,7 +22,7 @@ class CellEdit : public QObject {
   public:
     /// \param grid         has its model already; owns this
     /// \param firstColumn  the columns before it cannot be corrected
-    CellEdit(toolkit::FlexGrid& grid, int firstColumn);
+    CellEdit(toolkit::DataGrid& grid, int firstColumn);
 
     void close();
 
@@ -38,7 +38,7 @@ class CellEdit : public QObject {
     void open(const QModelIndex& cell, const QString& digit);
     void place();
 
-    toolkit::FlexGrid& m_grid;
+    toolkit::DataGrid& m_grid;
     QLineEdit* m_edit;
     int m_firstColumn;
     QPersistentModelIndex m_cell;

@@ -11,7 +11,7 @@
 #include "mainwin/windows/draw_entry.h"
 #include "mainwin/windows/history_model.h"
 #include "toolkit/card.h"
-#include "toolkit/flex_grid.h"
+#include "toolkit/data_grid.h"
 #include "toolkit/look.h"
 
 using namespace Qt::StringLiterals;
@@ -25,7 +25,7 @@ constexpr int kNumberWidth = 38;
 } // namespace
 
 HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
-    : QWidget(parent), m_history(history), m_model(new HistoryModel(history, this)), m_grid(new toolkit::FlexGrid),
+    : QWidget(parent), m_history(history), m_model(new HistoryModel(history, this)), m_grid(new toolkit::DataGrid),
       m_entry(new DrawEntry), m_buttons(new QWidget) {
     setObjectName(u"HistoryPanel"_s);
     m_buttons->setObjectName(u"HistoryButtons"_s);

@@ -9,7 +9,7 @@
 class QPushButton;
 
 namespace toolkit {
-class FlexGrid;
+class DataGrid;
 }
 
 namespace mainwin {
@@ -49,7 +49,7 @@ class HistoryPanel : public QWidget {
 
     const history::History& m_history;
     HistoryModel* m_model;
-    toolkit::FlexGrid* m_grid;
+    toolkit::DataGrid* m_grid;
     DrawEntry* m_entry;
     QWidget* m_buttons;
     CellEdit* m_cellEdit = nullptr; ///< once the grid has its model

@@ -1,0 +1,176 @@
+#include "toolkit/data_grid.h"
+
+#include <functional>
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QPainter>
+#include <QStyleOptionHeader>
+
+#include "toolkit/colours.h"
+#include "toolkit/dialog_boxes.h"
+#include "toolkit/grid_cell.h"
+#include "toolkit/grid_copy.h"
+
+using namespace Qt::StringLiterals;
+
+namespace toolkit {
+
+namespace {
+
+constexpr int kCellPadding = 6;
+constexpr int kNarrowestColumn = 24;
+constexpr int kEmptyMargin = 24;
+const QKeySequence kCopyWithHeadings(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
+
+/// A header whose sections look the same whatever is selected. The base class asks the selection model about each
+/// visible section at each paint, and that walks over every row; so this one fills the option without the base class.
+class CalmHeader : public QHeaderView {
+  public:
+    using QHeaderView::QHeaderView;
+
+  protected:
+    void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override {
+        option->section = logicalIndex;
+        option->text = model()->headerData(logicalIndex, orientation()).toString();
+        option->textAlignment = alignmentOf(logicalIndex);
+        option->position = positionOf(visualIndex(logicalIndex));
+        option->selectedPosition = QStyleOptionHeader::NotAdjacent;
+    }
+
+  private:
+    Qt::Alignment alignmentOf(int logicalIndex) const {
+        const QVariant told = model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole);
+        if (!told.isValid())
+            return defaultAlignment();
+        if (told.metaType() == QMetaType::fromType<Qt::Alignment>())
+            return told.value<Qt::Alignment>();
+        return Qt::Alignment(told.toInt());
+    }
+
+    QStyleOptionHeader::SectionPosition positionOf(int visual) const {
+        if (count() == 1)
+            return QStyleOptionHeader::OnlyOneSection;
+        if (visual == 0)
+            return QStyleOptionHeader::Beginning;
+        return visual == count() - 1 ? QStyleOptionHeader::End : QStyleOptionHeader::Middle;
+    }
+};
+
+} // namespace
+
+DataGrid::DataGrid(QWidget* parent) : QTableView(parent) {
+    setHorizontalHeader(new CalmHeader(Qt::Horizontal, this));
+    horizontalHeader()->setMinimumSectionSize(kNarrowestColumn);
+    horizontalHeader()->setSectionsClickable(true);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignCenter);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kCellPadding);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    setTabKeyNavigation(false);
+    setItemDelegate(new GridDelegate(this));
+}
+
+void DataGrid::setColumnWidths(std::initializer_list<int> widths) {
+    int column = 0;
+    for (const int width : widths)
+        setColumnWidth(column++, width);
+}
+
+void DataGrid::showLastRow() {
+    scrollToBottom();
+}
+
+void DataGrid::setEmptyText(const QString& text) {
+    m_emptyText = text;
+    viewport()->update();
+}
+
+void DataGrid::keepColumns(const PlaceStore& store, const QString& key) {
+    QHeaderView* header = horizontalHeader();
+    header->setSectionsMovable(true);
+    if (store.get)
+        header->restoreState(QByteArray::fromBase64(store.get(key).toLatin1()));
+    if (!store.set)
+        return;
+    const auto keep = [header, set = store.set, key] {
+        set(key, QString::fromLatin1(header->saveState().toBase64()));
+    };
+    connect(header, &QHeaderView::sectionResized, this, keep);
+    connect(header, &QHeaderView::sectionMoved, this, keep);
+}
+
+void DataGrid::addMenuEntry(QAction* entry) {
+    entry->setParent(this);
+    m_entries << entry;
+}
+
+bool DataGrid::copySelection(Headings headings) {
+    DialogBoxes boxes(this);
+    return model() && copySelected(*this, headings == Headings::With, boxes);
+}
+
+void DataGrid::fillMenu(QMenu& menu) {
+    const bool chosen = selectionModel() && selectionModel()->hasSelection();
+    const struct {
+        QString name, caption;
+        QKeySequence keys;
+        std::function<void()> act;
+        bool enabled;
+    } entries[] = {
+        {u"mnuCopy"_s, u"复制"_s, QKeySequence::Copy, [this] { copySelection(); }, chosen},
+        {u"mnuCopyHead"_s, u"复制含表头"_s, kCopyWithHeadings, [this] { copySelection(Headings::With); }, chosen},
+        {u"mnuSelectAll"_s, u"全选"_s, QKeySequence::SelectAll, [this] { selectAll(); },
+         model() && model()->rowCount() > 0},
+    };
+    for (const auto& entry : entries) {
+        QAction* action = menu.addAction(entry.caption);
+        action->setObjectName(entry.name);
+        action->setShortcut(entry.keys);
+        action->setEnabled(entry.enabled);
+        connect(action, &QAction::triggered, this, entry.act);
+    }
+    if (!m_entries.empty())
+        menu.addSeparator();
+    menu.addActions(m_entries);
+}
+
+void DataGrid::contextMenuEvent(QContextMenuEvent* event) {
+    auto* menu = new QMenu(this);
+    menu->setObjectName(u"GridMenu"_s);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    fillMenu(*menu);
+    menu->popup(event->globalPos());
+}
+
+void DataGrid::keyPressEvent(QKeyEvent* event) {
+    const QKeySequence pressed(event->keyCombination());
+    if (event->matches(QKeySequence::Copy) || pressed == kCopyWithHeadings) {
+        copySelection(pressed == kCopyWithHeadings ? Headings::With : Headings::Without);
+        event->accept();
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void DataGrid::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (m_emptyText.isEmpty() || (model() && model()->rowCount() > 0))
+        return;
+    QPainter painter(viewport());
+    painter.setPen(colours(palette()).quiet);
+    painter.drawText(viewport()->rect().adjusted(kEmptyMargin, 0, -kEmptyMargin, 0),
+                     Qt::AlignCenter | Qt::TextWordWrap, m_emptyText);
+}
+
+} // namespace toolkit

@@ -1,0 +1,51 @@
+// A grid over any table model, up to the 17.7 million rows of the largest combination table.
+//
+// What makes it bear that size: every row has one fixed height, no header measures its contents, and the headings do
+// not ask whether their whole column is selected (that question takes seconds after Select All).
+// A heading stands in the middle unless the model tells another alignment for it.
+// Ctrl+C copies the selected cells, Ctrl+Shift+C with their headings (grid_copy.h); both stand in the context menu,
+// to which a window can add its own entries. Cells are painted by GridDelegate in the styles of grid_cell.h.
+#pragma once
+
+#include <QTableView>
+
+#include "toolkit/window_place.h"
+
+class QMenu;
+
+namespace toolkit {
+
+class DataGrid : public QTableView {
+    Q_OBJECT
+  public:
+    explicit DataGrid(QWidget* parent = nullptr);
+
+    /// Widths of the first columns in pixels at scale 1; the user may drag them afterwards.
+    void setColumnWidths(std::initializer_list<int> widths);
+    /// Brings the last row into sight.
+    void showLastRow();
+    /// What stands in the middle while there is no row: why, and what to do.
+    void setEmptyText(const QString& text);
+    /// Columns come back in the widths and the order that the user gave them, under this key; kept as they change.
+    void keepColumns(const PlaceStore& store, const QString& key);
+    /// An entry at the end of the context menu. The action is the grid's.
+    void addMenuEntry(QAction* entry);
+
+    enum class Headings { Without, With };
+    /// Copies the selected cells to the clipboard, as copySelected() does. \return false when there was nothing to
+    /// copy
+    bool copySelection(Headings headings = Headings::Without);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void fillMenu(QMenu& menu);
+
+    QString m_emptyText;
+    QList<QAction*> m_entries;
+};
+
+} // namespace toolkit
