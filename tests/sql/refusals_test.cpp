@@ -57,7 +57,43 @@ TEST_P(Refusals, AnOuterTransactionCannotCommitWhatAnInnerOneTookBack) {
     EXPECT_EQ(db->rowCount("fig"), 0);
 }
 
+TEST_P(Refusals, ATextThatIsNoPlainNumberLeavesANumberFieldEmpty) {
+    db->execute("CREATE TABLE [t]([r] double,[n] integer)");
+    sql::Recordset rows = db->openRecordset("t");
+    for (const char* text : {"inf", "-inf", "nan", "0x10", "1e400", "", " ", "7x", "+"}) {
+        rows.addNew();
+        rows.set("r", std::string(text));
+        rows.set("n", std::string(text));
+        rows.update();
+    }
+    EXPECT_EQ(db->queryValue("SELECT Count(*) FROM [t] WHERE [r] is Null AND [n] is Null"),
+              sql::Value(std::int64_t{9}));
+    rows.addNew();
+    rows.set("r", std::string(" +2.5"));
+    rows.update();
+    EXPECT_EQ(db->queryValue("SELECT [r] FROM [t] WHERE [r] > 0"), sql::Value(2.5));
+}
+
+TEST_P(Refusals, ALiteralTooLargeForANumberIsASyntaxError) {
+    db->execute("CREATE TABLE [zuhe]([idx] integer,[canshu] integer)");
+    db->execute("INSERT INTO [zuhe] ([idx]) VALUES (1)");
+    for (const std::string& digits : {std::string(400, '9'), std::string(1 << 20, '8'), std::string("1E400")})
+        EXPECT_EQ(errorOf([&] { db->execute("UPDATE [zuhe] SET [canshu]=1 WHERE [idx] < " + digits); }),
+                  sql::error::kSyntax);
+    db->execute("UPDATE [zuhe] SET [canshu]=1 WHERE [idx] < 99999999999999999999"); // beyond 64 bits: a real number
+    EXPECT_EQ(db->queryValue("SELECT [canshu] FROM [zuhe]"), sql::Value(std::int64_t{1}));
+    db->execute("UPDATE [zuhe] SET [canshu]=99999999999*[idx]");
+    EXPECT_TRUE(sql::isNull(db->queryValue("SELECT [canshu] FROM [zuhe]")));
+}
+
 INSTANTIATE_TEST_SUITE_P(Both, Refusals, ::testing::Values(sql::Executor::Column, sql::Executor::Sqlite));
+
+TEST(ToInteger, GivesTheLimitBeyondSixtyFourBits) {
+    EXPECT_EQ(sql::toInteger(sql::Value(1e300)), INT64_MAX);
+    EXPECT_EQ(sql::toInteger(sql::Value(-1e300)), INT64_MIN);
+    EXPECT_EQ(sql::toInteger(sql::Value(std::nan(""))), 0);
+    EXPECT_EQ(sql::toInteger(sql::Value(2.5)), 2);
+}
 
 TEST(ZeroByte, BreaksItsStatementWhereverItStands) {
     for (const std::string_view statement : {std::string_view("UPDATE [t] SET [a]=\"x\0y\"", 23),
