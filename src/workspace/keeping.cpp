@@ -85,7 +85,8 @@ void Keeping::begin() {
     std::error_code failed;
     std::filesystem::create_directories(m_folder, failed);
     if (failed || !writeWholeFile(placeIn(m_folder, kUnfinished), m_what.toUtf8() + '\n'))
-        throw Failure(u"不能建立保存原有文件的文件夹 "_s + toQString(m_folder), QString::fromStdString(failed.message()));
+        throw Failure(u"不能建立保存原有文件的文件夹 "_s + toQString(m_folder),
+                      QString::fromStdString(failed.message()));
     m_begun = true;
 }
 
@@ -122,9 +123,10 @@ void Keeping::copy(const std::filesystem::path& file) {
     if (!isThere(file))
         return;
     begin();
-    if (!copyWholeFile(file, freePlace(file)))
+    const std::filesystem::path place = freePlace(file);
+    if (!copyWholeFile(file, place))
         throw Failure(u"不能保存文件 "_s + toQString(file));
-    ++m_copied;
+    m_copies.push_back(place);
 }
 
 void Keeping::putBack() {
@@ -134,6 +136,10 @@ void Keeping::putBack() {
         if (!isThere(moved.from))
             renameDurably(moved.to, moved.from);
     }
+    std::error_code ignored; // the original is in its place: a copy too many harms nothing
+    for (const std::filesystem::path& copy : m_copies)
+        std::filesystem::remove(copy, ignored);
+    m_copies.clear();
 }
 
 void Keeping::finish() {
