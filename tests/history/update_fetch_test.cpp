@@ -46,7 +46,9 @@ class Fetching : public ::testing::Test {
 
     static history::UpdateSource at(const test_support::UpdateServer& server, const QString& scheme = u"http"_s) {
         history::UpdateSource source;
-        source.server = QUrl(u"%1://127.0.0.1:%2"_s.arg(scheme).arg(server.port()));
+        source.server.setScheme(scheme);
+        source.server.setHost(u"127.0.0.1"_s);
+        source.server.setPort(server.port());
         return source;
     }
 
