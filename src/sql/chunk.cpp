@@ -36,7 +36,7 @@ std::string compressed(const void* data, std::size_t size) {
     std::string blob(ZSTD_compressBound(size), '\0');
     const std::size_t length = ZSTD_compress(blob.data(), blob.size(), data, size, kLevel);
     if (ZSTD_isError(length))
-        throw SqlError(error::kStorage, ZSTD_getErrorName(length));
+        throw SqlError(error::kStorage, std::string("数据不能压缩 ") + ZSTD_getErrorName(length));
     blob.resize(length);
     return blob;
 }

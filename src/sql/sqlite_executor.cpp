@@ -237,8 +237,13 @@ void SqliteExecutor::requireNew(const std::string& table) const {
 void SqliteExecutor::create(const std::string& table, const std::vector<ColumnDef>& columns) {
     requireNew(table);
     std::string text;
-    for (const ColumnDef& column : columns)
+    TableShape made{table, {}};
+    for (const ColumnDef& column : columns) {
+        if (made.find(column.name) >= 0)
+            throw SqlError(error::kColumnExists, "字段已经存在 " + column.name);
+        made.columns.push_back(column);
         text += (text.empty() ? "" : ", ") + sqliteColumn(column);
+    }
     m_file->run("CREATE TABLE " + sqliteName(table) + " (" + text + ")");
 }
 

@@ -1,4 +1,5 @@
 // What the engine refuses, so that both executors and the file underneath never come to see it.
+#include <algorithm>
 #include <cmath>
 
 #include <gtest/gtest.h>
@@ -84,6 +85,53 @@ TEST_P(Refusals, ALiteralTooLargeForANumberIsASyntaxError) {
     EXPECT_EQ(db->queryValue("SELECT [canshu] FROM [zuhe]"), sql::Value(std::int64_t{1}));
     db->execute("UPDATE [zuhe] SET [canshu]=99999999999*[idx]");
     EXPECT_TRUE(sql::isNull(db->queryValue("SELECT [canshu] FROM [zuhe]")));
+}
+
+TEST_P(Refusals, SayInChineseWhatIsWrong) {
+    db->execute("CREATE TABLE [zuhe]([idx] integer,[t] string)");
+    db->execute("CREATE TABLE [fig]([idx] integer)");
+    for (const char* statement : {"",
+                                  "SELECT",
+                                  "SELECT FROM [fig]",
+                                  "UPDATE [fig] SET",
+                                  "UPDATE [fig] SET [idx]=",
+                                  "DROP [fig]",
+                                  "CREATE TABLE",
+                                  "CREATE TABLE [fig]([idx] integer)",
+                                  "CREATE TABLE [zuhe]([idx] integer)",
+                                  "CREATE TABLE [x]([a] blob)",
+                                  "CREATE TABLE [x]([a] integer,[a] integer)",
+                                  "DROP TABLE [none]",
+                                  "SELECT * FROM [none]",
+                                  "SELECT [none] FROM [zuhe]",
+                                  "SELECT [none] FROM [fig]",
+                                  "UPDATE [zuhe] SET [none]=1",
+                                  "ALTER TABLE [zuhe] ADD COLUMN [t] string",
+                                  "ALTER TABLE [fig] DROP COLUMN [none]",
+                                  "ALTER TABLE [none] ADD COLUMN [t] string",
+                                  "UPDATE [zuhe] SET [idx]=none(1)",
+                                  "UPDATE [zuhe] SET [idx]=IIf(1)",
+                                  "UPDATE [zuhe] SET [idx]=\"x",
+                                  "UPDATE [zuhe] SET [idx]=[idx",
+                                  "SELECT # FROM [fig]",
+                                  "SELECT [idx] FROM [fig] ORDER BY 7",
+                                  "INSERT INTO [fig] ([idx],[idx]) VALUES (1)",
+                                  "INSERT INTO [zuhe] ([idx]) SELECT [idx],[idx] FROM [fig]",
+                                  "SELECT [idx] INTO [fig] FROM [zuhe]",
+                                  "UPDATE [zuhe] SET [idx]=1 WHERE [idx] IN (SELECT [idx] FROM [fig])",
+                                  "SELECT SUM([t]) FROM [zuhe]",
+                                  "SELECT Count(*), [idx] FROM [zuhe]",
+                                  "UPDATE [zuhe] SET [idx]=SUM([idx])",
+                                  "UPDATE [zuhe] SET [idx]=[t] + 1"}) {
+        try {
+            db->execute(statement);
+        } catch (const sql::SqlError& error) {
+            const std::string text = error.what();
+            EXPECT_TRUE(
+                std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0xE4; }))
+                << statement << ": " << text;
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, Refusals, ::testing::Values(sql::Executor::Column, sql::Executor::Sqlite));

@@ -4,6 +4,7 @@
 
 #include "filter/windows/filter_window.h"
 #include "history/store.h"
+#include "history/update.h"
 #include "history/update_install.h"
 #include "history/windows/update_fetcher.h"
 #include "mainwin/windows/form1.h"
