@@ -1,6 +1,7 @@
 #include "history/text_lines.h"
 
 #include <cstdio>
+#include <limits>
 #include <stdexcept>
 #include <utility>
 
@@ -47,8 +48,11 @@ std::string asciiOf(QStringView line) {
     return text;
 }
 
+/// The issue in front of the line, else the next one; the largest number has none behind it.
 std::int32_t issueOf(std::string_view line, std::int32_t previousIssue) {
-    return digitsAt(line, 0, kIssueDigits) ? numberAt(line, 0, kIssueDigits) : previousIssue + 1;
+    if (digitsAt(line, 0, kIssueDigits))
+        return numberAt(line, 0, kIssueDigits);
+    return previousIssue < std::numeric_limits<std::int32_t>::max() ? previousIssue + 1 : previousIssue;
 }
 
 /// \param lastIssue   a first line without an issue gets the number after this

@@ -42,8 +42,11 @@ bool fitsBetweenNeighbours(std::int32_t number, const Draw& draw, std::size_t re
 }
 
 bool fits(std::int64_t number, const History& history, const workspace::Rule& rule, int draw, std::size_t slot) {
-    if (slot == 0) // the next issue after the last draw has to fit as well
-        return number + history.Lsnum - draw < std::numeric_limits<std::int32_t>::max();
+    if (slot == 0) { // the next issue after the last draw has to fit as well
+        constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
+        constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+        return number >= kLeast && number < kMost && number + history.Lsnum - draw < kMost;
+    }
     const int range = slot == kBlue ? rule.blues : rule.reds;
     if (number < 1 || number > range)
         return false;

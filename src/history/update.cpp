@@ -1,10 +1,9 @@
 #include "history/update.h"
 
-#include <stdexcept>
-
 #include "history/text_file.h"
 #include "history/update_check.h"
 #include "history/update_install.h"
+#include "workspace/failure.h"
 #include "workspace/paths.h"
 #include "workspace/safe_file.h"
 
@@ -43,20 +42,26 @@ bool keepText(const workspace::Workspace& workspace, const QByteArray& bytes) {
 class OnlineUpdate {
   public:
     OnlineUpdate(sql::Engine& engine, workspace::Workspace& workspace, const UpdateSource& source,
-                 UpdateDialogs& dialogs)
-        : m_engine(engine), m_workspace(workspace), m_source(source), m_dialogs(dialogs) {}
+                 workspace::Dialogs& dialogs, Fetcher& fetcher)
+        : m_engine(engine), m_workspace(workspace), m_source(source), m_dialogs(dialogs), m_fetcher(fetcher) {}
 
     /// One path from the fetch to the end.
     FetchEnd attempt(const DatabasePath& path) {
-        const Fetched fetched = m_dialogs.fetch(m_source, path.server);
+        const Fetched fetched = m_fetcher.fetch(m_source.url(path.server), m_source.proxy);
         if (fetched.end != FetchEnd::Whole)
             return fetched.end;
         try {
             return take(workspace::underFolder(m_workspace.folder, path.local), fetched.bytes);
-        } catch (const std::exception&) { // an SqlError, an UnfitDatabase, or a step of the installation
-            return FetchEnd::Failed;
+        } catch (const UnfitDatabase& unfit) {
+            m_reason = u"下载的文件不是历史号码数据库："_s + QString::fromUtf8(unfit.what());
+        } catch (const std::exception& failed) {
+            m_reason = workspace::causeOf(failed) + u'\n' + workspace::detailsOf(failed);
         }
+        return FetchEnd::Failed;
     }
+
+    /// What was wrong with the last file that came whole; empty when none did.
+    const QString& reason() const { return m_reason; }
 
   private:
     FetchEnd take(const std::filesystem::path& file, const QByteArray& bytes) {
@@ -64,7 +69,7 @@ class OnlineUpdate {
         if (!workspace::writeWholeFile(file, bytes))
             return FetchEnd::Failed;
         const std::vector<Draw> draws = checkedDraws(m_engine, file);
-        if (!m_dialogs.confirm(takeQuestion(draws), kTitle))
+        if (!m_dialogs.confirm(takeQuestion(draws), kTitle, workspace::Risk::Loss))
             return FetchEnd::Cancelled;
         installUpdate(m_engine, m_workspace, file, draws);
         return FetchEnd::Whole;
@@ -73,16 +78,18 @@ class OnlineUpdate {
     sql::Engine& m_engine;
     workspace::Workspace& m_workspace;
     const UpdateSource& m_source;
-    UpdateDialogs& m_dialogs;
+    workspace::Dialogs& m_dialogs;
+    Fetcher& m_fetcher;
+    QString m_reason;
 };
 
 } // namespace
 
 bool downloadText(const workspace::Workspace& workspace, const std::optional<UpdateSource>& source,
-                  UpdateDialogs& dialogs) {
+                  workspace::Dialogs& dialogs, Fetcher& fetcher) {
     if (!dialogs.confirm(kTextQuestion, kTitle))
         return false;
-    const Fetched fetched = source ? dialogs.fetch(*source, kTextPath) : Fetched{};
+    const Fetched fetched = source ? fetcher.fetch(source->url(kTextPath), source->proxy) : Fetched{};
     if (fetched.end == FetchEnd::Cancelled)
         return false;
     if (fetched.end == FetchEnd::Failed || !keepText(workspace, fetched.bytes)) {
@@ -93,18 +100,20 @@ bool downloadText(const workspace::Workspace& workspace, const std::optional<Upd
 }
 
 bool updateOnline(sql::Engine& engine, workspace::Workspace& workspace, const std::optional<UpdateSource>& source,
-                  UpdateDialogs& dialogs) {
+                  workspace::Dialogs& dialogs, Fetcher& fetcher) {
     if (!dialogs.confirm(kDatabaseQuestion, kTitle))
         return false;
     FetchEnd end = FetchEnd::Failed;
+    QString reason;
     if (source) {
-        OnlineUpdate update(engine, workspace, *source, dialogs);
+        OnlineUpdate update(engine, workspace, *source, dialogs, fetcher);
         for (const DatabasePath& path : kDatabasePaths)
             if (end == FetchEnd::Failed)
                 end = update.attempt(path);
+        reason = update.reason();
     }
     if (end == FetchEnd::Failed)
-        dialogs.tell(kFailure, {});
+        dialogs.tell({kFailure, {}, reason});
     return !workspace.dbUser;
 }
 

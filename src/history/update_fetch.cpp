@@ -1,105 +1,94 @@
 #include "history/update_fetch.h"
 
 #include <QEventLoop>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QTimer>
+
+#include "history/update_http.h"
+
+using namespace Qt::StringLiterals;
 
 namespace history {
 
 namespace {
 
 constexpr int kMostRedirects = 10;
-constexpr int kStatusOk = 200;
+constexpr int kLooks = 10; // within the patience: a server that slows down is given up at most a tenth of it late
 
-QNetworkRequest requestFor(const QUrl& url) {
-    QNetworkRequest request(url);
-    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-    request.setMaximumRedirectsAllowed(kMostRedirects);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    request.setRawHeader("User-Agent", "ssqdesk");
-    request.setRawHeader("Accept-Encoding",
-                         "identity"); // so that the announced length is that of the bytes that come
-    return request;
+QUrl withScheme(QUrl url, const QString& scheme) {
+    url.setScheme(scheme);
+    return url;
+}
+
+bool mayFollow(const QUrl& from, const QUrl& to) {
+    const bool isSecure = to.scheme() == u"https"_s;
+    return to.isValid() && !to.host().isEmpty() &&
+           (isSecure || (to.scheme() == u"http"_s && from.scheme() == u"http"_s));
 }
 
 } // namespace
 
-Fetch::Fetch(const QNetworkProxy& proxy, const FetchLimits& limits) : m_proxy(proxy), m_limits(limits) {
-    m_silence = new QTimer(this);
-    m_silence->setSingleShot(true);
-    m_silence->setInterval(limits.silence);
-    connect(m_silence, &QTimer::timeout, this, [this] { stop(FetchEnd::Failed); });
-}
+Fetch::Fetch(const QNetworkProxy& proxy, const FetchLimits& limits) : m_proxy(proxy), m_limits(limits) {}
 
 Fetch::~Fetch() = default;
 
 Fetched Fetch::run(const QUrl& url) {
-    if (m_end != FetchEnd::Whole)
-        return {m_end, {}};
-    QNetworkAccessManager manager;
-    start(url, manager);
-    QEventLoop loop;
-    connect(m_reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    if (!m_reply->isFinished())
-        loop.exec();
-    takeBytes();
-    m_silence->stop();
-    if (m_end == FetchEnd::Whole && !isWhole())
-        m_end = FetchEnd::Failed;
-    m_reply = nullptr; // goes with the manager
-    return m_end == FetchEnd::Whole ? Fetched{m_end, m_bytes} : Fetched{m_end, {}};
+    bool mayFallBack = url.scheme().isEmpty();
+    QUrl next = mayFallBack ? withScheme(url, u"https"_s) : url;
+    qint64 headBytes = m_limits.headBytes;
+    for (int redirects = 0; redirects <= kMostRedirects && !m_cancelled;) {
+        HttpGet get(next, m_proxy, {headBytes, m_limits.bytes});
+        wait(get, mayFallBack);
+        if (m_cancelled)
+            break;
+        if (get.end() == HttpGet::End::Whole)
+            return {FetchEnd::Whole, get.body()};
+        if (get.end() == HttpGet::End::NotEstablished && mayFallBack)
+            next = withScheme(url, u"http"_s);
+        else if (get.end() == HttpGet::End::Moved && mayFollow(next, get.target()) && ++redirects)
+            next = get.target();
+        else
+            return {};
+        mayFallBack = false;
+        headBytes -= get.headBytes();
+    }
+    return {m_cancelled ? FetchEnd::Cancelled : FetchEnd::Failed, {}};
 }
 
 void Fetch::cancel() {
-    stop(FetchEnd::Cancelled);
+    m_cancelled = true;
+    if (m_loop)
+        m_loop->quit();
 }
 
-void Fetch::start(const QUrl& url, QNetworkAccessManager& manager) {
-    manager.setProxy(m_proxy);
-    m_reply = manager.get(requestFor(url));
-    connect(m_reply, &QNetworkReply::metaDataChanged, this, &Fetch::checkLength);
-    connect(m_reply, &QNetworkReply::readyRead, this, &Fetch::takeBytes);
-    m_silence->start();
+void Fetch::wait(HttpGet& get, bool mayFallBack) {
+    QEventLoop loop;
+    QTimer looks;
+    m_loop = &loop;
+    m_lookBacks.assign(1, 0);
+    connect(&get, &HttpGet::progressed, this, &Fetch::progressed);
+    connect(&get, &HttpGet::finished, &loop, &QEventLoop::quit);
+    connect(&looks, &QTimer::timeout, this, [this, &get] { watch(get); });
+    looks.start(m_limits.patience / kLooks);
+    if (mayFallBack)
+        QTimer::singleShot(m_limits.httpsFirst, &get, [&get] {
+            if (!get.isEstablished())
+                get.giveUp();
+        });
+    get.start();
+    if (get.end() == HttpGet::End::None && !m_cancelled)
+        loop.exec();
+    m_loop = nullptr;
 }
 
-void Fetch::checkLength() {
-    m_silence->start();
-    if (m_reply->header(QNetworkRequest::ContentLengthHeader).toLongLong() > m_limits.bytes)
-        stop(FetchEnd::Failed);
-}
-
-void Fetch::takeBytes() {
-    if (m_end != FetchEnd::Whole)
+/// Gives up a server that has sent too little for as long as the patience lasts.
+void Fetch::watch(HttpGet& get) {
+    m_lookBacks.push_back(get.received());
+    if (m_lookBacks.size() <= kLooks)
         return;
-    m_silence->start();
-    m_bytes += m_reply->readAll();
-    if (m_bytes.size() > m_limits.bytes)
-        return stop(FetchEnd::Failed);
-    const QVariant total = m_reply->header(QNetworkRequest::ContentLengthHeader);
-    emit progressed(m_bytes.size(), total.isValid() ? total.toLongLong() : -1);
-}
-
-void Fetch::stop(FetchEnd end) {
-    if (m_end != FetchEnd::Whole)
-        return;
-    m_end = end;
-    if (m_reply)
-        m_reply->abort();
-}
-
-/// Only the length tells whether a body came whole. A cut connection looks like the end of a body without a length,
-/// and when it cuts a body that is sent in chunks, the reply now and then ends without an error too.
-bool Fetch::isWhole() const {
-    if (!m_reply->isFinished() || m_reply->error() != QNetworkReply::NoError || m_bytes.isEmpty())
-        return false;
-    if (m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() != kStatusOk)
-        return false;
-    const QByteArray encoding = m_reply->rawHeader("Content-Encoding");
-    if (!encoding.isEmpty() && encoding.compare("identity", Qt::CaseInsensitive) != 0)
-        return false;
-    const QVariant length = m_reply->header(QNetworkRequest::ContentLengthHeader);
-    return length.isValid() && length.toLongLong() == m_bytes.size();
+    const qint64 least = m_limits.bytesPerSecond * m_limits.patience.count() / 1000;
+    if (m_lookBacks.back() - m_lookBacks.front() < least)
+        get.giveUp();
+    m_lookBacks.pop_front();
 }
 
 } // namespace history

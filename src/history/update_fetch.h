@@ -1,27 +1,34 @@
 // One file from an HTTP server, whole or not at all.
 //
 // run() returns when the fetch is over; meanwhile events are handled, so that windows paint and a button can call
-// cancel(). Redirects are followed within http and https, never from https to http. A wrong certificate, any status
-// but 200, an empty body, a body whose length is not announced, that ends before it or is longer than the limit, and
-// a server that falls silent: each is a failure. One object fetches one file.
+// cancel(). An address without a scheme is tried over https first, and over http only where https cannot be
+// established: nobody listens, or what listens speaks no TLS. Redirects are followed within http and https, never
+// from https to http. A certificate that is not trusted, any status but 200, an empty body, a body whose length is
+// not announced, that ends before it or is longer than the limit, headers beyond theirs, and a server that is silent
+// or hardly sends anything: each is a failure. One object fetches one file.
 #pragma once
 
 #include <chrono>
+#include <deque>
 
 #include <QByteArray>
 #include <QNetworkProxy>
 #include <QObject>
 #include <QUrl>
 
-class QNetworkAccessManager;
-class QNetworkReply;
-class QTimer;
+class QEventLoop;
 
 namespace history {
 
+class HttpGet;
+
 struct FetchLimits {
-    std::chrono::milliseconds silence = std::chrono::seconds(30); ///< the longest time without a byte
-    qint64 bytes = 64LL * 1024 * 1024;                            ///< the longest body
+    std::chrono::milliseconds patience = std::chrono::seconds(30); ///< how long bytes may come too slowly, or not
+    qint64 bytes = 64LL * 1024 * 1024;                             ///< the longest body
+    qint64 headBytes = 64LL * 1024;                                ///< all headers, those of redirects with them
+    qint64 bytesPerSecond = 1024;                                  ///< slower is too slow
+    /// How long https may take to stand where http can be tried instead: a server that speaks no TLS may just wait.
+    std::chrono::milliseconds httpsFirst = std::chrono::seconds(8);
 };
 
 enum class FetchEnd { Whole, Cancelled, Failed };
@@ -37,27 +44,31 @@ class Fetch : public QObject {
     explicit Fetch(const QNetworkProxy& proxy, const FetchLimits& limits = {});
     ~Fetch() override;
 
+    /// \param url  http, https, or without a scheme
     Fetched run(const QUrl& url);
-    /// Ends run(); called before it, run() returns at once.
+    /// Ends run() at once, in whatever phase; called before it, run() asks nobody.
     void cancel();
 
   signals:
-    /// \param total  announced length of the body, -1 when it is not known
+    /// \param total  announced length of the body
     void progressed(qint64 received, qint64 total);
 
   private:
-    void start(const QUrl& url, QNetworkAccessManager& manager);
-    void takeBytes();
-    void checkLength();
-    void stop(FetchEnd end);
-    bool isWhole() const;
+    void wait(HttpGet& get, bool mayFallBack);
+    void watch(HttpGet& get);
 
     QNetworkProxy m_proxy;
     FetchLimits m_limits;
-    QNetworkReply* m_reply = nullptr;
-    QTimer* m_silence = nullptr;
-    FetchEnd m_end = FetchEnd::Whole;
-    QByteArray m_bytes;
+    bool m_cancelled = false;
+    QEventLoop* m_loop = nullptr;   ///< while an answer is awaited
+    std::deque<qint64> m_lookBacks; ///< bytes received at the last looks, newest last
+};
+
+/// Fetches a file of the update server while the user sees how far it is, and may cancel it.
+class Fetcher {
+  public:
+    virtual ~Fetcher() = default;
+    virtual Fetched fetch(const QUrl& url, const QNetworkProxy& proxy) = 0;
 };
 
 } // namespace history

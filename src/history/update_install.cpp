@@ -1,7 +1,7 @@
 #include "history/update_install.h"
 
+#include <algorithm>
 #include <optional>
-#include <stdexcept>
 #include <vector>
 
 #include <QFile>
@@ -9,7 +9,10 @@
 #include "history/draw_tables.h"
 #include "history/text_file.h"
 #include "history/text_lines.h"
+#include "history/update_build.h"
 #include "history/update_check.h"
+#include "workspace/failure.h"
+#include "workspace/keeping.h"
 #include "workspace/paths.h"
 #include "workspace/safe_file.h"
 #include "workspace/templates.h"
@@ -37,6 +40,8 @@ std::optional<QByteArray> bytesOf(const std::filesystem::path& file) {
     QFile in(workspace::toQString(file));
     return in.open(QIODevice::ReadOnly) ? std::optional(in.readAll()) : std::nullopt;
 }
+
+const QString kReplaced = u"历史号码已由网上在线更新替换，更新之前的文件保存在这里。"_s;
 
 constexpr int kBareColumns = 1 + std::tuple_size_v<Draw>; // Idx and fig0..fig7
 
@@ -82,35 +87,91 @@ void rewriteFig(sql::Database& dbFilnum, const ColumnBlock& rows) {
     all.commit();
 }
 
-/// The steps behind the decision.
-void takeOver(sql::Engine& engine, const workspace::Workspace& workspace, std::span<const Draw> draws) {
-    const std::unique_ptr<sql::Database> dbFilnum = engine.open(filnumDatabase(workspace));
-    const ColumnBlock numbersBefore = storedNumbers(*dbFilnum);
-    rewriteFig(*dbFilnum, bareNumbers(draws));
-    historyTextFolder(workspace);
-    const std::filesystem::path text = historyTextFile(workspace);
-    const std::optional<QByteArray> textBefore = bytesOf(text);
-    workspace::writeWholeFile(text, drawsAsText(draws)); // a failure is passed over, as after any change
-    if (workspace::replaceDatabase(pendingDatabase(workspace), userDatabase(workspace)))
-        return;
-    if (textBefore)
-        workspace::writeWholeFile(text, *textBefore);
-    else
-        std::filesystem::remove(text);
-    rewriteFig(*dbFilnum, numbersBefore);
-    throw std::runtime_error("the downloaded history cannot be put in place");
+/// What the update takes the place of, as far as it can be read.
+struct Former {
+    bool isContained = false; ///< all of it is in the new history too
+    std::optional<QByteArray> text;
+};
+
+Former formerHistory(sql::Engine& engine, const workspace::Workspace& workspace, const HistoryTables& history) {
+    try {
+        const HistoryTables former = checkedHistory(engine, userDatabase(workspace));
+        return {former.fig.isStartOf(history.fig) && former.ylqs.isStartOf(history.ylqs) &&
+                    former.ylqsB.isStartOf(history.ylqsB),
+                drawsAsText(former.draws)};
+    } catch (const std::exception&) {
+        return {}; // without a draw, damaged, or with something of the user's own in it: kept as it is
+    }
 }
+
+/// The steps behind the decision. The former database stays in its place until the new one takes it.
+class TakeOver {
+  public:
+    TakeOver(sql::Engine& engine, const workspace::Workspace& workspace, const HistoryTables& history)
+        : m_workspace(workspace), m_history(history), m_former(formerHistory(engine, workspace, history)),
+          m_dbFilnum(engine.open(filnumDatabase(workspace))), m_numbersBefore(storedNumbers(*m_dbFilnum)),
+          m_text(historyTextFile(workspace)), m_textBefore(bytesOf(m_text)),
+          m_keeping(workspace::userFolder(workspace.folder, workspace.Username), kReplaced) {}
+
+    void run() {
+        try {
+            rewriteFig(*m_dbFilnum, bareNumbers(m_history.draws));
+            rewriteText();
+            if (!m_former.isContained)
+                m_keeping.copy(userDatabase(m_workspace));
+            if (!workspace::replaceDatabase(pendingDatabase(m_workspace), userDatabase(m_workspace)))
+                throw workspace::Failure(u"不能替换文件 "_s + workspace::toQString(userDatabase(m_workspace)));
+        } catch (const std::exception&) {
+            putBack();
+            throw;
+        }
+    }
+
+  private:
+    void rewriteText() {
+        historyTextFolder(m_workspace);
+        const QByteArray text = drawsAsText(m_history.draws);
+        if (m_textBefore && m_textBefore != m_former.text && m_textBefore != text)
+            m_keeping.copy(m_text);
+        workspace::writeWholeFile(m_text, text); // a failure is passed over, as after any change
+    }
+
+    void putBack() {
+        if (m_textBefore)
+            workspace::writeWholeFile(m_text, *m_textBefore);
+        else
+            std::filesystem::remove(m_text);
+        m_keeping.putBack();
+        rewriteFig(*m_dbFilnum, m_numbersBefore);
+    }
+
+    const workspace::Workspace& m_workspace;
+    const HistoryTables& m_history;
+    Former m_former;
+    std::unique_ptr<sql::Database> m_dbFilnum;
+    ColumnBlock m_numbersBefore;
+    std::filesystem::path m_text;
+    std::optional<QByteArray> m_textBefore;
+    workspace::Keeping m_keeping;
+};
 
 } // namespace
 
 void installUpdate(sql::Engine& engine, workspace::Workspace& workspace, const std::filesystem::path& downloaded,
                    std::span<const Draw> draws) {
-    if (!workspace::copyDatabase(downloaded, pendingDatabase(workspace)))
-        throw std::runtime_error("no room for the downloaded history");
+    const HistoryTables history = checkedHistory(engine, downloaded);
+    if (!std::equal(draws.begin(), draws.end(), history.draws.begin(), history.draws.end()))
+        throw workspace::Failure(u"下载的文件已被改动 "_s + workspace::toQString(downloaded));
+    {
+        NewHistory made(engine);
+        made.fill(history);
+        if (!workspace::copyDatabase(made.file(), pendingDatabase(workspace)))
+            throw workspace::Failure(u"不能写入文件 "_s + workspace::toQString(pendingDatabase(workspace)));
+    }
     workspace.dbUser.reset();
     workspace.dbNumsave.reset();
     try {
-        takeOver(engine, workspace, draws);
+        TakeOver(engine, workspace, history).run();
     } catch (const std::exception&) {
         workspace::removeDatabase(pendingDatabase(workspace));
         throw;
@@ -125,7 +186,8 @@ void finishUpdate(sql::Engine& engine, const workspace::Workspace& workspace) {
     if (!std::filesystem::exists(pending, ignored))
         return;
     try {
-        takeOver(engine, workspace, checkedDraws(engine, pending));
+        const HistoryTables history = checkedHistory(engine, pending);
+        TakeOver(engine, workspace, history).run();
     } catch (const std::exception&) {
         workspace::removeDatabase(pending);
     }

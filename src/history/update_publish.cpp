@@ -8,6 +8,7 @@
 #include "history/history.h"
 #include "history/store.h"
 #include "history/text_lines.h"
+#include "history/update_check.h"
 #include "history/update_source.h"
 #include "sql/database.h"
 #include "workspace/rule.h"
@@ -129,8 +130,14 @@ void publishHistory(std::span<const Draw> draws, const std::filesystem::path& fo
     if (!scratch.isValid())
         throw PublishError("不能建立临时文件夹");
     const std::filesystem::path work = workspace::toPath(scratch.path());
+    const std::filesystem::path database = work / "Lishihaoma.mdb";
     try {
-        writeFiles(buildDatabase(draws, work), work / "Lishihaoma.mdb", folder);
+        const History history = buildDatabase(draws, work);
+        sql::Engine engine;
+        checkedDraws(engine, database); // what no program would take is not served
+        writeFiles(history, database, folder);
+    } catch (const UnfitDatabase& unfit) {
+        throw PublishError(std::string("这些历史号码不能用于更新: ") + unfit.what());
     } catch (const sql::SqlError& failed) {
         throw PublishError(std::string("不能生成数据库: ") + failed.what());
     }

@@ -52,7 +52,7 @@ std::optional<UpdateSource> updateSource(const workspace::Settings& settings) {
     const QString scheme = setting(u"Scheme"_s).toLower();
     if (!scheme.isEmpty() && scheme != u"http"_s && scheme != u"https"_s)
         return std::nullopt;
-    source.server.setScheme(scheme.isEmpty() ? u"http"_s : scheme);
+    source.server.setScheme(scheme);
     source.server.setHost(setting(u"Host"_s));
     if (const QString text = setting(u"Port"_s); !text.isEmpty()) {
         const std::optional<int> port = portOf(text);

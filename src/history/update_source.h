@@ -3,8 +3,8 @@
 //
 // The settings are those that all users share, section "Update":
 //   "Host"    name or address of the server; empty: there is none
-//   "Port"    1..65535; empty: the port of the scheme
-//   "Scheme"  "http" (also when empty) or "https"
+//   "Port"    1..65535, for either scheme; empty: the port of the scheme
+//   "Scheme"  "http" or "https"; empty: https, and http where https cannot be established
 //   "Proxy"   host:port, http://host:port or socks5://host:port, a user and a password before an @; empty: none
 #pragma once
 
@@ -30,7 +30,7 @@ struct DatabasePath {
 extern const DatabasePath kDatabasePaths[2];
 
 struct UpdateSource {
-    QUrl server; ///< scheme, host and port
+    QUrl server; ///< host, port, and a scheme unless both may be tried
     QNetworkProxy proxy{QNetworkProxy::NoProxy};
 
     /// \param path  any text; it is sent as percent-encoded UTF-8

@@ -47,8 +47,6 @@ template <class List> QString listText(const List& list, int count) {
 Pad::Pad(int reds, int blues, QObject* parent) : QObject(parent), m_reds(reds), m_blues(blues) {}
 
 std::int64_t Pad::combinations(int all, int taken) {
-    if (taken < 0 || taken > all)
-        return 0;
     std::int64_t product = 1;
     for (int step = 0; step < taken; ++step)
         product = product * (all - step) / (step + 1); // whole at each step: it is C(all, step + 1)

@@ -85,7 +85,8 @@ class Pad : public QObject {
     const QString& danText() const { return m_danText; }
     const QString& blueText() const { return m_blueText; }
 
-    /// Ways to choose `taken` of `all`: 1 for none taken, 0 when more are taken than there are or fewer than none.
+    /// Ways to choose `taken` of `all`: 1 for none taken, 0 when more are taken than there are. Fewer than none,
+    /// which seven bankers ask for, give 1 as well: the status text announces what the banker window announces.
     static std::int64_t combinations(int all, int taken);
 
   signals:

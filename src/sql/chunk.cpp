@@ -10,6 +10,7 @@
 
 #include "sql/error.h"
 #include "sql/scalar.h"
+#include "sql/text_recipe.h"
 
 namespace sql {
 
@@ -20,8 +21,9 @@ namespace {
 // How the rows of a chunk are kept. These bytes are in users' files: never renumber them.
 enum class Encoding : char { AllNull = 0, Sequence = 1, Numbers = 2, Bits = 3, EqualBits = 4, Reals = 5, Recipe = 6 };
 
-// A text of kTextLimit characters of four bytes each, and its length.
-constexpr std::size_t kMostTextBytes = kTextsPerBlob * (kTextLimit * 4 + sizeof(std::uint32_t));
+constexpr std::size_t kMostBytesOfText = kTextLimit * 4; // four bytes a character at most
+// Such texts and their lengths.
+constexpr std::size_t kMostTextBytes = kTextsPerBlob * (kMostBytesOfText + sizeof(std::uint32_t));
 
 // Level 1: about as fast as memory can be read here, and lottery columns are mostly runs.
 constexpr int kLevel = 1;
@@ -34,7 +36,7 @@ std::string compressed(const void* data, std::size_t size) {
     std::string blob(ZSTD_compressBound(size), '\0');
     const std::size_t length = ZSTD_compress(blob.data(), blob.size(), data, size, kLevel);
     if (ZSTD_isError(length))
-        throw SqlError(error::kStorage, ZSTD_getErrorName(length));
+        throw SqlError(error::kStorage, std::string("数据不能压缩 ") + ZSTD_getErrorName(length));
     blob.resize(length);
     return blob;
 }
@@ -246,14 +248,18 @@ std::string encodeRecipe(const ColumnTable& table, const TextRecipe& recipe) {
 
 void decodeRecipe(std::string_view blob, Column& column, std::size_t size, std::size_t count) {
     TextRecipe recipe;
+    std::size_t longest = 0;
     while (!blob.empty()) {
         TextRecipe::Part part;
         part.literal = takeSection(blob);
         part.field = takeNumber(blob);
         const std::uint32_t digits = takeNumber(blob);
-        if (digits > 20 || recipe.parts.size() > kTextLimit)
+        if (digits > 20)
             damaged();
         part.digits = static_cast<std::uint8_t>(digits);
+        longest += longestText(part);
+        if (longestText(part) == 0 || longest > kTextLimit)
+            damaged(); // no statement makes a recipe of texts that a column would have to cut
         recipe.parts.push_back(std::move(part));
     }
     const bool sameAsBefore = size == 0 || (column.recipe && *column.recipe == recipe);
@@ -342,7 +348,10 @@ void decodeTexts(std::string_view blob, Dictionary& dictionary) {
     std::string_view rest = plain;
     while (!rest.empty()) {
         const std::size_t before = dictionary.size();
-        dictionary.intern(takeSection(rest));
+        const std::string_view text = takeSection(rest);
+        if (text.size() > kMostBytesOfText)
+            damaged();
+        dictionary.intern(text);
         if (dictionary.size() == before)
             damaged(); // every text stands once, or codes would shift
     }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
+#include "sql/error.h"
 #include "sql/text_recipe.h"
 
 namespace sql {
@@ -105,6 +106,11 @@ void Column::replaceDictionary() {
     dictionary = std::make_shared<Dictionary>();
     storedTexts = 0;
     dictionaryReplaced = true;
+}
+
+void requireRoom(const ColumnTable& table, std::size_t more) {
+    if (more > kMostRows || table.rows > kMostRows - more)
+        throw SqlError(error::kStorage, "组合表最多" + std::to_string(kMostRows) + "行 " + table.name);
 }
 
 Value ColumnTable::at(std::size_t row, int column) const {

@@ -21,6 +21,10 @@ namespace sql {
 /// double click changes rewrites little.
 inline constexpr std::size_t kChunkRows = 65536;
 
+/// Rows of a table. The widest rule has 49,692,258 bets (38 reds by 6, times 18 blues); a number far beyond that in a
+/// file is damage, and would ask for gigabytes before anything else could tell.
+inline constexpr std::size_t kMostRows = std::size_t{1} << 26;
+
 /// The different texts of a column, each with its code.
 class Dictionary {
   public:
@@ -90,6 +94,10 @@ struct Column {
     /// Forgets all texts before the column is rewritten whole.
     void replaceDictionary();
 };
+
+struct ColumnTable;
+/// \throws SqlError kStorage when the table cannot take `more` rows
+void requireRoom(const ColumnTable& table, std::size_t more);
 
 struct ColumnTable {
     std::string name;

@@ -148,6 +148,7 @@ void appendSelected(ColumnTable& target, const std::vector<int>& places, ColumnT
     const std::vector<std::uint32_t> rows = rowsOf(source, select, tools).list();
     if (rows.empty())
         return;
+    requireRoom(target, rows.size());
     settleTexts(target);
     const Bitmap chosen = bitmapOf(rows, source.rows);
     const std::vector<std::uint32_t> order = placesAmong(rows, chosen);

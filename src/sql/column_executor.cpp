@@ -278,8 +278,9 @@ std::unique_ptr<Recordset::Backend> ColumnExecutor::openTable(const std::string&
 
 void ColumnExecutor::appendRows(const std::string& name, const RowBlock& block) {
     ColumnTable& table = *m_state->table(name);
-    settleTexts(table);
     const std::size_t count = block.values.empty() ? 0 : block.values[0].size();
+    requireRoom(table, count);
+    settleTexts(table);
     std::vector<bool> given(table.columns.size());
     for (std::size_t source = 0; source < block.columns.size(); ++source) {
         const int found = table.shape().find(block.columns[source]);

@@ -1,5 +1,7 @@
 #include "sql/column_file.h"
 
+#include <new>
+
 #include "sql/chunk.h"
 #include "sql/error.h"
 #include "sql/lexer.h"
@@ -11,8 +13,6 @@ namespace {
 std::size_t chunksOf(std::size_t rows) {
     return (rows + kChunkRows - 1) / kChunkRows;
 }
-
-constexpr std::int64_t kMostRows = 2147483647; // idx is a 32-bit number
 
 } // namespace
 
@@ -66,7 +66,7 @@ std::shared_ptr<ColumnTable> ColumnFile::load(const Entry& entry) {
     table->shapeDirty = false;
     SqliteQuery rows(*m_file, "SELECT rows FROM column_store_tables WHERE id = ?1");
     rows.bind(0, entry.id);
-    if (!rows.step() || rows.integer(0) < 0 || rows.integer(0) > kMostRows)
+    if (!rows.step() || rows.integer(0) < 0 || rows.integer(0) > static_cast<std::int64_t>(kMostRows))
         throw SqlError(error::kNotADatabase, "数据库文件已损坏");
     table->rows = static_cast<std::size_t>(rows.integer(0));
     SqliteQuery fields(*m_file, "SELECT id, name, type FROM column_store_fields WHERE table_id = ?1 ORDER BY place");
@@ -82,9 +82,13 @@ std::shared_ptr<ColumnTable> ColumnFile::load(const Entry& entry) {
     }
     if (table->columns.empty())
         throw SqlError(error::kNotADatabase, "数据库文件已损坏");
-    for (Column& column : table->columns)
-        loadColumn(*table, column);
-    resolveRecipes(*table);
+    try {
+        for (Column& column : table->columns)
+            loadColumn(*table, column);
+        resolveRecipes(*table);
+    } catch (const std::bad_alloc&) { // a sound table too large for this machine, or a damaged one: both can be
+        throw SqlError(error::kStorage, "内存不足，不能读取数据表 " + entry.name);
+    }
     return table;
 }
 

@@ -2,10 +2,9 @@
 
 #include <array>
 #include <charconv>
-#include <cmath>
-#include <cstdlib>
 #include <optional>
 
+#include "base/number_text.h"
 #include "sql/lexer.h"
 
 namespace sql {
@@ -405,8 +404,8 @@ class Parser {
     }
 
     ExprPtr realLiteral(const Token& token) {
-        const double number = std::strtod(token.text.c_str(), nullptr);
-        if (!std::isfinite(number))
+        const double number = base::val(token.text); // never by the point of the machine's language
+        if (number >= base::kLargestNumber)
             fail("数字太大");
         return literal(Value(number));
     }

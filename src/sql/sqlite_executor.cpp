@@ -1,6 +1,8 @@
 #include "sql/sqlite_executor.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
 
 #include "sql/lexer.h"
 #include "sql/scalar.h"
@@ -174,9 +176,13 @@ class TableBackend final : public Recordset::Backend {
     }
 
     static Value numberOrNull(const std::string& text) {
-        char* end = nullptr;
-        const double number = std::strtod(text.c_str(), &end);
-        return text.empty() || *end != '\0' ? Value() : Value(number);
+        const std::size_t first = text.find_first_not_of(" \t\r\n");
+        if (first == std::string::npos)
+            return {};
+        const char* end = text.data() + text.size();
+        double number = 0;
+        const auto [stop, status] = std::from_chars(text.data() + first + (text[first] == '+' ? 1 : 0), end, number);
+        return status != std::errc() || stop != end || !std::isfinite(number) ? Value() : Value(number);
     }
 
     std::shared_ptr<SqliteFile> m_file;
@@ -231,8 +237,13 @@ void SqliteExecutor::requireNew(const std::string& table) const {
 void SqliteExecutor::create(const std::string& table, const std::vector<ColumnDef>& columns) {
     requireNew(table);
     std::string text;
-    for (const ColumnDef& column : columns)
+    TableShape made{table, {}};
+    for (const ColumnDef& column : columns) {
+        if (made.find(column.name) >= 0)
+            throw SqlError(error::kColumnExists, "字段已经存在 " + column.name);
+        made.columns.push_back(column);
         text += (text.empty() ? "" : ", ") + sqliteColumn(column);
+    }
     m_file->run("CREATE TABLE " + sqliteName(table) + " (" + text + ")");
 }
 

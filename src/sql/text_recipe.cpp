@@ -46,7 +46,7 @@ class Collector {
     std::optional<TextRecipe> finish() {
         std::size_t longest = m_literal.size();
         for (const TextRecipe::Part& part : m_recipe.parts)
-            longest += part.literal.size() + std::max<std::size_t>(part.digits + 1U, kLongestNumber);
+            longest += longestText(part);
         if (m_recipe.parts.empty() || longest > kTextLimit)
             return std::nullopt;
         if (!m_literal.empty())
@@ -79,6 +79,11 @@ void appendNumber(std::int32_t number, std::size_t digits, std::string& out) {
 }
 
 } // namespace
+
+std::size_t longestText(const TextRecipe::Part& part) {
+    const bool hasNumber = part.column >= 0 || part.field != 0;
+    return part.literal.size() + (hasNumber ? std::max<std::size_t>(part.digits + 1U, kLongestNumber) : 0);
+}
 
 std::optional<TextRecipe> recipeFor(const Expr& expr, const ColumnTable& table) {
     Collector collector(table);

@@ -17,6 +17,9 @@
 
 namespace sql {
 
+/// The most bytes that a part can add to a text.
+std::size_t longestText(const TextRecipe::Part& part);
+
 /// The recipe that a bound expression is for this table, when it is one: texts, `Chr` and `format` of constants and
 /// of whole-number columns without Nulls, joined. Nothing when it could be longer than a text column holds.
 std::optional<TextRecipe> recipeFor(const Expr& expr, const ColumnTable& table);

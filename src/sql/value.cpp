@@ -1,14 +1,29 @@
 #include "sql/value.h"
 
+#include <cmath>
+
 #include "base/number_text.h"
 
 namespace sql {
+
+namespace {
+
+/// Beyond 64 bits the limit; what is no number is 0.
+std::int64_t wholeOf(double real) {
+    constexpr double kLimit = 9223372036854775808.0; // 2^63
+    const double whole = base::roundHalfEven(real);
+    if (whole >= kLimit)
+        return INT64_MAX;
+    return whole >= -kLimit ? static_cast<std::int64_t>(whole) : std::isnan(whole) ? 0 : INT64_MIN;
+}
+
+} // namespace
 
 std::int64_t toInteger(const Value& value) {
     if (const auto* whole = std::get_if<std::int64_t>(&value))
         return *whole;
     if (const auto* real = std::get_if<double>(&value))
-        return static_cast<std::int64_t>(base::roundHalfEven(*real));
+        return wholeOf(*real);
     return 0;
 }
 

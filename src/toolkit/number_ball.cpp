@@ -71,9 +71,28 @@ bool NumberBall::hitButton(const QPoint& position) const {
 }
 
 void NumberBall::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::RightButton && hitButton(event->position().toPoint()))
+    if (!hitButton(event->position().toPoint())) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    if (event->button() == Qt::RightButton)
         emit rightPressed(event->globalPosition().toPoint());
-    QAbstractButton::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_held = true;
+    click();
+}
+
+/// The press has acted already: where the mouse goes with the button held does not matter.
+void NumberBall::mouseMoveEvent(QMouseEvent* event) {
+    event->accept();
+}
+
+void NumberBall::mouseReleaseEvent(QMouseEvent* event) {
+    event->accept();
+    m_held = false;
+    update();
 }
 
 void NumberBall::keyPressEvent(QKeyEvent* event) {
@@ -108,12 +127,12 @@ void NumberBall::paintEvent(QPaintEvent*) {
     if (!isEnabled())
         colour = mixed(colour, ground, 0.6);
     const bool filled = m_state == State::Selected;
-    const bool warm = isEnabled() && (underMouse() || isDown());
+    const bool warm = isEnabled() && (underMouse() || isPressed());
     const QRectF ball = disc();
 
     QColor inside = filled ? colour : ground;
     if (warm)
-        inside = mixed(inside, filled ? palette().color(QPalette::Text) : colour, isDown() ? 0.24 : 0.12);
+        inside = mixed(inside, filled ? palette().color(QPalette::Text) : colour, isPressed() ? 0.24 : 0.12);
     painter.setBrush(inside);
     painter.setPen(QPen(colour, 1.5));
     painter.drawEllipse(m_state == State::Banker ? ball.adjusted(4, 4, -4, -4) : ball.adjusted(1, 1, -1, -1));

@@ -123,9 +123,10 @@ void Keeping::copy(const std::filesystem::path& file) {
     if (!isThere(file))
         return;
     begin();
-    if (!copyWholeFile(file, freePlace(file)))
+    const std::filesystem::path place = freePlace(file);
+    if (!copyWholeFile(file, place))
         throw Failure(u"不能保存文件 "_s + toQString(file));
-    ++m_copied;
+    m_copies.push_back(place);
 }
 
 void Keeping::putBack() {
@@ -135,6 +136,10 @@ void Keeping::putBack() {
         if (!isThere(moved.from))
             renameDurably(moved.to, moved.from);
     }
+    std::error_code ignored; // the original is in its place: a copy too many harms nothing
+    for (const std::filesystem::path& copy : m_copies)
+        std::filesystem::remove(copy, ignored);
+    m_copies.clear();
 }
 
 void Keeping::finish() {

@@ -29,12 +29,13 @@ class Keeping {
     void move(const std::filesystem::path& file);
     /// Copies a file that stays in its place. \throws Failure when the copy is not whole: there is none then
     void copy(const std::filesystem::path& file);
-    /// Puts back what move() has taken, after a failure. A file that is in the way by now stays.
+    /// Puts back what move() has taken, after a failure, and takes away what copy() has made. A file that is in the
+    /// way by now stays.
     void putBack();
     /// From now on there is a notice, unless nothing had to be kept.
     void finish();
 
-    bool isEmpty() const { return m_moved.empty() && m_copied == 0; }
+    bool isEmpty() const { return m_moved.empty() && m_copies.empty(); }
     /// The folder "保存 …"; it exists once a file was kept.
     const std::filesystem::path& folder() const { return m_folder; }
 
@@ -52,7 +53,7 @@ class Keeping {
     QString m_what;
     bool m_begun = false;
     std::vector<Moved> m_moved;
-    int m_copied = 0;
+    std::vector<std::filesystem::path> m_copies;
 };
 
 /// What one Keeping has put away.

@@ -131,7 +131,7 @@ TEST_F(KillingAnUpdate, LeavesOneHistoryOrTheOtherWhole) {
     const unsigned seed = environmentNumber("SSQ_SEED", std::random_device()());
     std::printf("SSQ_SEED=%u\n", seed);
     std::mt19937 random(seed);
-    std::uniform_int_distribution<int> delays(0, 80000);
+    std::uniform_int_distribution<int> delays(0, 400000);
     int decided = 0;
     for (unsigned kill = 0; kill < environmentNumber("SSQ_KILLS", 25) && !HasFailure(); ++kill) {
         SCOPED_TRACE("kill " + std::to_string(kill));

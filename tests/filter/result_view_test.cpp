@@ -41,6 +41,13 @@ TEST_P(ResultView, RunsPreciselyTheseStatements) {
                      ">=10001 AND [idx] <=20000"}));
 }
 
+TEST_P(ResultView, APageOfAnySizeIsEmptyWhenNoRowIsOnIt) {
+    table.enumerate(7, {1, 2});
+    for (const double page : {2.0, 0.0, -5.0, 1e15, 1e300, 1.7976931348623157e308, -1.7976931348623157e308})
+        EXPECT_EQ(table.view().page(page).rows.count(), 0) << page;
+    EXPECT_EQ(table.view().page(1).rows.count(), 14);
+}
+
 TEST_P(ResultView, HasAHeadingForEachColumn) {
     table.enumerate(7, {1, 2});
     const Texts plain{"号码索引", "1位", "2位", "3位", "4位", "5位", "6位", "蓝球"};

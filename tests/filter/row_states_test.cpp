@@ -64,6 +64,15 @@ TEST_P(RowStates, ResetAllNeitherTakesASnapshotNorCanBeUndone) {
     EXPECT_EQ(unslt(), (Ints{0, 0, 0, 0}));
 }
 
+TEST_P(RowStates, ATextThatIsNoRowsNumberTogglesNothing) {
+    for (const std::string& text :
+         {std::string(), std::string("号码索引"), std::string("5"), std::string("0"), std::string("-1"),
+          std::string("2147483648"), std::string("99999999999999999999"), std::string("1E400"), std::string(400, '9'),
+          std::string(1 << 20, '1'), std::string("\""), std::string("1 2")})
+        EXPECT_EQ(table.states().toggle(text), Toggled::NotFound) << text.substr(0, 30);
+    EXPECT_EQ(unslt(), (Ints{0, 0, 0, 0}));
+}
+
 TEST_P(RowStates, OnlyTheRowsOfTheLastFilterReturn) {
     takeOutFirst();
     takeOutLast();

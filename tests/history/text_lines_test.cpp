@@ -1,5 +1,6 @@
 #include "history/text_lines.h"
 
+#include <limits>
 #include <random>
 #include <stdexcept>
 
@@ -28,6 +29,13 @@ TEST(HistoryText, ALineWithoutAnIssueGetsTheNextNumber) {
     EXPECT_EQ(parseLine("10 11 12 13 26 28 11", 2003000), kFirst);
     EXPECT_EQ(parseDraws(u"2003001 01 02 03 04 05 06 07\n08 09 10 11 12 13 14"_s).draws.at(1)[0], 2003002);
     EXPECT_EQ(parseDraws(u"08 09 10 11 12 13 14"_s).draws.at(0)[0], 1);
+}
+
+TEST(HistoryText, TheLargestNumberHasNoNextIssue) {
+    const auto parsed =
+        history::parseDrawsAfter(u"1 2 3\n01 02 03 04 05 06 07\n"_s, std::numeric_limits<std::int32_t>::max());
+    EXPECT_TRUE(parsed.draws.empty()); // nothing is behind it
+    EXPECT_EQ((*parseLine("10 11 12 13 26 28 11", std::numeric_limits<std::int32_t>::max()))[0], 2147483647);
 }
 
 TEST(HistoryText, SevenDigitsInFrontAreAnIssueEvenWhenOnlyBlanksFollow) {

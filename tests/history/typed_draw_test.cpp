@@ -138,6 +138,10 @@ TEST(Correction, AnIssueIsAnyNumberThatLeavesRoomForTheNext) {
     expectCorrection(u"2147483646"_s, 0, true);
     expectCorrection(u"2147483647"_s, 0, false);
     expectCorrection(u"99999999999999999999"_s, 0, false);
+    expectCorrection(u"9223372036854775807"_s, 0, false); // the most of 64 bits
+    expectCorrection(u"-9223372036854775808"_s, 0, false);
+    expectCorrection(u"-2147483649"_s, 0, false);
+    expectCorrection(QString(20000, u'9'), 0, false);
     expectCorrection(QString(), 0, false);
     EXPECT_TRUE(std::holds_alternative<Complaint>(readCorrection(u"2147483646"_s, held(), kRule, 1, 0)));
 }

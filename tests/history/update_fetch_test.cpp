@@ -4,6 +4,11 @@
 #include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QSslSocket>
+#include <QTimer>
+
+#include <arpa/inet.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <gtest/gtest.h>
 
@@ -34,14 +39,16 @@ class Fetching : public ::testing::Test {
         writeBytes(file, body);
     }
 
-    static Fetched fetch(const history::UpdateSource& source, std::chrono::milliseconds silence = 10s) {
-        Fetch fetch(source.proxy, {silence, kMostBytes});
+    static Fetched fetch(const history::UpdateSource& source, std::chrono::milliseconds patience = 10s) {
+        Fetch fetch(source.proxy, {.patience = patience, .bytes = kMostBytes, .httpsFirst = patience});
         return fetch.run(source.url(history::kTextPath));
     }
 
     static history::UpdateSource at(const test_support::UpdateServer& server, const QString& scheme = u"http"_s) {
         history::UpdateSource source;
-        source.server = QUrl(u"%1://127.0.0.1:%2"_s.arg(scheme).arg(server.port()));
+        source.server.setScheme(scheme);
+        source.server.setHost(u"127.0.0.1"_s);
+        source.server.setPort(server.port());
         return source;
     }
 
@@ -68,9 +75,26 @@ TEST_F(Fetching, WaitsForASlowServerThatDoesNotFallSilent) {
 
 TEST_F(Fetching, GivesNothingWhenAnythingIsWrong) {
     test_support::UpdateServer server(folder.path());
-    for (const auto& fault :
-         {u"missing"_s, u"error"_s, u"empty"_s, u"cut"_s, u"cut-chunk"_s, u"cut-quietly"_s, u"silent"_s, u"slow"_s,
-          u"endless"_s, u"long"_s, u"packed"_s, u"moved-to-ftp"_s, u"moved-to-file"_s, u"moved-in-a-circle"_s}) {
+    for (const auto& fault : {u"missing"_s,
+                              u"error"_s,
+                              u"empty"_s,
+                              u"cut"_s,
+                              u"cut-chunk"_s,
+                              u"cut-quietly"_s,
+                              u"silent"_s,
+                              u"slow"_s,
+                              u"endless"_s,
+                              u"long"_s,
+                              u"packed"_s,
+                              u"trickle"_s,
+                              u"large-headers"_s,
+                              u"endless-headers"_s,
+                              u"endless-header"_s,
+                              u"endless-status"_s,
+                              u"trickling-headers"_s,
+                              u"moved-to-ftp"_s,
+                              u"moved-to-file"_s,
+                              u"moved-in-a-circle"_s}) {
         server.setFault(fault);
         const Fetched fetched = fetch(at(server), 300ms);
         EXPECT_EQ(fetched.end, FetchEnd::Failed) << fault.toStdString();
@@ -109,7 +133,7 @@ TEST_F(Fetching, FailsAtOnceWhereNobodyListens) {
 TEST_F(Fetching, EndsWhenItIsCancelled) {
     test_support::UpdateServer server(folder.path());
     server.setFault(u"slow"_s);
-    Fetch slow(QNetworkProxy::NoProxy, {60s, kMostBytes});
+    Fetch slow(QNetworkProxy::NoProxy, {.patience = 60s, .bytes = kMostBytes});
     qint64 announced = 0;
     QObject::connect(&slow, &Fetch::progressed, &slow, [&](qint64 received, qint64 total) {
         announced = total;
@@ -162,6 +186,103 @@ class TrustedCertificate {
     QSslConfiguration m_before = QSslConfiguration::defaultConfiguration();
 };
 
+TEST_F(Fetching, TriesHttpsFirstWhereNoSchemeIsTold) {
+    if (!QSslSocket::supportsSsl())
+        GTEST_SKIP() << "Qt has no TLS here";
+    const TrustedCertificate trusted;
+    test_support::UpdateServer secure(folder.path(), kCertificate);
+    EXPECT_EQ(fetch(at(secure, {})).bytes, body);
+    test_support::UpdateServer plain(folder.path());
+    EXPECT_EQ(fetch(at(plain, {}), 1s).bytes, body) << "what speaks no TLS is asked over http";
+    EXPECT_EQ(plain.takeRequests().size(), 1);
+    history::UpdateSource nobody;
+    nobody.server = QUrl(u"//127.0.0.1:1"_s);
+    EXPECT_EQ(fetch(nobody).end, FetchEnd::Failed);
+}
+
+TEST_F(Fetching, FallsToHttpForNothingThatHttpsHasAnswered) {
+    if (!QSslSocket::supportsSsl())
+        GTEST_SKIP() << "Qt has no TLS here";
+    // A plain server stands where http would go: it must not be asked.
+    test_support::UpdateServer plain(folder.path());
+    {
+        test_support::UpdateServer distrusted(folder.path(), kCertificate);
+        distrusted.setFault(u"moved-to-http"_s, QString::number(plain.port()));
+        EXPECT_EQ(fetch(at(distrusted, {})).end, FetchEnd::Failed) << "its certificate is not trusted";
+        EXPECT_TRUE(distrusted.takeRequests().isEmpty());
+    }
+    const TrustedCertificate trusted;
+    test_support::UpdateServer secure(folder.path(), kCertificate);
+    for (const auto& fault : {u"missing"_s, u"silent"_s, u"cut"_s}) {
+        secure.setFault(fault);
+        EXPECT_EQ(fetch(at(secure, {}), 500ms).end, FetchEnd::Failed) << fault.toStdString();
+        EXPECT_EQ(secure.takeRequests().size(), 1) << fault.toStdString();
+    }
+    secure.setFault(u"moved-to-http"_s, QString::number(plain.port()));
+    EXPECT_EQ(fetch(at(secure, {})).end, FetchEnd::Failed);
+    EXPECT_TRUE(plain.takeRequests().isEmpty());
+}
+
+/// A port of this machine that accepts connections and never says anything; full: not even that.
+class DeafPort {
+  public:
+    explicit DeafPort(bool full) {
+        sockaddr_in place{};
+        place.sin_family = AF_INET;
+        place.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        m_listening = ::socket(AF_INET, SOCK_STREAM, 0);
+        EXPECT_EQ(::bind(m_listening, reinterpret_cast<sockaddr*>(&place), sizeof place), 0);
+        EXPECT_EQ(::listen(m_listening, full ? 0 : 8), 0);
+        socklen_t length = sizeof place;
+        ::getsockname(m_listening, reinterpret_cast<sockaddr*>(&place), &length);
+        m_port = ntohs(place.sin_port);
+        for (int waiting = 0; full && waiting < 4; ++waiting) { // the queue of the port is full then
+            m_waiting.push_back(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, 0));
+            ::connect(m_waiting.back(), reinterpret_cast<sockaddr*>(&place), sizeof place);
+        }
+    }
+    ~DeafPort() {
+        ::close(m_listening);
+        for (const int waiting : m_waiting)
+            ::close(waiting);
+    }
+
+    QUrl url(const QString& scheme) const { return QUrl(u"%1://127.0.0.1:%2/x"_s.arg(scheme).arg(m_port)); }
+
+  private:
+    int m_listening = -1;
+    int m_port = 0;
+    std::vector<int> m_waiting;
+};
+
+TEST_F(Fetching, CanBeCancelledInEveryPhase) {
+    const DeafPort full(true), deaf(false);
+    test_support::UpdateServer server(folder.path());
+    const std::pair<const char*, QUrl> phases[] = {
+        {"name lookup", QUrl(u"http://nowhere.invalid/x"_s)},
+        {"connection", full.url(u"http"_s)},
+        {"TLS", deaf.url(u"https"_s)},
+        {"headers", deaf.url(u"http"_s)},
+        {"endless headers", at(server).url(history::kTextPath)},
+    };
+    server.setFault(u"endless-headers"_s);
+    for (const auto& [phase, url] : phases) {
+        // No limit would end it before the test itself gives up.
+        Fetch fetch(QNetworkProxy::NoProxy, {.patience = 10min, .headBytes = qint64{1} << 40});
+        QTimer::singleShot(phase == std::string_view("name lookup") ? 0 : 50, &fetch, [&fetch] { fetch.cancel(); });
+        EXPECT_EQ(fetch.run(url).end, FetchEnd::Cancelled) << phase;
+    }
+}
+
+TEST_F(Fetching, CountsTheHeadersOfRedirectsWithTheOthers) {
+    test_support::UpdateServer server(folder.path());
+    server.setFault(u"moved"_s);
+    Fetch enough(QNetworkProxy::NoProxy, {.headBytes = 600});
+    EXPECT_EQ(enough.run(at(server).url(history::kTextPath)).end, FetchEnd::Whole);
+    Fetch little(QNetworkProxy::NoProxy, {.headBytes = 250}); // each of the two answers has less
+    EXPECT_EQ(little.run(at(server).url(history::kTextPath)).end, FetchEnd::Failed);
+}
+
 TEST_F(Fetching, IsNeverSentFromHttpsToHttp) {
     if (!QSslSocket::supportsSsl())
         GTEST_SKIP() << "Qt has no TLS here";
@@ -174,9 +295,11 @@ TEST_F(Fetching, IsNeverSentFromHttpsToHttp) {
     EXPECT_TRUE(plain.takeRequests().isEmpty());
 }
 
-TEST(FetchLimitsTest, AreHalfAMinuteOfSilenceAnd64Mebibytes) {
-    EXPECT_EQ(history::FetchLimits{}.silence, 30s);
+TEST(FetchLimitsTest, AreHalfAMinuteBelowAKibibyteASecondAnd64Mebibytes) {
+    EXPECT_EQ(history::FetchLimits{}.patience, 30s);
+    EXPECT_EQ(history::FetchLimits{}.bytesPerSecond, 1024);
     EXPECT_EQ(history::FetchLimits{}.bytes, 67108864);
+    EXPECT_EQ(history::FetchLimits{}.headBytes, 65536);
 }
 
 class Sources : public ::testing::Test {
@@ -195,12 +318,13 @@ class Sources : public ::testing::Test {
     ScratchFolder folder;
 };
 
-TEST_F(Sources, AreHttpOnTheUsualPortUnlessToldOtherwise) {
+TEST_F(Sources, AreOfEitherSchemeOnTheUsualPortUnlessToldOtherwise) {
     EXPECT_FALSE(history::updateSource(workspace::Settings(folder.path())));
-    EXPECT_EQ(with(u"example.com"_s)->url(u"/a b/红.Txt"_s).toEncoded(), "http://example.com/a%20b/%E7%BA%A2.Txt");
+    EXPECT_EQ(with(u"example.com"_s)->url(u"/a b/红.Txt"_s).toEncoded(), "//example.com/a%20b/%E7%BA%A2.Txt");
+    EXPECT_EQ(with(u"example.com"_s, u"81"_s, u"http"_s)->url(u"/x"_s).toString(), u"http://example.com:81/x"_s);
     EXPECT_EQ(with(u" example.com "_s, u"8080"_s, u"HTTPS"_s)->url(u"/x"_s).toString(),
               u"https://example.com:8080/x"_s);
-    EXPECT_EQ(with(u"::1"_s, u"80"_s)->url(u"/x"_s).toString(), u"http://[::1]:80/x"_s);
+    EXPECT_EQ(with(u"::1"_s, u"80"_s)->url(u"/x"_s).toString(), u"//[::1]:80/x"_s);
     EXPECT_EQ(with(u"example.com"_s)->proxy.type(), QNetworkProxy::NoProxy);
 }
 

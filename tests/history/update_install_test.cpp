@@ -10,6 +10,7 @@
 #include "history/update_check.h"
 #include "history/update_source.h"
 #include "history/update_support.h"
+#include "workspace/keeping.h"
 #include "workspace/safe_file.h"
 #include "workspace/templates.h"
 
@@ -36,6 +37,15 @@ class Installing : public ::testing::Test {
         fresh.workspace.dbFilnum.reset();
         history::finishUpdate(fresh.engine, fresh.workspace);
         fresh.reopen();
+    }
+
+    static std::string dump(sql::Database& database, const char* table) {
+        const sql::Rows rows = database.query(std::string("SELECT * FROM [") + table + "]");
+        std::string all;
+        for (std::int64_t row = 0; row < rows.count(); ++row)
+            for (int column = 0; column < rows.columnCount(); ++column)
+                all += rows.textAt(row, column) + (column + 1 < rows.columnCount() ? '\t' : '\n');
+        return all;
     }
 
     std::vector<Draw> bareNumbers() {
@@ -79,6 +89,83 @@ TEST_F(Installing, ReplacesTablesNumbersAndText) {
     EXPECT_FALSE(std::filesystem::exists(downloaded)); // it was put in the place of the old one
     fresh.reopen();
     expectAll(draws);
+}
+
+TEST_F(Installing, PutsANewFileInPlaceAndNeverTheDownloadedOne) {
+    fresh.engine.open(downloaded)->execute("UPDATE [Gailvtmp] SET [gailv] = 7");
+    install();
+    const auto installed = fresh.engine.open(userFile);
+    EXPECT_EQ(installed->queryValue("SELECT SUM([gailv]) FROM [Gailvtmp]"), sql::Value(0.0));
+    for (const char* table : {"fig", "Ylqs", "YlqsB", "Gailv", "GailvB"}) {
+        const auto other = fresh.engine.open(published.file(history::kDatabasePaths[1].server));
+        EXPECT_EQ(dump(*installed, table), dump(*other, table)) << table;
+    }
+}
+
+TEST_F(Installing, RefusesAFileThatIsNoLongerTheOneThatWasConfirmed) {
+    fresh.engine.open(downloaded)->execute("UPDATE [fig] SET [fig7] = 17 WHERE [Idx] = 7");
+    EXPECT_THROW(install(), std::runtime_error);
+    fresh.reopen();
+    expectAll(old);
+}
+
+TEST_F(Installing, KeepsTheFormerHistoryThatTheNewOneDoesNotHold) {
+    const QByteArray before = [&] {
+        fresh.workspace.dbUser.reset();
+        return bytesOf(userFile);
+    }();
+    install();
+    const auto kept = workspace::unreadKeptFiles(userFile.parent_path());
+    ASSERT_EQ(kept.size(), 1u);
+    EXPECT_EQ(kept[0].what, u"历史号码已由网上在线更新替换，更新之前的文件保存在这里。"_s);
+    ASSERT_EQ(kept[0].files, std::vector{kept[0].folder / "张三.mdb"}); // the text said the same as the database
+    EXPECT_EQ(bytesOf(kept[0].files[0]), before);
+}
+
+TEST_F(Installing, KeepsNothingWhenTheNewHistoryOnlyGoesOn) {
+    history::History same;
+    history::replaceHistory(same, fresh.workspace, std::span(draws).first(20));
+    history::writeHistoryText(same, fresh.workspace);
+    install();
+    EXPECT_TRUE(workspace::unreadKeptFiles(userFile.parent_path()).empty());
+    fresh.reopen();
+    expectAll(draws);
+}
+
+TEST_F(Installing, KeepsADrawThatTheUserHasCorrected) {
+    history::History same;
+    history::replaceHistory(same, fresh.workspace, std::span(draws).first(20));
+    fresh.workspace.dbUser->execute("UPDATE [fig] SET [Znum] = 1 WHERE [Idx] = 3");
+    install();
+    EXPECT_EQ(workspace::unreadKeptFiles(userFile.parent_path()).size(), 1u);
+}
+
+TEST_F(Installing, KeepsATextThatTheUserHasWritten) {
+    writeBytes(text, "2003001 my own notes");
+    install();
+    const auto kept = workspace::unreadKeptFiles(userFile.parent_path());
+    ASSERT_EQ(kept.size(), 1u);
+    ASSERT_EQ(kept[0].files.size(), 2u);
+    EXPECT_EQ(bytesOf(kept[0].folder / text.filename()), "2003001 my own notes");
+    fresh.reopen();
+    expectAll(draws);
+}
+
+TEST_F(Installing, KeepsTheFormerHistoryAfterAKillTooHoweverFarItWas) {
+    fresh.workspace.dbUser.reset();
+    const QByteArray before = bytesOf(userFile);
+    ASSERT_TRUE(workspace::copyDatabase(downloaded, pending));
+    const auto unfinished = userFile.parent_path() / "保存 2026-11-21 230105"; // cut off between copy and renaming
+    std::filesystem::create_directory(unfinished);
+    writeBytes(unfinished / "正在保存.txt", "历史号码已由网上在线更新替换，更新之前的文件保存在这里。\n");
+    writeBytes(unfinished / "张三.mdb", before);
+    startAgain();
+    expectAll(draws);
+    const auto kept = workspace::unreadKeptFiles(userFile.parent_path());
+    ASSERT_EQ(kept.size(), 1u);
+    EXPECT_EQ(kept[0].folder, unfinished);
+    for (const auto& file : kept[0].files)
+        EXPECT_EQ(bytesOf(file), before);
 }
 
 TEST_F(Installing, CreatesTheNumbersWithTheirOwnColumnsOnly) {
@@ -162,6 +249,7 @@ TEST_F(Installing, PutsTextAndNumbersBackWhenTheDatabaseCannotBeReplaced) {
     EXPECT_FALSE(std::filesystem::exists(pending));
     EXPECT_EQ(bytesOf(text), history::drawsAsText(old));
     EXPECT_EQ(bareNumbers(), old);
+    EXPECT_TRUE(workspace::unreadKeptFiles(userFile.parent_path()).empty());
 }
 
 TEST_F(Installing, LeavesNoJournalOfTheOldDatabaseBesideTheNewOne) {

@@ -107,6 +107,8 @@ TEST_F(Publishing, RefusesDrawsOfAnotherRuleAndDrawsOutOfOrder) {
          {Draw{1, 0, 2, 3, 4, 5, 6, 7}, Draw{1, 1, 2, 3, 4, 5, 6, 17}, Draw{1, 1, 2, 3, 4, 5, 6, 0},
           Draw{1, 1, 3, 2, 4, 5, 6, 7}, Draw{1, 1, 2, 2, 4, 5, 6, 7}})
         EXPECT_NE(refusal({wrong}), "");
+    EXPECT_NE(refusal({good, {2003001, 1, 2, 3, 4, 5, 6, 7}}), "") << "the issues do not rise";
+    EXPECT_NE(refusal({{9999001, 1, 2, 3, 4, 5, 6, 7}}), "") << "a year far ahead";
     EXPECT_EQ(publishedDraws(), std::vector<Draw>{good}); // a refusal leaves what was published
 }
 

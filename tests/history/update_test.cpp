@@ -34,28 +34,33 @@ const QString kTakeQuestion =
 const QString kFailure = u"操作失败，可能您的计算机未能连上internet或者服务站点下载繁忙，或者计算机读写出错。"_s;
 
 /// Answers as told, all with OK at the end of the list, and writes down what was shown.
-struct Answers : history::UpdateDialogs {
-    bool confirm(const QString& text, const QString& title) override {
-        shown << text;
-        titles << title;
+struct Answers : workspace::Dialogs, history::Fetcher {
+    bool confirm(const workspace::Message& question, workspace::Risk) override {
+        shown << question.text;
+        titles << question.title;
         return confirms.isEmpty() || confirms.takeFirst();
     }
-    void tell(const QString& text, const QString& title) override {
-        shown << text;
-        titles << title;
+    void tell(const workspace::Message& message) override {
+        shown << message.text;
+        titles << message.title;
+        details = message.details;
     }
-    history::Fetched fetch(const history::UpdateSource& source, const QString& path) override {
+    void warn(const workspace::Message& message) override { tell(message); }
+    std::optional<QString> askText(const QString&, const QString&, const QString&) override { return {}; }
+    QString chooseFile(const QString&, const QString&) override { return {}; }
+    history::Fetched fetch(const QUrl& url, const QNetworkProxy& proxy) override {
         ++fetches;
-        history::Fetch fetch(source.proxy, {silence, 1 << 20});
+        history::Fetch fetch(proxy, {.patience = patience, .bytes = 1 << 20});
         if (cancelled)
             fetch.cancel();
-        return fetch.run(source.url(path));
+        return fetch.run(url);
     }
 
     QList<bool> confirms;
     bool cancelled = false;
-    std::chrono::milliseconds silence = 10s;
+    std::chrono::milliseconds patience = 10s;
     int fetches = 0;
+    QString details;
     QStringList shown, titles;
 };
 
@@ -74,18 +79,18 @@ class Updating : public ::testing::Test {
 
     bool online(Answers script = {}) {
         answers = std::move(script);
-        return history::updateOnline(fresh.engine, fresh.workspace, source(), answers);
+        return history::updateOnline(fresh.engine, fresh.workspace, source(), answers, answers);
     }
 
     bool text(Answers script = {}) {
         answers = std::move(script);
-        return history::downloadText(fresh.workspace, source(), answers);
+        return history::downloadText(fresh.workspace, source(), answers, answers);
     }
 
     /// Answers with OK, and does not wait long for a server that has fallen silent.
     static Answers impatient() {
         Answers answers;
-        answers.silence = 300ms;
+        answers.patience = 300ms;
         return answers;
     }
 
@@ -152,6 +157,8 @@ TEST_F(Updating, LeavesEveryFileOfTheUserAloneAfterAnyFault) {
         EXPECT_FALSE(online(impatient())) << fault.toStdString();
         EXPECT_EQ(answers.shown, (QStringList{kDatabaseQuestion, kFailure})) << fault.toStdString();
         EXPECT_EQ(answers.titles, (QStringList{kTitle, QString()}));
+        const bool cameWhole = QStringList{u"garbage"_s, u"page"_s, u"half"_s}.contains(fault);
+        EXPECT_EQ(answers.details.isEmpty(), !cameWhole) << answers.details.toStdString();
         EXPECT_EQ(answers.fetches, 2);
         EXPECT_EQ(filesOfTheUser(), before) << fault.toStdString();
         EXPECT_TRUE(fresh.workspace.dbUser); // still open, nothing to open again
@@ -194,10 +201,10 @@ TEST_F(Updating, EndsWithoutAWordWhenTheFetchIsCancelled) {
 }
 
 TEST_F(Updating, FailsAtOnceWithoutAHost) {
-    EXPECT_FALSE(history::updateOnline(fresh.engine, fresh.workspace, std::nullopt, answers));
+    EXPECT_FALSE(history::updateOnline(fresh.engine, fresh.workspace, std::nullopt, answers, answers));
     EXPECT_EQ(answers.shown, (QStringList{kDatabaseQuestion, kFailure}));
     answers = {};
-    EXPECT_FALSE(history::downloadText(fresh.workspace, std::nullopt, answers));
+    EXPECT_FALSE(history::downloadText(fresh.workspace, std::nullopt, answers, answers));
     EXPECT_EQ(answers.shown, (QStringList{kTextQuestion, kFailure}));
     EXPECT_EQ(answers.fetches, 0);
 }

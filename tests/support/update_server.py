@@ -136,6 +136,40 @@ class Handler(http.server.BaseHTTPRequestHandler):
             self.wfile.flush()
             time.sleep(0.2)
 
+    def trickle(self, path):
+        """Bytes come all the time, but hardly any."""
+        body = self.body_of(path)
+        self.head(200, Content_Length=len(body))
+        while not done.is_set():
+            self.wfile.write(body[:1])
+            time.sleep(0.02)
+
+    def large_headers(self, path):
+        """Sound, apart from a hundred kilobytes of fields before the body."""
+        body = self.body_of(path)
+        self.head(200, Content_Length=len(body), **{"X_%d" % field: "x" * 1000 for field in range(100)})
+        self.wfile.write(body)
+
+    def endless_headers(self, path):
+        self.wfile.write(b"HTTP/1.1 200 OK\r\n")
+        while not done.is_set():
+            self.wfile.write(b"X-Filler: " + b"x" * 4000 + b"\r\n")
+
+    def endless_header(self, path):
+        self.wfile.write(b"HTTP/1.1 200 OK\r\nX-Filler: ")
+        while not done.is_set():
+            self.wfile.write(b"x" * 65536)
+
+    def endless_status(self, path):
+        while not done.is_set():
+            self.wfile.write(b"x" * 65536)
+
+    def trickling_headers(self, path):
+        self.wfile.write(b"HTTP/1.1 200 OK\r\n")
+        while not done.is_set():
+            self.wfile.write(b"X: y\r\n")
+            time.sleep(0.02)
+
     def endless(self, path):
         self.head(200)
         while not done.is_set():

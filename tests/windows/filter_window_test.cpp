@@ -3,7 +3,9 @@
 
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDeadlineTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QRadioButton>
@@ -11,6 +13,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <random>
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -202,6 +205,75 @@ TEST_F(FilterWindowTest, BoxesTakeDigitsPointAndBlankOnly) {
     EXPECT_EQ(page->text(), u"12"_s);
 }
 
+/// Puts a text into a box the way a user pastes it.
+void paste(QLineEdit& box, const QString& text) {
+    QApplication::clipboard()->setText(text);
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keySequence(&box, QKeySequence::Paste);
+}
+
+TEST_F(FilterWindowTest, ANumberTooLongForAnyNumberIsTheLargest) {
+    paste(*controlAs<QLineEdit>(*m_window, u"Text18(1)"_s), QString(400, u'9'));
+    press(kForm, u"Option19"_s); // every blue is below it
+    EXPECT_EQ(shown(), 14);
+    paste(*controlAs<QLineEdit>(*m_window, u"Text18(0)"_s), QString(30000, u'9'));
+    press(kForm, u"Option19"_s);
+    EXPECT_EQ(shown(), 0);
+    EXPECT_NE(m_statements.back().find("[fig7]"), std::string::npos);
+    press(kForm, u"Command1"_s);
+    paste(*controlAs<QLineEdit>(*m_window, u"Text1"_s), QString(400, u'7'));
+    press(kForm, u"Command111"_s);
+    EXPECT_EQ(shown(), 0) << "a page behind the last";
+}
+
+TEST_F(FilterWindowTest, ABoxCutsOffWhatIsTooLongToBeMeant) {
+    auto* list = controlAs<QLineEdit>(*m_window, u"Text18(3)"_s);
+    press(kForm, u"Option36"_s);
+    paste(*list, QString(1 << 20, u'9'));
+    EXPECT_EQ(list->text().size(), kLongestText);
+    press(kForm, u"Option19"_s);
+    EXPECT_EQ(shown(), 0);
+}
+
+/// Texts that a careless or a malicious hand could paste: bets, long digits, points, exponents, words.
+QString hostileText(std::mt19937& random) {
+    const auto upTo = [&random](int most) { return std::uniform_int_distribution<int>(0, most)(random); };
+    static const QString kinds[] = {
+        u"0123456789"_s, u"0123456789. "_s, u"9"_s, u". "_s, u"0123456789.eE+-dD\"'[]*?%"_s, u"红蓝一\n\t0123"_s};
+    const QString& letters = kinds[upTo(static_cast<int>(std::size(kinds)) - 1)];
+    constexpr int kLengths[] = {0, 1, 3, 15, 16, 309, 310, 1000, 40000};
+    QString text(kLengths[upTo(static_cast<int>(std::size(kLengths)) - 1)], u'0');
+    for (QChar& c : text)
+        c = letters[upTo(static_cast<int>(letters.size()) - 1)];
+    return text;
+}
+
+TEST_F(FilterWindowTest, StandsWhateverIsPastedIntoAnyOfItsBoxes) {
+    std::mt19937 random(20260101);
+    const QList<QLineEdit*> boxes = m_window->findChildren<QLineEdit*>();
+    ASSERT_GT(boxes.size(), 70);
+    for (const bool lists : {false, true}) {
+        press(kForm, lists ? u"Option36"_s : u"Option22"_s);
+        for (const Parameter& p : sixAndBlueCatalogue()) {
+            const QString option = QString::fromUtf8(p.option.data(), static_cast<qsizetype>(p.option.size()));
+            const QString family =
+                QString::fromUtf8(p.boxes.name.data(), static_cast<qsizetype>(p.boxes.name.size()));
+            for (QLineEdit* box : boxes)
+                if (box->objectName().startsWith(family + u'(') || !box->objectName().contains(u'('))
+                    paste(*box, hostileText(random));
+            m_window->findChild<QScrollArea*>(u"ParameterRows"_s)
+                ->ensureWidgetVisible(controlAs<QRadioButton>(*m_window, option));
+            press(kForm, option);
+            EXPECT_EQ(m_window->windowTitle(), title(shown())) << p.option;
+            press(kForm, u"Command111"_s);
+            press(kForm, u"Command1"_s);
+            EXPECT_EQ(shown(), 14) << p.option;
+        }
+    }
+}
+
 TEST_F(FilterWindowTest, ListModeShowsTheListsAndRenamesTheInterval) {
     auto* counts = m_window->findChild<QWidget*>(u"Frame11"_s);
     auto* lists = m_window->findChild<QWidget*>(u"Frame13"_s);
@@ -341,6 +413,15 @@ TEST_F(FilterWindowTest, WhatChangedIsStoredOnceTheWindowIsIdle) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return !m_database->storePending(); }));
 }
 
+TEST_F(FilterWindowTest, WhatChangedIsStoredWhilePressesGoOnWithoutAPause) {
+    const QDeadlineTimer tooLong(30000);
+    do {
+        press(kForm, u"Option23"_s);
+        QTest::qWait(100);
+    } while (m_database->storePending() && !tooLong.hasExpired());
+    EXPECT_FALSE(m_database->storePending());
+}
+
 /// While it lives no file can be written: what a full disk does.
 class FullDisk {
   public:
@@ -366,6 +447,10 @@ TEST_F(FilterWindowTest, AFullDiskIsToldOnceForTheSameChanges) {
         const FullDisk full;
         const test_support::ModalScript script({{u"MsgBox"_s, [](QWidget& box) {
                                                      EXPECT_EQ(box.windowTitle(), u"数据库错误"_s);
+                                                     const auto& told = static_cast<QMessageBox&>(box);
+                                                     EXPECT_TRUE(told.text().startsWith(u"过滤结果没有写入文件："_s))
+                                                         << told.text().toStdString();
+                                                     EXPECT_FALSE(told.detailedText().isEmpty());
                                                      test_support::answer({}, QMessageBox::Ok)(box);
                                                  }}});
         m_window->close();

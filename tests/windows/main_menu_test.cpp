@@ -185,12 +185,38 @@ TEST_F(MainWindow, ThePrintSettingAsksWithTheStoredNumber) {
                                    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), u"7"_s);
                                    type(u"12注"_s)(dialog);
                                }},
-                              {u"InputBox"_s, type(u"abc"_s)}});
+                              {u"InputBox"_s, [](QWidget& dialog) { static_cast<QDialog&>(dialog).reject(); }}});
     trigger(*form, u"mnuPtset"_s);
     EXPECT_EQ(stored.at(u"setup/dayin"_s), u"12"_s);
     EXPECT_EQ(form->Printrow, 12);
     trigger(*form, u"mnuPtset"_s);
-    EXPECT_EQ(stored.at(u"setup/dayin"_s), u"0"_s) << "whatever is answered is stored as a number";
+    EXPECT_EQ(stored.at(u"setup/dayin"_s), u"0"_s) << "a cancelled prompt is stored as a number";
+}
+
+TEST_F(MainWindow, ThePrintSettingAsksAgainForANumberThatItCanTake) {
+    open();
+    const QString digits(400, u'9');
+    for (const QString& wrong : {u"abc"_s, QString(), u"99999999999"_s, u"32768"_s, u"-1"_s, u"1E400"_s, digits}) {
+        const ModalScript script({{u"InputBox"_s, type(wrong)},
+                                  {u"MsgBox"_s,
+                                   [](QWidget& box) {
+                                       EXPECT_EQ(box.windowTitle(), u"输入错误"_s);
+                                       test_support::answer(u"请输入数字"_s, QMessageBox::Ok)(box);
+                                   }},
+                                  {u"InputBox"_s, type(u"32767"_s)}});
+        trigger(*form, u"mnuPtset"_s);
+        EXPECT_EQ(script.left(), 0U) << wrong.toStdString();
+        EXPECT_EQ(stored.at(u"setup/dayin"_s), u"32767"_s) << wrong.toStdString();
+        EXPECT_EQ(form->Printrow, 32767);
+    }
+}
+
+TEST_F(MainWindow, StoredNumbersOfAnySizeAreRead) {
+    stored[u"setup/dayin"_s] = QString(400, u'9');
+    stored[u"Initial/Wd"_s] = u"-1E300"_s;
+    open();
+    EXPECT_EQ(form->Printrow, 32767);
+    EXPECT_EQ(form->stability.Wd, 0);
 }
 
 TEST_F(MainWindow, AWheelEntryIsOfferedForItsOwnCountOfReds) {

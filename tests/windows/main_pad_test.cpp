@@ -63,6 +63,26 @@ TEST_F(MainWindow, ClicksOnThePadAreEchoed) {
     EXPECT_FALSE(ball(u"Command1(22)"_s).isChecked());
 }
 
+TEST_F(MainWindow, ABallActsAtThePressAndOnceWhereverTheMouseIsLetGo) {
+    open();
+    NumberBall& seven = ball(u"Command1(7)"_s);
+    QTest::mousePress(&seven, Qt::LeftButton, {}, seven.rect().center());
+    EXPECT_EQ(text(u"Label100"_s), u" 7"_s);
+    QTest::mouseMove(&seven, {-40, -40});
+    QTest::mouseRelease(&seven, Qt::LeftButton, {}, {-40, -40});
+    EXPECT_EQ(text(u"Label100"_s), u" 7"_s);
+    NumberBall& blue = ball(u"Command2(3)"_s);
+    QTest::mousePress(&blue, Qt::LeftButton, {}, blue.rect().center());
+    EXPECT_EQ(text(u"Label3"_s), u" 3"_s);
+    QTest::mouseRelease(&blue, Qt::LeftButton, {}, blue.rect().center());
+    EXPECT_EQ(text(u"Label3"_s), u" 3"_s);
+    QTest::mouseClick(&seven, Qt::LeftButton, {}, {1, 1}); // beside the ball
+    EXPECT_EQ(text(u"Label100"_s), u" 7"_s);
+    QTest::mouseClick(&seven, Qt::LeftButton, {}, seven.rect().center());
+    QTest::mouseDClick(&seven, Qt::LeftButton, {}, seven.rect().center());
+    EXPECT_EQ(text(u"Label100"_s), u" 7"_s) << "two presses in a row are two presses";
+}
+
 TEST_F(MainWindow, ARightClickOffersTheBankerAndChangesNothingElse) {
     open();
     press(*form, u"Command1(5)"_s);
@@ -97,12 +117,16 @@ TEST_F(MainWindow, TheThirdPanelShowsTheBets) {
 
 TEST_F(MainWindow, ThePadsButtonsWork) {
     open();
-    EXPECT_FALSE(control(*form, u"Command42"_s)->isEnabled());
+    EXPECT_FALSE(control(*form, u"Command142"_s)->isEnabled());
+    press(*form, u"Command42"_s);
+    EXPECT_EQ(text(u"Label5"_s), u"33"_s) << "an empty pad inverted is a full one";
+    press(*form, u"Command45"_s);
     press(*form, u"Command41"_s);
     EXPECT_EQ(text(u"Label5"_s), u"33"_s);
     press(*form, u"Command42"_s);
     EXPECT_EQ(text(u"Label5"_s), u"0"_s);
-    EXPECT_FALSE(control(*form, u"Command42"_s)->isEnabled());
+    press(*form, u"Command42"_s);
+    EXPECT_EQ(text(u"Label5"_s), u"33"_s);
     press(*form, u"Command141"_s);
     EXPECT_EQ(text(u"Label15"_s), u"16"_s);
     press(*form, u"Command142"_s);

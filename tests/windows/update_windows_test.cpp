@@ -76,6 +76,7 @@ class UpdateWindows : public ProgramFixture {
     void prepare() override {
         program->settings.set(u"AHXLOTQ"_s, u"Update"_s, u"Host"_s, u"127.0.0.1"_s);
         program->settings.set(u"AHXLOTQ"_s, u"Update"_s, u"Port"_s, server->port());
+        program->settings.set(u"AHXLOTQ"_s, u"Update"_s, u"Scheme"_s, u"http"_s);
     }
 };
 

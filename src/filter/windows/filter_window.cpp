@@ -13,6 +13,7 @@
 #include "filter/windows/run_panel.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/messages.h"
+#include "workspace/failure.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,7 +23,11 @@ namespace {
 // Long enough that a row of quick presses is stored once, short enough that a pause is safe: the full table is stored
 // in about a fifth of a second.
 constexpr int kIdleMs = 600;
+// However quickly one press follows another: at the latest this long after the first of them all are stored.
+constexpr int kLatestMs = 2000;
 constexpr QSize kUsefulSize{1264, 762}; // fills a work area of 1280 x 800 with its frame and title
+
+const QString kStillThere = u"结果仍在程序中，没有丢失；请排除原因后再操作一次，程序会重新写入。"_s;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -42,9 +47,11 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     toolkit::placeOver(*this, kUsefulSize);
     toolkit::keepPlace(*this, m_context.places);
     setBaoliu();
-    m_storeTimer.setSingleShot(true);
-    m_storeTimer.setInterval(kIdleMs);
-    connect(&m_storeTimer, &QTimer::timeout, this, &FilterWindow::storeNow);
+    for (const auto& [timer, wait] : {std::pair(&m_idle, kIdleMs), std::pair(&m_latest, kLatestMs)}) {
+        timer->setSingleShot(true);
+        timer->setInterval(wait);
+        connect(timer, &QTimer::timeout, this, &FilterWindow::storeNow);
+    }
     connect(m_table, &ParameterTable::parameterPressed, this, &FilterWindow::press);
     connect(m_panel, &RunPanel::modePressed, this, &FilterWindow::changeMode);
     connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::setBaoliu);
@@ -196,11 +203,14 @@ void FilterWindow::setBaoliu() {
 
 void FilterWindow::scheduleStore() {
     m_failureTold = false;
-    m_storeTimer.start();
+    m_idle.start();
+    if (!m_latest.isActive())
+        m_latest.start();
 }
 
 void FilterWindow::storeNow() {
-    m_storeTimer.stop();
+    m_idle.stop();
+    m_latest.stop();
     if (!m_context.dbFilnum.storePending())
         return;
     try {
@@ -209,7 +219,9 @@ void FilterWindow::storeNow() {
         if (m_failureTold)
             return; // the same changes failed before; they stay pending
         m_failureTold = true;
-        toolkit::showMessage(this, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
+        toolkit::showMessage(
+            this, workspace::failureMessage(error, u"过滤结果没有写入文件"_s, u"数据库错误"_s, kStillThere),
+            {QMessageBox::Critical});
     }
 }
 

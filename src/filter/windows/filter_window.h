@@ -2,7 +2,7 @@
 //
 // Order: construct, load() (the generator) or showTable(), then show. Every press runs its statements at once behind
 // the hourglass and shows what is left. What a press changed reaches the file when the window has been idle for a
-// moment, and always before it closes.
+// moment, at the latest two seconds after it, and always before it closes.
 #pragma once
 
 #include <QDialog>
@@ -70,7 +70,8 @@ class FilterWindow : public QDialog {
     ParameterRun m_run;
     RowStates m_states;
     ResultView m_view;
-    QTimer m_storeTimer;
+    QTimer m_idle;              ///< started anew by each press
+    QTimer m_latest;            ///< started by the first press that is not stored yet
     bool m_failureTold = false; ///< that what is pending could not be stored
     ParameterTable* m_table;
     QScrollArea* m_tableArea = nullptr;

@@ -76,6 +76,7 @@ void PressButton::keyPressEvent(QKeyEvent* event) {
 }
 
 KeyedEdit::KeyedEdit(const QString& allowed, QWidget* parent) : QLineEdit(parent) {
+    setMaxLength(kLongestText);
     setValidator(new QRegularExpressionValidator(QRegularExpression(allowed), this));
     connect(this, &QLineEdit::inputRejected, this, [] { QApplication::beep(); });
 }

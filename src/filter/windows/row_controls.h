@@ -49,12 +49,15 @@ class PressButton : public QRadioButton {
 };
 
 /// A box that takes the keys of `allowed` (a character class) and backspace; any other key is swallowed with a beep.
+/// It holds kLongestText characters: the rest of what is pasted is cut off.
 class KeyedEdit : public QLineEdit {
     Q_OBJECT
 
   public:
     KeyedEdit(const QString& allowed, QWidget* parent);
 };
+
+inline constexpr int kLongestText = 32767;
 
 /// What the number boxes of a filter window take.
 inline constexpr QStringView kNumberKeys = u"[0-9. ]*";

@@ -243,8 +243,16 @@ void Form1::chooseStability(const StabilityItem& chosen) {
 
 void Form1::askPrintRow() {
     const QString shown = m_context.settings.get(u"setup"_s, u"dayin"_s, u"5"_s);
-    const QString answer = toolkit::askText(this, u"请输入打印的时候每一行的注数"_s, u"打印设置"_s, shown);
-    Printrow = static_cast<int>(base::roundHalfEven(base::val(answer.toStdString())));
+    const auto isFit = [](double number) { return number >= 0 && number <= INT16_MAX; };
+    std::optional<double> number;
+    while (!number || !isFit(*number)) {
+        const std::optional<QString> answer =
+            toolkit::askLine(this, u"请输入打印的时候每一行的注数"_s, u"打印设置"_s, shown);
+        number = answer ? base::leadingNumber(answer->toStdString()) : 0; // a cancelled prompt is a 0
+        if (!number || !isFit(*number))
+            toolkit::showMessage(this, u"请输入数字"_s, u"输入错误"_s);
+    }
+    Printrow = base::wholeWithin(*number, 0, INT16_MAX);
     m_context.settings.set(u"setup"_s, u"dayin"_s, QString::number(Printrow));
 }
 

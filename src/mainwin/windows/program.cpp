@@ -3,8 +3,9 @@
 #include "filter/windows/filter_window.h"
 #include "history/starter_history.h"
 #include "history/store.h"
+#include "history/update.h"
 #include "history/update_install.h"
-#include "history/windows/update_boxes.h"
+#include "history/windows/update_fetcher.h"
 #include "mainwin/windows/form1.h"
 #include "mainwin/windows/history_desk.h"
 #include "toolkit/busy_cursor.h"
@@ -151,14 +152,16 @@ void Program::reopen() {
 }
 
 void Program::downloadText() {
-    history::UpdateBoxes boxes(m_form.get());
-    if (history::downloadText(workspace, history::updateSource(settings), boxes))
+    toolkit::DialogBoxes boxes(m_form.get());
+    history::UpdateFetcher fetcher(m_form.get());
+    if (history::downloadText(workspace, history::updateSource(settings), boxes, fetcher))
         m_desk->readWhole();
 }
 
 void Program::updateOnline() {
-    history::UpdateBoxes boxes(m_form.get());
-    if (history::updateOnline(engine, workspace, history::updateSource(settings), boxes))
+    toolkit::DialogBoxes boxes(m_form.get());
+    history::UpdateFetcher fetcher(m_form.get());
+    if (history::updateOnline(engine, workspace, history::updateSource(settings), boxes, fetcher))
         reopen();
 }
 

@@ -177,7 +177,6 @@ void PadPanel::showPad() {
         findChild<QLabel*>(QString::fromUtf16(kEcho[row].listName))->setText(texts[row][0]);
         findChild<QLabel*>(QString::fromUtf16(kEcho[row].countName))->setText(texts[row][1]);
     }
-    findChild<QPushButton*>(u"Command42"_s)->setEnabled(pad.Redcnt > 0);
     findChild<QPushButton*>(u"Command142"_s)->setEnabled(pad.Bluecnt > 0);
 }
 
