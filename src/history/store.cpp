@@ -78,6 +78,7 @@ void replaceHistory(History& history, const workspace::Workspace& workspace, std
     History next;
     next.Gailvred = history.Gailvred;
     next.GailvBlue = history.GailvBlue;
+    next.text = history.text;
     resetStatistics(next);
     store(history, std::move(next), workspace, draws, true);
 }

@@ -1,6 +1,7 @@
 #include "mainwin/windows/form1.h"
 
 #include <QCloseEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
@@ -144,6 +145,10 @@ void Form1::buildStatusBar() {
         statusBar()->addWidget(panel, index == kBetPanel ? 1 : 0);
     }
     m_panels.front()->setMaximumWidth(kUserPanelWidth);
+    m_note = new QLabel;
+    m_note->setObjectName(u"HistoryNote"_s);
+    statusBar()->addPermanentWidget(m_note);
+    showHistoryNote({});
 }
 
 void Form1::readSettings() {
@@ -211,6 +216,15 @@ void Form1::showFigures() {
     m_shares->showShares(m_context.history, m_context.workspace.Bitnum, m_context.workspace.BitnumB);
     m_tree->refresh();
     showStatus();
+}
+
+void Form1::focusEntry(int box) {
+    m_history->focusEntry(box);
+}
+
+void Form1::showHistoryNote(const QString& note) {
+    m_note->setText(note);
+    m_note->setVisible(!note.isEmpty());
 }
 
 void Form1::refreshCommands() {

@@ -15,6 +15,8 @@
 #include "mainwin/stability.h"
 #include "toolkit/window_place.h"
 
+class QLabel;
+
 namespace selection {
 class PadPanel;
 }
@@ -47,6 +49,10 @@ class Form1 : public QMainWindow {
     void showTypedDraw();
     void showDeletedDraw();
     void showCorrection(int draw);
+    /// Puts the focus into a box of the new draw, 1..7, with its text selected; 0: nowhere.
+    void focusEntry(int box);
+    /// A line about the history in the status bar, beside its panels; empty: none.
+    void showHistoryNote(const QString& note);
     /// Enables what the state allows; call it after a command was registered late.
     void refreshCommands();
 
@@ -86,6 +92,7 @@ class Form1 : public QMainWindow {
     DrawPanel* m_draw = nullptr;
     HistoryPanel* m_history = nullptr;
     std::array<toolkit::StatusPanel*, 4> m_panels{};
+    QLabel* m_note = nullptr;
 };
 
 } // namespace mainwin
