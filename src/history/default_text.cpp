@@ -20,6 +20,8 @@ namespace {
 const QString kForeign =
     u"默认历史文本不是本程序按原有的历史号码写成的（可能手工修改过），改写之前原样保存在这里。"_s;
 
+constexpr qint64 kLongest = 4 * 1024 * 1024; // four times the text of a full history: no longer one is the program's
+
 /// The default file can be read and replaced as a file of the program's folder.
 bool isOurFile(const std::filesystem::path& file, const workspace::Workspace& workspace) {
     std::error_code failed;
@@ -95,7 +97,6 @@ void writeHistoryText(History& history, const workspace::Workspace& workspace) {
         return;
     }
     // What stands there was the program's, or was kept: the next change need not keep it again.
-    constexpr qint64 kLongest = 4 * 1024 * 1024; // four times the text of a full history
     history.text.pending = true;
     history.text.left = isOurFile(file, workspace) ? bytesUpTo(kLongest, file).value_or(QByteArray()) : QByteArray();
 }
@@ -104,13 +105,11 @@ void guardHistoryText(const History& former, std::span<const Draw> next, const w
     const std::filesystem::path file = historyTextFile(workspace);
     if (!isOurFile(file, workspace))
         return;
-    const QByteArray before = drawsAsText(drawsOf(former));
-    const QByteArray after = drawsAsText(next);
-    constexpr qint64 kSpare = 64 * 1024; // for the blanks that do not count
-    const qint64 longest = std::max({before.size(), after.size(), former.text.left.size()}) + kSpare;
-    const std::optional<QByteArray> bytes = bytesUpTo(longest, file);
-    if (bytes && isOneOf(*bytes, {before, after, former.text.left}))
-        return;
+    if (const std::optional<QByteArray> bytes = bytesUpTo(kLongest, file)) {
+        const QByteArray before = drawsAsText(drawsOf(former));
+        if (*bytes == before || isOneOf(*bytes, {before, drawsAsText(next), former.text.left}))
+            return;
+    }
     workspace::Keeping keeping(workspace::userFolder(workspace.folder, workspace.Username), kForeign);
     keeping.copy(file);
 }

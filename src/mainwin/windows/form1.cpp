@@ -147,6 +147,7 @@ void Form1::buildStatusBar() {
     m_panels.front()->setMaximumWidth(kUserPanelWidth);
     m_note = new QLabel;
     m_note->setObjectName(u"HistoryNote"_s);
+    m_note->setMinimumWidth(1); // cut, rather than making the window wider
     statusBar()->addPermanentWidget(m_note);
     showHistoryNote({});
 }
@@ -224,6 +225,7 @@ void Form1::focusEntry(int box) {
 
 void Form1::showHistoryNote(const QString& note) {
     m_note->setText(note);
+    m_note->setToolTip(note);
     m_note->setVisible(!note.isEmpty());
 }
 
