@@ -1,6 +1,7 @@
 #include "history/derive.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace history {
 
@@ -12,7 +13,7 @@ constexpr int kOddZone = 3;         // this counter also counts the multiples of
 constexpr int kSmallestStart = 100; // no smallest omission above this is noticed
 
 int lastDigit(int number) {
-    return number % 10;
+    return std::abs(number % 10);
 }
 bool isEven(int number) {
     return number % 2 == 0;
@@ -45,7 +46,7 @@ void sumReds(Derived& row, std::span<const std::int32_t> reds, std::span<const s
 
 void countZone(Derived& row, int red) {
     const int zone = (red - 1) / kZoneWidth;
-    if (zone <= kOddZone)
+    if (zone >= 0 && zone <= kOddZone)
         ++row.Qnum[static_cast<std::size_t>(zone)];
     if (red % 3 == 0)
         ++row.Qnum[kOddZone];

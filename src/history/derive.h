@@ -2,7 +2,7 @@
 //
 // Pure functions of the draw, the draw before it and the omissions as they stood before it. Nothing is checked here:
 // the readers of draws see to their numbers. A number that the arrays of statistics do not reach (a text file may
-// hold one) has the omission 0.
+// hold one) has the omission 0. Numbers of any 16-bit size give some values, never a fault.
 #pragma once
 
 #include <cstdint>

@@ -17,7 +17,7 @@ const QString kFailure = u"编辑出错！"_s;
 
 } // namespace
 
-Editing editHistoryText(const workspace::Workspace& workspace, ReadingDialogs& dialogs,
+Editing editHistoryText(const workspace::Workspace& workspace, workspace::Dialogs& dialogs,
                         const std::function<bool(const QString& file)>& start) {
     const std::filesystem::path standard = historyTextFile(workspace);
     std::error_code cannotLook; // then it is not there to be edited

@@ -17,7 +17,7 @@ enum class Editing {
 };
 
 /// \param start  opens a file in an editor. \return whether it could be started
-Editing editHistoryText(const workspace::Workspace& workspace, ReadingDialogs& dialogs,
+Editing editHistoryText(const workspace::Workspace& workspace, workspace::Dialogs& dialogs,
                         const std::function<bool(const QString& file)>& start);
 
 } // namespace history

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <vector>
 
+#include <QByteArray>
+
 #include "history/draw_record.h"
 
 namespace history {
@@ -15,6 +17,12 @@ namespace history {
 inline constexpr int kMostReds = 38;
 inline constexpr int kMostBlues = 18;
 inline constexpr int kMostDraws = 32767;
+
+/// How the user's default text file stands to the history (default_text.h).
+struct TextState {
+    bool pending = false; ///< the last writing failed: the file is older than the history
+    QByteArray left;      ///< what stood there then, empty for nothing
+};
 
 struct History {
     int Lsnum = 0;                  ///< draws held
@@ -28,6 +36,8 @@ struct History {
     std::array<double, kMostReds + 1> Gailvred{}; ///< share of each red in percent
     std::array<double, kMostBlues + 1> GailvBlue{};
     std::int32_t Glcount = 0; ///< draws that the shares rest on; not stored, 0 at every start
+
+    TextState text; ///< not stored
 };
 
 } // namespace history

@@ -1,3 +1,5 @@
+#include <algorithm>
+#include <limits>
 #include <stdexcept>
 
 #include "history/derive.h"
@@ -10,14 +12,25 @@ namespace {
 
 constexpr int kFirstDerived = 9; // behind Idx and fig0..fig7
 
+/// A number of a file as one of the program's: one that does not fit becomes the nearest that does. Nothing in the
+/// program counts on it, but no sum of such numbers may overflow.
+template <class Number> Number fitting(std::int64_t value) {
+    using Limits = std::numeric_limits<Number>;
+    return static_cast<Number>(std::clamp<std::int64_t>(value, Limits::min(), Limits::max()));
+}
+
+std::int16_t shortOf(const sql::Value& value) {
+    return fitting<std::int16_t>(sql::toInteger(value));
+}
+
 void readDraw(History& history, const sql::Rows& rows, std::int64_t record) {
-    Draw draw{};
-    for (int place = 0; place <= 7; ++place)
-        draw[static_cast<std::size_t>(place)] = static_cast<std::int32_t>(rows.integerAt(record, 1 + place));
+    Draw draw{fitting<std::int32_t>(rows.integerAt(record, 1))};
+    for (int place = 1; place <= 7; ++place)
+        draw[static_cast<std::size_t>(place)] = fitting<std::int16_t>(rows.integerAt(record, 1 + place));
     Derived derived;
     int field = kFirstDerived;
     for (const DerivedColumn& column : kDerivedColumns)
-        column.set(derived, static_cast<std::int16_t>(rows.integerAt(record, field++)));
+        column.set(derived, fitting<std::int16_t>(rows.integerAt(record, field++)));
     derived.differences = redDifferences(draw);
     history.Lshm.push_back(draw);
     history.derived.push_back(derived);
@@ -30,18 +43,29 @@ void readLastOmissions(sql::Database& dbUser, const char* table, std::array<std:
         return;
     records.moveLast();
     for (std::size_t number = 1; number < Size; ++number)
-        omission[number] = static_cast<std::int16_t>(sql::toInteger(records.field("ylqs" + std::to_string(number))));
+        omission[number] = shortOf(records.field("ylqs" + std::to_string(number)));
 }
 
+/// Records that are missing count 0, those beyond the numbers are not read.
 template <std::size_t Size>
 void readShares(sql::Database& dbUser, const char* table, int numbers, std::array<std::int16_t, Size>& hits,
                 std::array<double, Size>& shares) {
     sql::Recordset records = dbUser.openRecordset(table);
     for (std::size_t number = 1; number <= static_cast<std::size_t>(numbers); ++number) {
-        hits[number] = static_cast<std::int16_t>(sql::toInteger(records.field("Glnum")));
-        shares[number] = sql::toReal(records.field("gailv"));
-        records.moveNext();
+        const bool missing = records.eof();
+        hits[number] = missing ? std::int16_t{0} : shortOf(records.field("Glnum"));
+        shares[number] = missing ? 0 : sql::toReal(records.field("gailv"));
+        if (!missing)
+            records.moveNext();
     }
+}
+
+void readAll(History& history, const workspace::Workspace& workspace) {
+    const workspace::Rule rule = ruleOf(workspace);
+    loadDraws(history, workspace);
+    readOmissions(history, workspace);
+    readShares(*workspace.dbUser, "Gailv", rule.reds, history.Glred, history.Gailvred);
+    readShares(*workspace.dbUser, "GailvB", rule.blues, history.GlBlue, history.GailvBlue);
 }
 
 } // namespace
@@ -63,12 +87,14 @@ void loadDraws(History& history, const workspace::Workspace& workspace) {
 }
 
 void loadHistory(History& history, const workspace::Workspace& workspace) {
-    sql::Database& dbUser = *workspace.dbUser;
     History loaded;
-    loadDraws(loaded, workspace);
-    readOmissions(loaded, workspace);
-    readShares(dbUser, "Gailv", workspace.Bitnum, loaded.Glred, loaded.Gailvred);
-    readShares(dbUser, "GailvB", workspace.BitnumB, loaded.GlBlue, loaded.GailvBlue);
+    readAll(loaded, workspace);
+    history = std::move(loaded);
+}
+
+void reloadHistory(History& history, const workspace::Workspace& workspace) {
+    History loaded = history;
+    readAll(loaded, workspace);
     history = std::move(loaded);
 }
 

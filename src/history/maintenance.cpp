@@ -1,15 +1,21 @@
 #include "history/maintenance.h"
 
+#include <algorithm>
+#include <vector>
+
+#include "history/default_text.h"
 #include "history/derive.h"
 #include "history/draw_tables.h"
 #include "history/statistics.h"
 #include "history/store.h"
-#include "history/text_file.h"
+
+using namespace Qt::StringLiterals;
 
 namespace history {
 
 namespace {
 
+const QString kCleared = u"清空历史号码之前，原有的历史数据库和默认历史文本保存在这里。"_s;
 constexpr int kIssue = 0;
 constexpr int kBlue = 7;
 
@@ -53,11 +59,17 @@ std::string updateDerived(const Derived& derived, int row) {
     return "UPDATE [fig] SET " + assignments + " WHERE [Idx]=" + std::to_string(row);
 }
 
-/// Every draw behind `row` gets the next issue number. One statement for all: there are up to 32,766 of them.
-void renumberLater(History& next, sql::Database& dbUser, int row) {
+/// Puts the number into the draw. Every draw behind a new issue gets the next issue number.
+void correctDraws(History& next, int row, int slot, std::int32_t value) {
+    next.Lshm[static_cast<std::size_t>(row)][static_cast<std::size_t>(slot)] = value;
+    if (slot == kIssue)
+        for (int later = row + 1; later <= next.Lsnum; ++later)
+            next.Lshm[static_cast<std::size_t>(later)][kIssue] = value + later - row;
+}
+
+/// The issues behind a draw as correctDraws() has them. One statement for all: there are up to 32,766 of them.
+void storeIssuesBehind(const History& next, sql::Database& dbUser, int row) {
     const std::int32_t value = next.Lshm[static_cast<std::size_t>(row)][kIssue];
-    for (int later = row + 1; later <= next.Lsnum; ++later)
-        next.Lshm[static_cast<std::size_t>(later)][kIssue] = value + later - row;
     dbUser.execute("UPDATE [fig] SET [fig0]=[Idx]+(" + std::to_string(value - row) + ") WHERE [Idx]>" +
                    std::to_string(row) + " AND [Idx]<=" + std::to_string(next.Lsnum));
 }
@@ -65,6 +77,11 @@ void renumberLater(History& next, sql::Database& dbUser, int row) {
 } // namespace
 
 void typeDraw(History& history, const workspace::Workspace& workspace, const Draw& draw) {
+    std::vector<Draw> next(drawsOf(history).begin(), drawsOf(history).end());
+    next.push_back(draw);
+    if (draw[kIssue] == 0)
+        next.back()[kIssue] = history.Lsnum + 1;
+    guardHistoryText(history, next, workspace);
     storeDraw(history, workspace, draw);
     writeHistoryText(history, workspace);
 }
@@ -72,6 +89,8 @@ void typeDraw(History& history, const workspace::Workspace& workspace, const Dra
 void deleteLastDraw(History& history, const workspace::Workspace& workspace) {
     const workspace::Rule rule = ruleOf(workspace);
     sql::Database& dbUser = *workspace.dbUser;
+    const auto left = static_cast<std::size_t>(std::max(history.Lsnum - 1, 0));
+    guardHistoryText(history, drawsOf(history).first(left), workspace);
     History next = history;
     sql::Transaction truth(dbUser);
     for (const char* table : {"fig", "Ylqs", "YlqsB"})
@@ -101,6 +120,10 @@ void clearHistory(History& history, const workspace::Workspace& workspace) {
     next.derived.assign(1, Derived{});
     zero(next.Glred, next.Gailvred, rule.reds);
     zero(next.GlBlue, next.GailvBlue, rule.blues);
+    if (history.Lsnum > 0)
+        keepHistory(workspace, historyTextFile(workspace), kCleared);
+    else
+        guardHistoryText(history, {}, workspace);
     sql::Transaction truth(dbUser);
     dbUser.execute("DELETE FROM [fig]");
     dbUser.execute("DELETE FROM [Ylqs]");
@@ -116,21 +139,21 @@ void correctNumber(History& history, const workspace::Workspace& workspace, int 
     sql::Database& dbFilnum = *workspace.dbFilnum;
     const auto place = static_cast<std::size_t>(row);
     History next = history;
-    Draw& draw = next.Lshm[place];
+    correctDraws(next, row, slot, value);
+    guardHistoryText(history, drawsOf(next), workspace);
     sql::Transaction bareNumbers(dbFilnum);
     sql::Transaction truth(dbUser);
     if (slot != kIssue) {
-        correctHit(next, slot == kBlue, draw[static_cast<std::size_t>(slot)], value);
+        correctHit(next, slot == kBlue, history.Lshm[place][static_cast<std::size_t>(slot)], value);
         computeShares(next, rule);
         writeShares(dbUser, next, rule.reds, rule.blues);
     }
-    draw[static_cast<std::size_t>(slot)] = value;
     for (sql::Database* database : {&dbUser, &dbFilnum})
         database->execute(updateSlot(slot, value, row));
-    next.derived[place] = deriveDraw(draw, next.Lshm[place - 1], omissionsBefore(dbUser, row), rule);
+    next.derived[place] = deriveDraw(next.Lshm[place], next.Lshm[place - 1], omissionsBefore(dbUser, row), rule);
     dbUser.execute(updateDerived(next.derived[place], row));
     if (slot == kIssue)
-        renumberLater(next, dbUser, row);
+        storeIssuesBehind(next, dbUser, row);
     bareNumbers.commit();
     truth.commit();
     history = std::move(next);

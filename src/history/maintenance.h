@@ -2,7 +2,9 @@
 //
 // Each change is one transaction on each database file that it touches, and rewrites the user's default text file
 // behind it. The history in memory changes after the commits: when one of these calls throws, nothing has changed.
-// What is typed is checked before (typed_draw.h).
+// What is typed is checked before (typed_draw.h). Before the change a default text file that is not the program's own
+// is kept (default_text.h), and before draws are cleared the database too; where that fails nothing is changed: each
+// call throws workspace::Failure then, beside what it says itself.
 //
 // Some of the steps are uneven, and meant to be: fig of dbFilnum keeps a deleted draw; clearing leaves YlqsB and all
 // current omissions, so that draws typed afterwards continue them; shares rest on Glcount, which after a start counts
@@ -23,7 +25,8 @@ void typeDraw(History& history, const workspace::Workspace& workspace, const Dra
 /// text that was refused in the middle, the draws are loaded from the table. \throws sql::SqlError
 void deleteLastDraw(History& history, const workspace::Workspace& workspace);
 
-/// Deletes all draws and Ylqs; hits and shares of the numbers of the rule become 0. \throws sql::SqlError
+/// Keeps copies of the history database and the default text, then deletes all draws and Ylqs; hits and shares of the
+/// numbers of the rule become 0. \throws sql::SqlError
 void clearHistory(History& history, const workspace::Workspace& workspace);
 
 /// Puts a number in place of another and derives the draw's parameters again, with the omissions of the record of

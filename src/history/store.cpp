@@ -1,5 +1,6 @@
 #include "history/store.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include "history/derive.h"
@@ -60,7 +61,7 @@ History copyOf(const History& history) {
 } // namespace
 
 workspace::Rule ruleOf(const workspace::Workspace& workspace) {
-    return {workspace.Bitnum, workspace.BitnumB};
+    return {std::clamp(workspace.Bitnum, 0, kMostReds), std::clamp(workspace.BitnumB, 0, kMostBlues)};
 }
 
 void storeDraw(History& history, const workspace::Workspace& workspace, const Draw& draw) {
@@ -77,6 +78,7 @@ void replaceHistory(History& history, const workspace::Workspace& workspace, std
     History next;
     next.Gailvred = history.Gailvred;
     next.GailvBlue = history.GailvBlue;
+    next.text = history.text;
     resetStatistics(next);
     store(history, std::move(next), workspace, draws, true);
 }

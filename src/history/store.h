@@ -17,8 +17,13 @@ namespace history {
 /// Fills an empty history from the tables of dbUser: draws and derived values in the order of the records, nothing
 /// computed again; omissions from the last records of Ylqs and YlqsB; hits and shares from Gailv and GailvB for the
 /// numbers of the rule. Glcount starts at 0: it is not stored.
+/// Numbers that no draw can have are taken as they are, as far as they fit; a record missing in Gailv counts 0.
 /// \throws sql::SqlError; std::range_error for more than 32,767 records
 void loadHistory(History& history, const workspace::Workspace& workspace);
+
+/// The same for a history that is in use: Glcount stays, and so do omissions whose table is empty, as a cleared
+/// history leaves them. \throws as loadHistory; nothing has changed then
+void reloadHistory(History& history, const workspace::Workspace& workspace);
 
 /// The draws of fig of dbUser in place of those in memory; no statistics. \throws as loadHistory
 void loadDraws(History& history, const workspace::Workspace& workspace);
@@ -26,6 +31,7 @@ void loadDraws(History& history, const workspace::Workspace& workspace);
 /// Current omissions from the last records of Ylqs and YlqsB; as they were where a table is empty.
 void readOmissions(History& history, const workspace::Workspace& workspace);
 
+/// The rule within what the arrays of numbers hold, whatever the settings say.
 workspace::Rule ruleOf(const workspace::Workspace& workspace);
 
 /// One typed draw behind the last one: the shares then rest on Glcount, which counts only the draws of this run.

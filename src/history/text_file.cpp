@@ -1,11 +1,13 @@
 #include "history/text_file.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 #include <QFile>
 
 #include "history/store.h"
 #include "history/text_lines.h"
+#include "workspace/failure.h"
 #include "workspace/paths.h"
 #include "workspace/safe_file.h"
 
@@ -32,9 +34,12 @@ const QString kFileFailure = u"文件不存在,名字有冲突或格式不正确
                              u"中间用空格符分离).然后稍后再次读入."_s;
 const QString kFileFailureTitle = u"输入错误"_s;
 
+const QString kTooMany = u"文件里的历史号码超过%1期"_s;
+const QString kReplaced = u"整体读入新的历史号码之前，原有的历史数据库和默认历史文本保存在这里。"_s;
+
 /// A file could not be copied, renamed or read.
-struct FileFailure : std::runtime_error {
-    using std::runtime_error::runtime_error;
+struct FileFailure : workspace::Failure {
+    using Failure::Failure;
 };
 
 QString renameQuestion(const QString& user, const QDateTime& now) {
@@ -43,134 +48,223 @@ QString renameQuestion(const QString& user, const QDateTime& now) {
            u"再选择文本作为历史号码的文本,然后再次读如历史数据.确实要改名吗?"_s;
 }
 
-enum class Rename { Done, Exists };
-
-/// Renames, also from one file system to another, but never over an existing file.
-Rename renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
-    if (std::filesystem::exists(to))
-        return Rename::Exists;
-    if (!QFile::rename(workspace::toQString(from), workspace::toQString(to)))
-        throw FileFailure("cannot rename " + from.string());
-    return Rename::Done;
+bool isThere(const std::filesystem::path& path) {
+    std::error_code ignored; // a link that leads nowhere is there
+    return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
 }
+
+/// `name` with a number where that is taken: "{stem}{end}", "{stem} (2){end}", ….
+std::filesystem::path freeName(const std::filesystem::path& folder, const QString& stem, const QString& end) {
+    std::filesystem::path place = folder / workspace::toPath(stem + end);
+    for (int number = 2; isThere(place); ++number)
+        place = folder / workspace::toPath(stem + u" (%1)"_s.arg(number) + end);
+    return place;
+}
+
+/// Renames, also from one file system to another, but never over something.
+void renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
+    QFile file(workspace::toQString(from));
+    if (isThere(to) || !file.rename(workspace::toQString(to)))
+        throw FileFailure(u"不能改名或移动文件 "_s + workspace::toQString(from), file.errorString());
+}
+
+/// A copy that goes again unless it is renamed.
+class Copy {
+  public:
+    Copy(const std::filesystem::path& from, const std::filesystem::path& place) : m_place(place) {
+        std::error_code failed;
+        if (std::filesystem::copy_file(from, place, failed)) // never over or through something of that name
+            return;
+        std::error_code ignored; // a full disk leaves a part of it
+        if (failed != std::errc::file_exists)
+            std::filesystem::remove(place, ignored);
+        throw FileFailure(u"不能复制文件 "_s + workspace::toQString(from), QString::fromStdString(failed.message()));
+    }
+    ~Copy() {
+        std::error_code ignored; // then it stays beside the picked file, where the user sees it
+        if (!m_place.empty())
+            std::filesystem::remove(m_place, ignored);
+    }
+    Copy(const Copy&) = delete;
+    Copy& operator=(const Copy&) = delete;
+
+    void renameTo(const std::filesystem::path& to) {
+        renameNew(m_place, to);
+        m_place.clear();
+    }
+
+  private:
+    std::filesystem::path m_place;
+};
+
+/// Where the default file is put that is in the way: the name of the day; behind it that of the moment.
+std::filesystem::path placeAside(const workspace::Workspace& workspace, const QDateTime& now) {
+    const QString day = u" "_s + workspace::folderName(workspace.Username) + now.toString(u"yyyy-M-d"_s);
+    const QString end = u"日前 双色号码 .TXT"_s;
+    const std::filesystem::path folder = historyTextFolder(workspace);
+    const std::filesystem::path place = folder / workspace::toPath(day + end);
+    return isThere(place) ? freeName(folder, day + now.toString(u" H时mm分ss秒"_s), end) : place;
+}
+
+/// What has become of the default file.
+struct Default {
+    bool taken = false;           ///< the picked file stands in its place
+    std::filesystem::path former; ///< where the text is that stood there before
+};
 
 /// Puts a copy of the picked file in the place of the default file, unless the user keeps the one that is there.
-void takeAsDefault(const std::filesystem::path& picked, const workspace::Workspace& workspace,
-                   ReadingDialogs& dialogs, const QDateTime& now) {
-    const QString folderName = workspace::folderName(workspace.Username);
-    const auto copy = workspace::toPath(workspace::toQString(picked) + u" By "_s + folderName + u".TXT"_s);
+Default takeAsDefault(const std::filesystem::path& picked, const workspace::Workspace& workspace,
+                      workspace::Dialogs& dialogs, const QDateTime& now) {
     std::error_code failed;
-    std::filesystem::copy_file(picked, copy, std::filesystem::copy_options::overwrite_existing, failed);
-    if (failed)
-        throw FileFailure("cannot copy " + picked.string());
+    if (!std::filesystem::is_regular_file(picked, failed)) // to copy from a pipe would wait for its other end
+        throw FileFailure(u"找不到文件，或者它不是普通文件 "_s + workspace::toQString(picked));
     const std::filesystem::path standard = historyTextFile(workspace);
-    if (renameNew(copy, standard) == Rename::Done)
-        return;
-    if (!dialogs.confirm(renameQuestion(workspace.Username, now), kTitle)) {
-        std::filesystem::remove(copy, failed);
-        return;
+    if (!staysInside(historyTextFolder(workspace), workspace))
+        throw FileFailure(u"默认历史文本的文件夹指向程序文件夹之外 "_s +
+                          workspace::toQString(standard.parent_path()));
+    const QString byUser = u" By "_s + workspace::folderName(workspace.Username);
+    Copy copy(picked, freeName(picked.parent_path(), workspace::toQString(picked.filename()) + byUser, u".TXT"_s));
+    if (!isThere(standard)) {
+        copy.renameTo(standard);
+        return {true, {}};
     }
-    const QString old = u" "_s + folderName + now.toString(u"yyyy-M-d"_s) + u"日前 双色号码 .TXT"_s;
-    if (renameNew(standard, historyTextFolder(workspace) / workspace::toPath(old)) == Rename::Exists) {
-        std::filesystem::remove(copy, failed);
-        throw FileFailure("the default file was put aside earlier today");
+    if (!dialogs.confirm(renameQuestion(workspace.Username, now), kTitle))
+        return {false, standard};
+    const std::filesystem::path aside = placeAside(workspace, now);
+    renameNew(standard, aside);
+    try {
+        copy.renameTo(standard);
+    } catch (const FileFailure&) {
+        if (!isThere(standard))
+            workspace::renameDurably(aside, standard);
+        throw;
     }
-    renameNew(copy, standard);
+    return {true, aside};
 }
 
-QString readText(const std::filesystem::path& file) {
-    QFile in(workspace::toQString(file));
-    if (!in.open(QIODevice::ReadOnly))
-        throw FileFailure("cannot open " + file.string());
-    const QByteArray bytes = in.readAll();
-    if (in.error() != QFileDevice::NoError)
-        throw FileFailure("cannot read " + file.string());
-    return decodeText(bytes);
+/// The draws with the issue numbers that storing gives them.
+std::vector<Draw> asStored(std::vector<Draw> draws, int first) {
+    for (Draw& draw : draws) {
+        if (draw[0] == 0)
+            draw[0] = first;
+        ++first;
+    }
+    return draws;
+}
+
+/// Some draw that is held is not among the new ones at its row.
+bool losesDraws(const History& history, std::span<const Draw> next) {
+    const std::span<const Draw> held = drawsOf(history);
+    return next.size() < held.size() || !std::equal(held.begin(), held.end(), next.begin());
 }
 
 /// The two kinds of reading, where they differ.
 struct Kind {
     const QString& question;
-    void (*begin)(History&); ///< before the file is opened
-    ParsedDraws (*parse)(const QString& text, const History&);
+    DrawsReader (*reader)(const History&);
+    /// What the history is to be.
+    std::vector<Draw> (*next)(const History&, const std::vector<Draw>& read);
     void (*store)(History&, const workspace::Workspace&, std::span<const Draw>);
 };
 
-/// No draw is held any more; the statistics stay until the draws come.
-void dropDraws(History& history) {
-    history.Lsnum = 0;
-    history.Lshm.assign(1, Draw{});
-    history.derived.assign(1, Derived{});
-}
+const Kind kWhole{kWholeQuestion, [](const History&) { return DrawsReader(); },
+                  [](const History&, const std::vector<Draw>& read) { return asStored(read, 1); }, replaceHistory};
 
-const Kind kWhole{kWholeQuestion, dropDraws, [](const QString& text, const History&) { return parseDraws(text); },
-                  replaceHistory};
-
-const Kind kAppended{kAppendedQuestion, [](History&) {},
-                     [](const QString& text, const History& history) {
-                         return parseDrawsAfter(text, history.Lshm[static_cast<std::size_t>(history.Lsnum)][0]);
+const Kind kAppended{kAppendedQuestion,
+                     [](const History& history) {
+                         return DrawsReader::behind(drawsOf(history).empty() ? 0 : drawsOf(history).back()[0]);
+                     },
+                     [](const History& history, const std::vector<Draw>& read) {
+                         std::vector<Draw> next(drawsOf(history).begin(), drawsOf(history).end());
+                         const std::vector<Draw> behind = asStored(read, history.Lsnum + 1);
+                         next.insert(next.end(), behind.begin(), behind.end());
+                         return next;
                      },
                      storeBatch};
 
-Reading readPicked(const Kind& kind, History& history, const workspace::Workspace& workspace, const QString& picked,
-                   ReadingDialogs& dialogs, const QDateTime& now) {
-    if (picked.endsWith(u"txt"_s, Qt::CaseInsensitive))
-        takeAsDefault(workspace::toPath(picked), workspace, dialogs, now);
-    kind.begin(history);
-    const ParsedDraws parsed = kind.parse(readText(historyTextFile(workspace)), history);
-    if (parsed.refused) {
-        dialogs.tell(kRefused, kRefusedTitle);
-        return Reading::Refused;
+ParsedDraws readDraws(DrawsReader reader, const std::filesystem::path& file) {
+    try {
+        readInPieces(file, [&](QStringView piece) { return reader.take(piece); });
+    } catch (const workspace::Failure& failure) {
+        throw FileFailure(failure.cause(), failure.details());
     }
-    kind.store(history, workspace, parsed.draws);
-    writeHistoryText(history, workspace);
-    return Reading::Done;
+    return reader.finish();
 }
 
-Reading read(const Kind& kind, History& history, const workspace::Workspace& workspace, ReadingDialogs& dialogs,
+/// A file that was picked stays where it is; any other text that is about to go is kept.
+void keepWhatIsLost(const History& history, std::span<const Draw> next, const Default& standard,
+                    const workspace::Workspace& workspace) {
+    if (losesDraws(history, next))
+        keepHistory(workspace, standard.former, kReplaced);
+    else if (!standard.taken)
+        guardHistoryText(history, next, workspace);
+}
+
+workspace::Message refusal(const RefusedLine& refused) {
+    return {kRefused, kRefusedTitle,
+            u"第%1行：%2\n%3"_s.arg(QString::number(refused.line), refused.text, refused.cause)};
+}
+
+Reading readPicked(const Kind& kind, History& history, const workspace::Workspace& workspace, const QString& picked,
+                   workspace::Dialogs& dialogs, const QDateTime& now) {
+    Default standard{false, historyTextFile(workspace)};
+    if (picked.endsWith(u"txt"_s, Qt::CaseInsensitive))
+        standard = takeAsDefault(workspace::toPath(picked), workspace, dialogs, now);
+    const ParsedDraws parsed = readDraws(kind.reader(history), historyTextFile(workspace));
+    if (parsed.refused) {
+        dialogs.tell(refusal(*parsed.refused));
+        return Reading::Refused;
+    }
+    keepWhatIsLost(history, kind.next(history, parsed.draws), standard, workspace);
+    kind.store(history, workspace, parsed.draws);
+    writeHistoryText(history, workspace);
+    return standard.taken ? Reading::Done : Reading::DoneFromDefault;
+}
+
+/// Memory as the tables are, after a reading that did not end well; as it was where they cannot be read.
+void showStored(History& history, const workspace::Workspace& workspace) {
+    try {
+        reloadHistory(history, workspace);
+    } catch (const std::exception&) {
+    }
+}
+
+Reading read(const Kind& kind, History& history, const workspace::Workspace& workspace, workspace::Dialogs& dialogs,
              const QDateTime& now) {
     if (!dialogs.confirm(kind.question, kTitle))
         return Reading::Cancelled;
     const QString picked = dialogs.chooseFile(workspace::toQString(historyTextFolder(workspace)), kFilter);
     if (picked.isEmpty())
         return Reading::Cancelled;
+    QString cause;
     try {
-        return readPicked(kind, history, workspace, picked, dialogs, now);
-    } catch (const FileFailure&) {
-    } catch (const std::range_error&) { // more draws than a history holds
+        const Reading reading = readPicked(kind, history, workspace, picked, dialogs, now);
+        if (reading == Reading::Refused)
+            showStored(history, workspace);
+        return reading;
+    } catch (const FileFailure& failure) {
+        cause = failure.cause() + u'\n' + failure.details();
+    } catch (const std::range_error&) {
+        cause = kTooMany.arg(kMostDraws);
+    } catch (...) {
+        showStored(history, workspace);
+        throw;
     }
-    dialogs.tell(kFileFailure, kFileFailureTitle);
+    showStored(history, workspace);
+    dialogs.tell({kFileFailure, kFileFailureTitle, cause.trimmed()});
     return Reading::Failed;
 }
 
 } // namespace
 
-std::filesystem::path historyTextFolder(const workspace::Workspace& workspace) {
-    const std::filesystem::path folder = historyTextFile(workspace).parent_path();
-    std::error_code ignored; // shows when a file is put there
-    std::filesystem::create_directory(folder, ignored);
-    return folder;
-}
-
-std::filesystem::path historyTextFile(const workspace::Workspace& workspace) {
-    return workspace::underFolder(workspace.folder, workspace::historyTextFragment(workspace.Username));
-}
-
-Reading readWhole(History& history, const workspace::Workspace& workspace, ReadingDialogs& dialogs,
+Reading readWhole(History& history, const workspace::Workspace& workspace, workspace::Dialogs& dialogs,
                   const QDateTime& now) {
     return read(kWhole, history, workspace, dialogs, now);
 }
 
-Reading readAppended(History& history, const workspace::Workspace& workspace, ReadingDialogs& dialogs,
+Reading readAppended(History& history, const workspace::Workspace& workspace, workspace::Dialogs& dialogs,
                      const QDateTime& now) {
     return read(kAppended, history, workspace, dialogs, now);
-}
-
-void writeHistoryText(const History& history, const workspace::Workspace& workspace) {
-    const std::span<const Draw> rows(history.Lshm);
-    historyTextFolder(workspace);
-    workspace::writeWholeFile(historyTextFile(workspace),
-                              drawsAsText(rows.subspan(1, static_cast<std::size_t>(history.Lsnum))));
 }
 
 } // namespace history

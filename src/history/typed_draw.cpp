@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <limits>
-#include <optional>
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -10,7 +10,7 @@ namespace history {
 
 namespace {
 
-constexpr std::size_t kBlue = 7;
+constexpr int kBlue = 7;
 constexpr qsizetype kPlaces = 2;
 
 const QString kTitle = u"输入错误!!!"_s;
@@ -21,6 +21,12 @@ const QString kOutOfRange = u"输入历史号的大小务必在当地的选号�
 const QString kRepeated = u"输入历史号务必不能重复,请点'放弃输入'按钮重新进行输入!"
                           u"若需输入个位数,请在前面加0(例如:欲输入'4',结果成为'_4'或'4_'错误,应为'04')."_s;
 const QString kOutOfPlace = u"输入历史号的大小务必在当地的选号范围之内,并且按照由小到大的顺序排列."_s;
+
+const QString kIssuePrompt = u"期号已到最大值2147483647，请输入这一期的期号(1～2147483647)"_s;
+const QString kIssueTitle = u"历史号码"_s;
+const QString kNoNumber = u"请输入数字"_s;
+const QString kNoNumberTitle = u"输入错误"_s;
+constexpr std::int32_t kLargestIssue = std::numeric_limits<std::int32_t>::max();
 
 /// Nothing unless all the places hold digits.
 std::optional<int> numberIn(const QString& box) {
@@ -41,36 +47,61 @@ bool fitsBetweenNeighbours(std::int32_t number, const Draw& draw, std::size_t re
     return aboveLower && belowUpper;
 }
 
-bool fits(std::int64_t number, const History& history, const workspace::Rule& rule, int draw, std::size_t slot) {
-    if (slot == 0) { // the next issue after the last draw has to fit as well
-        constexpr std::int64_t kLeast = std::numeric_limits<std::int32_t>::min();
-        constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-        return number >= kLeast && number < kMost && number + history.Lsnum - draw < kMost;
-    }
+bool fits(std::int64_t number, const History& history, const workspace::Rule& rule, int draw, int slot) {
+    if (slot == 0) // the next issue after the last draw has to fit as well
+        return number >= 0 && number < kLargestIssue - (history.Lsnum - draw);
     const int range = slot == kBlue ? rule.blues : rule.reds;
     if (number < 1 || number > range)
         return false;
-    return slot == kBlue || fitsBetweenNeighbours(static_cast<std::int32_t>(number),
-                                                  history.Lshm[static_cast<std::size_t>(draw)], slot);
+    return slot == kBlue ||
+           fitsBetweenNeighbours(static_cast<std::int32_t>(number), history.Lshm[static_cast<std::size_t>(draw)],
+                                 static_cast<std::size_t>(slot));
 }
 
 } // namespace
 
+QString boxName(int box) {
+    if (box == 0)
+        return {};
+    return box == kBlue ? u"蓝球"_s : u"第%1个红球"_s.arg(box);
+}
+
+std::optional<std::int32_t> nextIssue(const History& history) {
+    const std::int32_t last = history.Lshm[static_cast<std::size_t>(history.Lsnum)][0];
+    return last < kLargestIssue ? std::optional(last + 1) : std::nullopt;
+}
+
+std::optional<std::int32_t> askIssue(workspace::Dialogs& dialogs) {
+    while (const std::optional<QString> answer = dialogs.askText(kIssuePrompt, kIssueTitle)) {
+        bool isNumber = false;
+        const int issue = answer->trimmed().toInt(&isNumber);
+        if (isNumber && issue >= 1)
+            return issue;
+        dialogs.tell(kNoNumber, kNoNumberTitle);
+    }
+    return std::nullopt;
+}
+
 std::variant<Draw, Complaint> readTypedDraw(const TypedBoxes& boxes, const History& history,
                                             const workspace::Rule& rule) {
-    Draw draw{history.Lshm[static_cast<std::size_t>(history.Lsnum)][0] + 1};
-    for (std::size_t place = 1; place <= kBlue; ++place) {
-        const std::optional<int> number = numberIn(boxes[place - 1]);
+    Draw draw{nextIssue(history).value_or(0)};
+    for (int place = 1; place <= kBlue; ++place) {
+        const auto box = static_cast<std::size_t>(place);
+        const std::optional<int> number = numberIn(boxes[box - 1]);
         if (!number)
-            return Complaint{kPlaceEmpty, kTitle};
-        draw[place] = *number;
+            return Complaint{kPlaceEmpty, kTitle, place};
+        draw[box] = *number;
     }
-    for (std::size_t place = 1; place <= kBlue; ++place)
-        if (draw[place] < 1 || draw[place] > (place == kBlue ? rule.blues : rule.reds))
-            return Complaint{kOutOfRange, kTitle};
+    for (int place = 1; place <= kBlue; ++place)
+        if (const std::int32_t number = draw[static_cast<std::size_t>(place)];
+            number < 1 || number > (place == kBlue ? rule.blues : rule.reds))
+            return Complaint{kOutOfRange, kTitle, place};
+    const std::span<const std::int32_t> reds(&draw[1], kRedsDrawn);
+    for (int red = 1; red < kRedsDrawn; ++red) // behind the first one of each
+        if (const auto before = reds.first(static_cast<std::size_t>(red));
+            std::ranges::count(before, reds[before.size()]))
+            return Complaint{kRepeated, kTitle, red + 1};
     std::sort(&draw[1], &draw[kBlue]);
-    if (std::adjacent_find(&draw[1], &draw[kBlue]) != &draw[kBlue])
-        return Complaint{kRepeated, kTitle};
     return draw;
 }
 
@@ -78,7 +109,7 @@ std::variant<std::int32_t, Complaint> readCorrection(const QString& text, const 
                                                      const workspace::Rule& rule, int draw, int slot) {
     bool isNumber = false;
     const qlonglong number = text.toLongLong(&isNumber);
-    if (!isNumber || !fits(number, history, rule, draw, static_cast<std::size_t>(slot)))
+    if (!isNumber || !fits(number, history, rule, draw, slot))
         return Complaint{kOutOfPlace, kTitle};
     return static_cast<std::int32_t>(number);
 }

@@ -5,11 +5,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <variant>
 
 #include <QString>
 
 #include "history/history.h"
+#include "workspace/dialogs.h"
 #include "workspace/rule.h"
 
 namespace history {
@@ -18,13 +20,24 @@ namespace history {
 struct Complaint {
     QString text;
     QString title;
+    int box = 0; ///< which of the seven boxes it is about, from 1; 0: none of them
 };
+
+/// "第3个红球", "蓝球"; empty for 0.
+QString boxName(int box);
 
 /// Six reds in any order, then the blue: two characters each, "_" in a place that holds no digit.
 using TypedBoxes = std::array<QString, 7>;
 
-/// The draw behind the last one: reds ascending, its issue number the last one plus 1. A box that holds anything but
-/// two digits (full-width ones too) counts as one with an empty place.
+/// The issue number of the draw behind the last one: the last one plus 1; nothing when that does not fit into 32
+/// bits.
+std::optional<std::int32_t> nextIssue(const History& history);
+
+/// Asks for the issue number that nextIssue() does not have. \return nothing on Cancel
+std::optional<std::int32_t> askIssue(workspace::Dialogs& dialogs);
+
+/// The draw behind the last one: reds ascending, its issue number nextIssue(), or 0 where there is none. A box that
+/// holds anything but two digits (full-width ones too) counts as one with an empty place.
 std::variant<Draw, Complaint> readTypedDraw(const TypedBoxes& boxes, const History& history,
                                             const workspace::Rule& rule);
 

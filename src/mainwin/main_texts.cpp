@@ -1,14 +1,17 @@
 #include "mainwin/main_texts.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "history/typed_draw.h"
 
 using namespace Qt::StringLiterals;
 
 namespace mainwin {
 
 QString nextDrawText(const history::History& history) {
-    const auto last = static_cast<std::size_t>(history.Lsnum);
-    return u"在右输入 %1 历史号码:"_s.arg(history.Lshm[last][0] + 1);
+    const std::optional<std::int32_t> next = history::nextIssue(history);
+    return u"在右输入 %1 历史号码:"_s.arg(next ? QString::number(*next) : QString());
 }
 
 QString shareCaption(int number) {
@@ -22,6 +25,8 @@ QString shareText(double percent) {
 double shareBarLength(double percent, int numbers) {
     constexpr double kScale = 3;
     constexpr double kLongest = 6;
+    if (numbers <= 0 || !std::isfinite(percent)) // a share of a damaged file
+        return 0;
     return std::clamp(kScale - 100.0 / numbers * kScale + percent * kScale, 0.0, kLongest);
 }
 

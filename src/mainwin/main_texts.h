@@ -7,7 +7,8 @@
 
 namespace mainwin {
 
-/// "在右输入 {next} 历史号码:", next being the last issue number plus 1; 1 for an empty history.
+/// "在右输入 {next} 历史号码:", next being the last issue number plus 1; 1 for an empty history. Empty when there is
+/// none.
 QString nextDrawText(const history::History& history);
 
 /// "01的概率:"

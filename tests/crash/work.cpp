@@ -257,11 +257,13 @@ void Work::verifyHistory() {
 
 void Work::readText(const std::filesystem::path& file) {
     /// Picks the file; the question whether to read is answered with yes, and there is no other.
-    struct Yes : history::ReadingDialogs {
+    struct Yes : workspace::Dialogs {
         explicit Yes(const std::filesystem::path& file) : m_file(workspace::toQString(file)) {}
-        bool confirm(const QString&, const QString&) override { return true; }
+        bool confirm(const workspace::Message&, workspace::Risk) override { return true; }
         QString chooseFile(const QString&, const QString&) override { return m_file; }
-        void tell(const QString& text, const QString&) override { wrong(text.toStdString()); }
+        void tell(const workspace::Message& message) override { wrong(message.text.toStdString()); }
+        void warn(const workspace::Message& message) override { tell(message); }
+        std::optional<QString> askText(const QString&, const QString&, const QString&) override { return {}; }
         QString m_file;
     } yes(file);
     std::filesystem::remove(history::historyTextFile(m_workspace)); // nothing is in the way of the copy

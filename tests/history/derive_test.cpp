@@ -140,6 +140,15 @@ TEST(Derive, NumbersBeyondEveryRuleAreTakenWithoutOmission) {
 }
 
 // Every pair of a column and what a set value reads back as.
+/// A damaged file may hold any number of 16 bits; each gives some values, and zones and digits are counted in bounds.
+TEST(Derive, NumbersBelowOneCountNoZoneAndTheirDigitLikeAnyOther) {
+    const Derived odd =
+        deriveDraw({1, -32768, -23, -12, -1, 0, 32767, -7}, {}, std::array<std::int16_t, 39>{}, kRule);
+    EXPECT_EQ(odd.Qnum[0], 2); // -1 and 0, whose zone by whole division is the first
+    EXPECT_EQ(odd.Bignum, 2);  // 8 of -32768, 7 of 32767
+    EXPECT_EQ(odd.Apzounum, -1);
+}
+
 TEST(DerivedColumns, EachColumnWritesItsOwnMemberAndNoOther) {
     for (const history::DerivedColumn& column : history::kDerivedColumns) {
         Derived row;

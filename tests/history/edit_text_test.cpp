@@ -9,7 +9,7 @@ using history::Editing;
 class EditText : public ReadingTest {
   protected:
     Editing edit(bool starts) {
-        return editHistoryText(fresh.workspace, answers, [this, starts](const QString& file) {
+        return history::editHistoryText(fresh.workspace, answers, [this, starts](const QString& file) {
             opened = file;
             return starts;
         });

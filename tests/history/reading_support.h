@@ -12,10 +12,10 @@
 using namespace Qt::StringLiterals;
 
 /// Answers as told and writes down what was shown.
-struct Answers : history::ReadingDialogs {
-    bool confirm(const QString& text, const QString& title) override {
-        questions << text;
-        titles << title;
+struct Answers : workspace::Dialogs {
+    bool confirm(const workspace::Message& question, workspace::Risk) override {
+        questions << question.text;
+        titles << question.title;
         return confirms.isEmpty() || confirms.takeFirst();
     }
     QString chooseFile(const QString& folder, const QString& filter) override {
@@ -23,14 +23,20 @@ struct Answers : history::ReadingDialogs {
         shownFilter = filter;
         return picked;
     }
-    void tell(const QString& text, const QString& title) override {
-        told << text;
-        titles << title;
+    void tell(const workspace::Message& message) override {
+        told << message.text;
+        titles << message.title;
+        details << message.details;
+    }
+    void warn(const workspace::Message& message) override { tell(message); }
+    std::optional<QString> askText(const QString& prompt, const QString&, const QString&) override {
+        ADD_FAILURE() << prompt.toStdString();
+        return {};
     }
 
     QList<bool> confirms;
     QString picked;
-    QStringList questions, titles, told;
+    QStringList questions, titles, told, details;
     QString shownFolder, shownFilter;
 };
 

@@ -1,11 +1,17 @@
 #include "history/store.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <stdexcept>
+
+#include <QByteArray>
 
 #include <gtest/gtest.h>
 
+#include "history/derive.h"
 #include "history/draw_tables.h"
 #include "history/draws_support.h"
+#include "history/statistics.h"
 #include "same_history.h"
 
 namespace {
@@ -157,6 +163,60 @@ TEST_F(Store, NumbersBeyondTheRuleAreStoredAsTheyAre) {
     storeBatch(history, fresh.workspace, std::vector<Draw>{{1, 33, 1, 40, 99, 0, 6, 77}});
     EXPECT_EQ(number("SELECT [fig4] FROM [fig]"), 99);
     EXPECT_EQ(number("SELECT [fig7] FROM [fig]"), 77);
+}
+
+TEST_F(Store, RecordsThatAreMissingInTheSharesCountZeroAndMoreAreNotRead) {
+    storeBatch(history, fresh.workspace, randomDraws(200));
+    sql::Database& dbUser = *fresh.workspace.dbUser;
+    dbUser.execute("DELETE FROM [Gailv] WHERE [Number]>20");
+    dbUser.execute("DELETE FROM [GailvB]");
+    const History fewer = loaded();
+    EXPECT_EQ(fewer.Lshm, history.Lshm);
+    EXPECT_EQ(fewer.Glred[20], history.Glred[20]);
+    EXPECT_EQ(fewer.Glred[21], 0);
+    EXPECT_EQ(fewer.Gailvred[33], 0);
+    EXPECT_EQ(fewer.GlBlue, History().GlBlue);
+    for (int more = 0; more < 100; ++more)
+        dbUser.execute("INSERT INTO [GailvB] ([Number],[Glnum],[gailv]) VALUES (99,777,1)");
+    const History more = loaded();
+    EXPECT_EQ(more.GlBlue[16], 777);
+    EXPECT_EQ(more.GlBlue[17], 0);
+}
+
+/// Whatever a damaged file holds, it is loaded, and the next draws are counted and derived.
+TEST_F(Store, NumbersThatDoNotFitDoNoHarm) {
+    std::string assignments;
+    for (const std::string& column : history::figColumns())
+        assignments += (assignments.empty() ? "[" : ",[") + column + "]=#";
+    for (const int value : {-1, 0, -40, 39, 77, 32768, -32769, 2147483647, -2147483647}) {
+        replaceHistory(history, fresh.workspace, randomDraws(3));
+        std::string all = assignments;
+        for (std::size_t place = all.find('#'); place != std::string::npos; place = all.find('#'))
+            all.replace(place, 1, std::to_string(value));
+        fresh.workspace.dbUser->execute("UPDATE [fig] SET " + all);
+        History odd = loaded();
+        ASSERT_EQ(odd.Lsnum, 3) << value;
+        EXPECT_EQ(odd.Lshm[3][0], value);
+        EXPECT_EQ(odd.Lshm[3][7], std::clamp(value, -32768, 32767));
+        EXPECT_EQ(odd.derived[3].Znum, std::abs(value) < 32768 ? value : 0); // a short column holds no more
+        recountHits(odd);
+        EXPECT_EQ(odd.Glcount, 3);
+        storeDraw(odd, fresh.workspace, {2010001, 1, 2, 3, 4, 5, 6, 7});
+        EXPECT_EQ(odd.Lsnum, 4);
+        history::deriveDraw(odd.Lshm[3], odd.Lshm[2], odd.Ylnow, {33, 16});
+    }
+}
+
+TEST_F(Store, ARuleBeyondTheArraysReachesTheirEnd) {
+    for (const auto& [reds, blues] : {std::pair{99, 99}, {-5, -5}, {32767, -32768}}) {
+        fresh.workspace.Bitnum = reds;
+        fresh.workspace.BitnumB = blues;
+        const workspace::Rule rule = history::ruleOf(fresh.workspace);
+        EXPECT_EQ(rule.reds, std::clamp(reds, 0, 38));
+        EXPECT_EQ(rule.blues, std::clamp(blues, 0, 18));
+        storeBatch(history, fresh.workspace, randomDraws(2));
+        loaded();
+    }
 }
 
 TEST_F(Store, TheRealDrawsComeBackAsTheyWereStored) {

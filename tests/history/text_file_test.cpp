@@ -1,7 +1,13 @@
 #include "history/text_file.h"
 
+#include <sys/stat.h>
+
+#include <QDir>
+
+#include "history/maintenance.h"
 #include "history/reading_support.h"
 #include "history/store.h"
+#include "same_history.h"
 
 namespace {
 
@@ -51,7 +57,7 @@ TEST_F(WholeReading, AnExistingDefaultFileIsPutAsideWhenTheUserAgrees) {
 
 TEST_F(WholeReading, AnExistingDefaultFileIsReadWhenTheUserKeepsIt) {
     read(write(u"a.txt"_s, kTwoDraws));
-    EXPECT_EQ(read(write(u"b.txt"_s, kOneDraw), {true, false}), Reading::Done);
+    EXPECT_EQ(read(write(u"b.txt"_s, kOneDraw), {true, false}), Reading::DoneFromDefault);
     EXPECT_EQ(history.Lsnum, 2); // the default file, not the picked one
     EXPECT_FALSE(QFile::exists(texts.filePath(u"b.txt By 张三.TXT"_s)));
 }
@@ -62,17 +68,54 @@ TEST_F(WholeReading, TheDefaultFileItselfCanBePicked) {
     EXPECT_EQ(history.Lsnum, 2);
 }
 
-TEST_F(WholeReading, PuttingAsideTwiceADayIsANameConflict) {
+TEST_F(WholeReading, EveryDefaultFileThatIsPutAsideInADayIsKept) {
     read(write(u"a.txt"_s, kTwoDraws));
-    read(write(u"b.txt"_s, kOneDraw), {true, true});
-    EXPECT_EQ(read(write(u"c.txt"_s, kOneDraw), {true, true}), Reading::Failed);
-    EXPECT_EQ(answers.titles.last(), u"输入错误"_s);
-    EXPECT_EQ(stored(), 1);
+    const QString folder = workspace::toQString(history::historyTextFolder(fresh.workspace));
+    for (const char* name :
+         {" 张三2025-9-30日前 双色号码 .TXT", " 张三2025-9-30 8时05分03秒日前 双色号码 .TXT",
+          " 张三2025-9-30 8时05分03秒 (2)日前 双色号码 .TXT", " 张三2025-9-30 8时05分03秒 (3)日前 双色号码 .TXT"}) {
+        const QByteArray before = contents(standard());
+        const QString aside = folder + u'/' + QString::fromUtf8(name);
+        ASSERT_FALSE(QFile::exists(aside)) << name;
+        EXPECT_EQ(read(write(u"b.txt"_s, kOneDraw), {true, true}), Reading::Done);
+        EXPECT_EQ(contents(aside), before) << name;
+    }
+    EXPECT_EQ(QDir(texts.path()).entryList(QDir::Files), (QStringList{u"a.txt"_s, u"b.txt"_s}));
+}
+
+TEST_F(WholeReading, TheCopyBesideThePickedFileOverwritesNothing) {
+    const QString mine = write(u"a.txt By 张三.TXT"_s, "mine");
+    const QString other = texts.filePath(u"other"_s);
+    ASSERT_TRUE(QFile::link(other, texts.filePath(u"a.txt By 张三 (2).TXT"_s))); // leads nowhere yet
+    EXPECT_EQ(read(write(u"a.txt"_s, kTwoDraws)), Reading::Done);
+    EXPECT_EQ(history.Lsnum, 2);
+    EXPECT_EQ(contents(mine), "mine");
+    EXPECT_FALSE(QFile::exists(other));
+    EXPECT_FALSE(QFile::exists(texts.filePath(u"a.txt By 张三 (3).TXT"_s)));
+}
+
+TEST_F(WholeReading, ACopyThatCannotTakeItsPlaceIsRemoved) {
+    read(write(u"a.txt"_s, kTwoDraws));
+    const auto folder = history::historyTextFolder(fresh.workspace);
+    std::filesystem::rename(folder, folder.parent_path() / "elsewhere");
+    std::filesystem::create_directory_symlink(workspace::toPath(texts.path()), folder); // out of the program's folder
+    EXPECT_EQ(read(write(u"b.txt"_s, kOneDraw)), Reading::Failed);
+    EXPECT_TRUE(answers.details.last().startsWith(u"默认历史文本的文件夹指向程序文件夹之外 "_s));
+    EXPECT_EQ(QDir(texts.path()).entryList(QDir::Files), (QStringList{u"a.txt"_s, u"b.txt"_s}));
+    EXPECT_EQ(history.Lsnum, 2);
+}
+
+TEST_F(WholeReading, APipeIsAFailureAndNoHang) {
+    const QString pipe = texts.filePath(u"pipe.txt"_s);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    EXPECT_EQ(read(pipe), Reading::Failed);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(standard()).constData(), 0600), 0);
+    EXPECT_EQ(read(write(u"b.dat"_s, kOneDraw)), Reading::Failed);
 }
 
 TEST_F(WholeReading, AFileOfAnotherNameLeavesTheDefaultFileToBeRead) {
     read(write(u"a.txt"_s, kTwoDraws));
-    EXPECT_EQ(read(write(u"b.dat"_s, kOneDraw)), Reading::Done);
+    EXPECT_EQ(read(write(u"b.dat"_s, kOneDraw)), Reading::DoneFromDefault);
     EXPECT_EQ(history.Lsnum, 2);
 }
 
@@ -83,18 +126,51 @@ TEST_F(WholeReading, WithoutAnyFileToReadTheFailureIsTold) {
     EXPECT_EQ(read(u"/不存在/没有.txt"_s), Reading::Failed);
 }
 
-TEST_F(WholeReading, ARefusedLineLeavesTheTablesAndEmptiesTheMemory) {
+TEST_F(WholeReading, ARefusedLineLeavesTablesAndMemory) {
     read(write(u"a.txt"_s, kTwoDraws));
     EXPECT_EQ(read(write(u"b.TXT"_s, "2010001 01 02 03 04 05 06 07\n2010002 1 2 3\n"), {true, true}),
               Reading::Refused);
     EXPECT_EQ(answers.told, QStringList{u"请检查您的历史号码文本都是由6红+1蓝7个号码组成，中间由空格分开"_s});
     EXPECT_EQ(answers.titles.last(), u"历史号码文本错误"_s);
-    EXPECT_EQ(history.Lsnum, 0);
+    EXPECT_EQ(answers.details.last(), u"第2行：2010002 1 2 3\n这一行有0个号码，应为7个"_s);
+    EXPECT_EQ(history.Lsnum, 2);
+    EXPECT_EQ(history.Glcount, 2);
     EXPECT_EQ(stored(), 2);
     EXPECT_EQ(fresh.workspace.dbUser->rowCount("Ylqs"), 2);
     history::History again;
     loadHistory(again, fresh.workspace);
-    EXPECT_EQ(again.Lsnum, 2);
+    expectSameHistory(again, history);
+}
+
+TEST_F(WholeReading, AfterAFailureMemoryHoldsWhatTheTablesHold) {
+    read(write(u"a.txt"_s, kTwoDraws));
+    const history::History before = history;
+    for (const QByteArray& bytes : {QByteArray("1 2 3"), QByteArray(kOneDraw).repeated(32768)}) {
+        history.Lsnum = 0; // out of step
+        history.Lshm.resize(1);
+        history.derived.resize(1);
+        EXPECT_NE(read(write(u"b.txt"_s, bytes)), Reading::Done);
+        expectSameHistory(history, before);
+        EXPECT_EQ(history.Glcount, 2);
+    }
+    fresh.workspace.dbUser->execute("DELETE FROM [GailvB] WHERE [Number]>15"); // too few for 16 blues
+    EXPECT_THROW(read(write(u"b.txt"_s, kOneDraw)), sql::SqlError);
+    EXPECT_EQ(history.Lshm, before.Lshm);
+}
+
+TEST_F(WholeReading, ARefusedLineAfterAClearingLeavesTheOmissions) {
+    read(write(u"a.txt"_s, kTwoDraws));
+    clearHistory(history, fresh.workspace);
+    EXPECT_EQ(read(write(u"b.txt"_s, "1 2 3")), Reading::Refused);
+    EXPECT_EQ(history.Ylnow[1], 2); // a draw typed now continues it
+}
+
+TEST_F(WholeReading, ALineOfManyMegabytesIsRefusedWithItsStartOnly) {
+    const QString file = write(u"a.txt"_s, {});
+    ASSERT_TRUE(QFile::resize(file, 40'000'000)); // zeros, as a damaged file holds them
+    EXPECT_EQ(read(file), Reading::Refused);
+    EXPECT_LT(answers.details.last().size(), 300);
+    EXPECT_TRUE(answers.details.last().endsWith(u"这一行太长"_s));
 }
 
 TEST_F(WholeReading, TakesGb18030AndUnsortedReds) {
@@ -128,6 +204,7 @@ TEST_F(WholeReading, ADefaultFileThatCannotBeWrittenIsPassedOver) {
     std::filesystem::create_directory(workspace::toPath(standard()));
     writeHistoryText(history, fresh.workspace);
     EXPECT_TRUE(std::filesystem::is_directory(workspace::toPath(standard())));
+    EXPECT_TRUE(history.text.pending);
 }
 
 /// Odd files that users have: each reads as the two draws, or is refused and leaves the stored one.

@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+#include "scripted_dialogs.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -93,6 +95,42 @@ TEST(TypedDraw, TheChecksComeInTheirOrder) {
     expectComplaint(u"01 01 03 04 05 06 17"_s, kOutOfRange);
 }
 
+TEST(TypedDraw, AComplaintNamesItsBox) {
+    const std::tuple<QString, int, QString> wrong[] = {
+        {u"01 02 _3 04 05 06 07"_s, 3, u"第3个红球"_s}, {u"01 02 03 04 05 06 7_"_s, 7, u"蓝球"_s},
+        {u"34 02 03 04 05 06 07"_s, 1, u"第1个红球"_s}, {u"01 02 03 04 05 06 17"_s, 7, u"蓝球"_s},
+        {u"09 02 03 04 09 06 07"_s, 5, u"第5个红球"_s}, {u"06 05 04 03 02 06 07"_s, 6, u"第6个红球"_s}};
+    for (const auto& [numbers, box, name] : wrong) {
+        const auto result = typed(numbers);
+        ASSERT_TRUE(std::holds_alternative<Complaint>(result)) << numbers.toStdString();
+        EXPECT_EQ(std::get<Complaint>(result).box, box) << numbers.toStdString();
+        EXPECT_EQ(history::boxName(box), name);
+    }
+    EXPECT_EQ(history::boxName(0), QString());
+}
+
+TEST(TypedDraw, BehindTheLargestIssueThereIsNone) {
+    History history = held();
+    EXPECT_EQ(history::nextIssue(history), 2003003);
+    history.Lshm[2][0] = 2147483646;
+    EXPECT_EQ(history::nextIssue(history), 2147483647);
+    history.Lshm[2][0] = 2147483647;
+    EXPECT_EQ(history::nextIssue(history), std::nullopt);
+    EXPECT_EQ(std::get<Draw>(typed(u"01 02 03 04 05 06 07"_s, history)), (Draw{0, 1, 2, 3, 4, 5, 6, 7}));
+}
+
+TEST(TypedDraw, AMissingIssueIsAskedForUntilItFits) {
+    const QString prompt = u"期号已到最大值2147483647，请输入这一期的期号(1～2147483647)"_s;
+    ScriptedDialogs dialogs({asksText(prompt, u"abc"_s), tells(u"请输入数字"_s), asksText(prompt, u"0"_s),
+                             tells(u"请输入数字"_s), asksText(prompt, u"2147483648"_s), tells(u"请输入数字"_s),
+                             asksText(prompt, QString()), tells(u"请输入数字"_s),
+                             asksText(prompt, u" 2147483647 "_s)});
+    EXPECT_EQ(history::askIssue(dialogs), 2147483647);
+    EXPECT_EQ(dialogs.shown.front().title, u"历史号码"_s);
+    ScriptedDialogs cancelled({asksText(prompt, std::nullopt)});
+    EXPECT_EQ(history::askIssue(cancelled), std::nullopt);
+}
+
 void expectCorrection(const QString& text, int slot, bool good) {
     const auto result = readCorrection(text, held(), kRule, 2, slot); // 4 9 19 20 21 26 + 12
     EXPECT_EQ(std::holds_alternative<std::int32_t>(result), good) << text.toStdString() << " in slot " << slot;
@@ -137,11 +175,9 @@ TEST(Correction, AnIssueIsAnyNumberThatLeavesRoomForTheNext) {
     expectCorrection(u"0"_s, 0, true);
     expectCorrection(u"2147483646"_s, 0, true);
     expectCorrection(u"2147483647"_s, 0, false);
-    expectCorrection(u"99999999999999999999"_s, 0, false);
-    expectCorrection(u"9223372036854775807"_s, 0, false); // the most of 64 bits
-    expectCorrection(u"-9223372036854775808"_s, 0, false);
-    expectCorrection(u"-2147483649"_s, 0, false);
-    expectCorrection(QString(20000, u'9'), 0, false);
+    for (const QString& text :
+         {u"99999999999999999999"_s, u"9223372036854775807"_s, u"-1"_s, u"-9223372036854775808"_s, u"4294967297"_s})
+        expectCorrection(text, 0, false);
     expectCorrection(QString(), 0, false);
     EXPECT_TRUE(std::holds_alternative<Complaint>(readCorrection(u"2147483646"_s, held(), kRule, 1, 0)));
 }

@@ -1,4 +1,6 @@
 // Typing, deleting, clearing and correcting draws in the main window, with real keys.
+#include <QPushButton>
+
 #include "windows/history_window_support.h"
 
 namespace history_window_tests {
@@ -133,6 +135,58 @@ TEST_F(HistoryEntry, TheLastBoxFiresOnceForAKey) {
     EXPECT_EQ(program->history.Lsnum, 4);
 }
 
+TEST_F(HistoryEntry, AWrongBoxHasTheFocusAndEnterHandsAllOnAgain) {
+    {
+        const ModalScript script({{u"MsgBox"_s, [](QWidget& dialog) {
+                                       EXPECT_EQ(qobject_cast<QMessageBox*>(&dialog)->detailedText(), u"第3个红球"_s);
+                                       answer(kOutOfRange, kErrorTitle, QMessageBox::Ok)(dialog);
+                                   }}});
+        typeDraw(u"01 02 34 04 05 06 07"_s);
+    }
+    EXPECT_TRUE(box(3).hasFocus());
+    EXPECT_EQ(box(3).selectedText(), u"34"_s);
+    keys(u"33"_s); // in place of what was selected
+    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_TRUE(box(4).hasFocus());
+    key(Qt::Key_Return);
+    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->history.Lshm[4], (Draw{2003004, 1, 2, 4, 5, 6, 33, 7}));
+    EXPECT_TRUE(box(1).hasFocus());
+}
+
+TEST_F(HistoryEntry, EnterDoesNothingBeforeAllBoxesAreFull) {
+    trigger(form(), u"mnuLsApp"_s);
+    keys(u"0102030405"_s);
+    key(Qt::Key_Return);
+    keys(u"06"_s);
+    keys(u"0"_s);
+    key(Qt::Key_Enter);
+    EXPECT_EQ(program->history.Lsnum, 3);
+    keys(u"7"_s);
+    EXPECT_EQ(program->history.Lsnum, 4);
+    key(Qt::Key_Enter);
+    EXPECT_EQ(program->history.Lsnum, 4);
+}
+
+TEST_F(HistoryEntry, BehindTheLargestIssueItIsAskedFor) {
+    correct(2, 1, u"2147483646"_s);
+    typeDraw(u"01 02 03 04 05 06 07"_s);
+    EXPECT_EQ(cell(3, 1), u"2147483647"_s);
+    EXPECT_EQ(text(u"Label12"_s), u"在右输入  历史号码:"_s);
+    {
+        const ModalScript script({{u"InputBox"_s, cancel()}});
+        typeDraw(u"01 02 03 04 05 06 08"_s);
+    }
+    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(box(7).maskedText(), u"08"_s); // still there
+    const ModalScript script({{u"InputBox"_s, type(u"0"_s)},
+                              message(u"请输入数字"_s, u"输入错误"_s),
+                              {u"InputBox"_s, type(u"2010001"_s)}});
+    key(Qt::Key_Return);
+    EXPECT_EQ(program->history.Lshm[5], (Draw{2010001, 1, 2, 3, 4, 5, 6, 8}));
+    EXPECT_EQ(text(u"Label12"_s), u"在右输入 2010002 历史号码:"_s);
+}
+
 TEST_F(HistoryEntry, TheTabKeyGoesFromTheBoxesToTheButtonsToTheGrid) {
     box(7).setFocus();
     QStringList order;
@@ -186,8 +240,10 @@ TEST_F(HistoryEntry, ClearingAsksFirst) {
         return ModalStep{u"MsgBox"_s, [button](QWidget& dialog) {
                              const auto* box = qobject_cast<QMessageBox*>(&dialog);
                              EXPECT_EQ(box->standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
-                             answer(u"确实要清空本彩票的所有历史号码吗？清空之后将不可恢复！"_s, u"清空确认"_s,
-                                    button)(dialog);
+                             EXPECT_EQ(box->standardButton(box->defaultButton()), QMessageBox::Cancel);
+                             answer(u"确实要清空本彩票的所有历史号码吗？清空之前，原有的历史数据库和默认历史文本会"
+                                    u"保存到用户文件夹的“保存”文件夹中。"_s,
+                                    u"清空确认"_s, button)(dialog);
                          }};
     };
     {
@@ -287,8 +343,12 @@ TEST_F(HistoryEntry, AnotherCellOrADeletedRowGivesACorrectionUp) {
 TEST_F(HistoryEntry, AChangeThatCannotBeStoredIsToldAndLeavesEverything) {
     program->workspace.dbUser->execute("DELETE FROM [GailvB] WHERE [Number]>15"); // too few for 16 blues
     const std::string before = dump(*program->workspace.dbUser, "fig");
-    const auto failure = [] { return ModalStep{u"MsgBox"_s, answer({}, u"数据库错误"_s, QMessageBox::Ok)}; };
-    const ModalScript script({failure(), failure(), failure()});
+    const auto failure = [](const QString& what) {
+        return ModalStep{u"MsgBox"_s, answer(what + u"：数据表缺少记录。原有的数据没有改变，请排除原因后重试。"_s,
+                                             u"数据库错误"_s, QMessageBox::Ok)};
+    };
+    const ModalScript script(
+        {failure(u"输入的这一期没有保存"_s), failure(u"最后一期没有删除"_s), failure(u"修改的号码没有保存"_s)});
     typeDraw(u"01 02 03 04 05 06 07"_s);
     EXPECT_EQ(box(1).maskedText(), u"01"_s);
     press(form(), u"Command44"_s);

@@ -42,6 +42,7 @@ class HistoryText : public HistoryWindow {
         return u"您将修改该用户原来读取历史号码文件的时候所生成的默认历史号码文本，文件名为：“"_s + defaultFile() +
                u"”修改之后如果需要加载到软件里面请使用“读取历史”功能！"_s;
     }
+    QLabel& note() { return *controlAs<QLabel>(form(), u"HistoryNote"_s); }
     void setEditor(const QString& command) {
         program->settings.set(workspace::setting::kProgram, u"Option"_s, u"Editor"_s, command);
     }
@@ -80,6 +81,8 @@ TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
         trigger(form(), u"mnuRed"_s);
     }
     EXPECT_EQ(program->history.Lsnum, 3); // the file that was kept
+    EXPECT_TRUE(note().isVisible());
+    EXPECT_EQ(note().text(), u"读取的是原有的默认文本"_s);
     {
         const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                                   {u"FileDialog"_s, chooseFile(other)},
@@ -89,26 +92,32 @@ TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
     EXPECT_EQ(program->history.Lsnum, 1);
     const QString date = QDate::currentDate().toString(u"yyyy-M-d"_s);
     EXPECT_TRUE(QFile::exists(home.folderName() + u"/双色历史号码/ 张三"_s + date + u"日前 双色号码 .TXT"_s));
-    // A second one on the same day has no name left to go to.
+    EXPECT_FALSE(note().isVisible());
+    // A second one on the same day has the time in its name.
     const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                               {u"FileDialog"_s, chooseFile(other)},
-                              renameQuestion(QMessageBox::Ok),
-                              question(kFileFailure, u"输入错误"_s, QMessageBox::Ok)});
+                              renameQuestion(QMessageBox::Ok)});
     trigger(form(), u"mnuRed"_s);
+    EXPECT_EQ(QDir(home.folderName() + u"/双色历史号码"_s).entryList(QDir::Files).size(), 3);
 }
 
-TEST_F(HistoryText, ARefusedLineEmptiesMemoryButNotTheTables) {
+TEST_F(HistoryText, ARefusedLineIsShownAndChangesNothing) {
     readText(kThreeDraws);
     QFile::remove(defaultFile());
     const QString wrong = writeFile(u"错.txt"_s, "2003001 01 02 03 04 05 06 07\n2003002 01 02 03 04 05 06 7\n");
     {
         const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                                   {u"FileDialog"_s, chooseFile(wrong)},
-                                  question(kWrongLine, u"历史号码文本错误"_s, QMessageBox::Ok)});
+                                  {u"MsgBox"_s, [](QWidget& dialog) {
+                                       EXPECT_EQ(qobject_cast<QMessageBox*>(&dialog)->detailedText(),
+                                                 u"第2行：2003002 01 02 03 04 05 06 7\n这一行有6个号码，应为7个"_s);
+                                       answer(kWrongLine, u"历史号码文本错误"_s, QMessageBox::Ok)(dialog);
+                                   }}});
         trigger(form(), u"mnuRed"_s);
     }
-    EXPECT_EQ(grid().model()->rowCount(), 0);
-    EXPECT_FALSE(enabled(u"Command44"_s));
+    EXPECT_EQ(grid().model()->rowCount(), 3);
+    EXPECT_TRUE(enabled(u"Command44"_s));
+    EXPECT_EQ(text(u"Label12"_s), u"在右输入 2003004 历史号码:"_s);
     EXPECT_EQ(program->workspace.dbUser->rowCount("fig"), 3);
     enterAgain();
     EXPECT_EQ(grid().model()->rowCount(), 3);
@@ -136,6 +145,28 @@ TEST_F(HistoryText, AnAppendedReadingThatFailsLeavesTheGrid) {
     trigger(form(), u"mnuRead"_s);
     EXPECT_EQ(grid().model()->rowCount(), 3);
     EXPECT_TRUE(enabled(u"Command44"_s));
+}
+
+TEST_F(HistoryText, ATextThatCannotBeWrittenIsNotedAndWrittenLater) {
+    readText(kThreeDraws);
+    const QString panels = text(u"StatusBar1(4)"_s);
+    ASSERT_TRUE(QFile::remove(defaultFile()));
+    ASSERT_TRUE(QDir().mkdir(defaultFile()));
+    EXPECT_FALSE(note().isVisible());
+    typeDraw(u"04 06 07 10 13 25 03"_s);
+    EXPECT_TRUE(note().isVisible());
+    EXPECT_EQ(note().text(), u"默认历史文本没有写入，下次更改或退出程序时再试"_s);
+    EXPECT_EQ(text(u"StatusBar1(2)"_s), u"历史：4期"_s);
+    EXPECT_EQ(text(u"StatusBar1(4)"_s), panels);
+    ASSERT_TRUE(QDir().rmdir(defaultFile()));
+    trigger(form(), u"mnuDelast"_s);
+    EXPECT_FALSE(note().isVisible());
+    ASSERT_TRUE(QFile::remove(defaultFile()));
+    ASSERT_TRUE(QDir().mkdir(defaultFile()));
+    typeDraw(u"04 06 07 10 13 25 03"_s);
+    ASSERT_TRUE(QDir().rmdir(defaultFile()));
+    form().close();
+    EXPECT_EQ(defaultText().count('\n'), 4);
 }
 
 TEST_F(HistoryText, EditingWithoutAFileOffersToReadOne) {

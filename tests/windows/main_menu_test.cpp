@@ -211,12 +211,14 @@ TEST_F(MainWindow, ThePrintSettingAsksAgainForANumberThatItCanTake) {
     }
 }
 
-TEST_F(MainWindow, StoredNumbersOfAnySizeAreRead) {
+TEST_F(MainWindow, AStoredNumberThatIsNoneLeavesTheDefaultAndIsTold) {
     stored[u"setup/dayin"_s] = QString(400, u'9');
-    stored[u"Initial/Wd"_s] = u"-1E300"_s;
+    stored[u"Initial/Wd"_s] = u"-7"_s;
     open();
-    EXPECT_EQ(form->Printrow, 32767);
+    EXPECT_EQ(form->Printrow, 5);
     EXPECT_EQ(form->stability.Wd, 0);
+    const ModalScript script({{u"MsgBox"_s, answer({})}});
+    form->tellTroubles();
 }
 
 TEST_F(MainWindow, AWheelEntryIsOfferedForItsOwnCountOfReds) {

@@ -1,7 +1,9 @@
 #include "mainwin/windows/draw_entry.h"
 
-#include <QEvent>
+#include <algorithm>
+
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 
 #include "toolkit/mask_edit.h"
@@ -30,11 +32,11 @@ DrawEntry::DrawEntry(QWidget* parent) : QWidget(parent), m_caption(new QLabel) {
         box->setObjectName(u"MaskEdBox1(%1)"_s.arg(place + 1));
         box->setAccessibleName(blue ? u"新开奖号码 蓝球"_s : u"新开奖号码 红球%1"_s.arg(place + 1));
         box->setFixedWidth(kBoxWidth);
+        box->installEventFilter(this);
         connect(box, &toolkit::MaskEdit::filled, this, [this, place] { boxFilled(place); });
         layout->addWidget(box);
         m_boxes[place] = box;
     }
-    m_boxes.back()->installEventFilter(this);
 }
 
 void DrawEntry::setCaption(const QString& text) {
@@ -51,17 +53,38 @@ void DrawEntry::focusFirst() {
     m_boxes.front()->setFocus(Qt::OtherFocusReason);
 }
 
+void DrawEntry::focusBox(int box) {
+    toolkit::MaskEdit& wrong = *m_boxes[static_cast<std::size_t>(box - 1)];
+    wrong.setFocus(Qt::OtherFocusReason);
+    wrong.selectAll();
+}
+
 bool DrawEntry::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress)
-        m_typed = false;
+    if (event->type() == QEvent::KeyPress) {
+        if (watched == m_boxes.back())
+            m_typed = false;
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && isFull()) {
+            submit();
+            return true;
+        }
+    }
     return QWidget::eventFilter(watched, event);
 }
 
 void DrawEntry::boxFilled(std::size_t place) {
     if (place + 1 < m_boxes.size())
         return m_boxes[place + 1]->setFocus(Qt::OtherFocusReason);
-    if (m_typed)
-        return;
+    if (!m_typed)
+        submit();
+}
+
+bool DrawEntry::isFull() const {
+    return std::none_of(m_boxes.begin(), m_boxes.end(),
+                        [](const toolkit::MaskEdit* box) { return box->maskedText().contains(u'_'); });
+}
+
+void DrawEntry::submit() {
     m_typed = true;
     history::TypedBoxes boxes;
     for (std::size_t box = 0; box < boxes.size(); ++box)

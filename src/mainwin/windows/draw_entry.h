@@ -3,6 +3,7 @@
 //
 // A box that is full passes the focus to the next one; the last one hands all seven on, by typed(). Once it has done
 // so it does not do it again before its next key: what a handler or a message box does to it types no second draw.
+// Enter in any box hands the seven on too, when all are full: after a wrong number only its own box is typed again.
 #pragma once
 
 #include <array>
@@ -28,6 +29,8 @@ class DrawEntry : public QWidget {
     /// All boxes empty and the focus in the first one.
     void clear();
     void focusFirst();
+    /// \param box  1..7; its text is selected, so that typing replaces it
+    void focusBox(int box);
 
   signals:
     void typed(const history::TypedBoxes& boxes);
@@ -37,6 +40,8 @@ class DrawEntry : public QWidget {
 
   private:
     void boxFilled(std::size_t place);
+    bool isFull() const;
+    void submit();
 
     QLabel* m_caption;
     std::array<toolkit::MaskEdit*, std::tuple_size_v<history::TypedBoxes>> m_boxes{};

@@ -1,6 +1,7 @@
 #include "mainwin/windows/form1.h"
 
 #include <QCloseEvent>
+#include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
@@ -148,6 +149,11 @@ void Form1::buildStatusBar() {
         statusBar()->addWidget(panel, index == kBetPanel ? 1 : 0);
     }
     m_panels.front()->setMaximumWidth(kUserPanelWidth);
+    m_note = new QLabel;
+    m_note->setObjectName(u"HistoryNote"_s);
+    m_note->setMinimumWidth(1); // cut, rather than making the window wider
+    statusBar()->addPermanentWidget(m_note);
+    showHistoryNote({});
 }
 
 void Form1::readSettings() {
@@ -159,7 +165,7 @@ void Form1::readSettings() {
 
 int Form1::readNumber(const QString& section, const QString& key, const QString& fallback) {
     try {
-        return workspace::toNumber(m_context.settings.get(section, key, fallback), key);
+        return std::max(0, workspace::toNumber(m_context.settings.get(section, key, fallback), key));
     } catch (const workspace::ConversionError& failed) {
         m_troubles << failed.message();
         return workspace::toNumber(fallback);
@@ -228,6 +234,16 @@ void Form1::showFigures() {
     m_shares->showShares(m_context.history, m_context.workspace.Bitnum, m_context.workspace.BitnumB);
     m_tree->refresh();
     showStatus();
+}
+
+void Form1::focusEntry(int box) {
+    m_history->focusEntry(box);
+}
+
+void Form1::showHistoryNote(const QString& note) {
+    m_note->setText(note);
+    m_note->setToolTip(note);
+    m_note->setVisible(!note.isEmpty());
 }
 
 void Form1::refreshCommands() {

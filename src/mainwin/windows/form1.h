@@ -15,6 +15,8 @@
 #include "mainwin/stability.h"
 #include "toolkit/window_place.h"
 
+class QLabel;
+
 namespace selection {
 class PadPanel;
 }
@@ -52,6 +54,10 @@ class Form1 : public QMainWindow {
     toolkit::NoticeBar& notice() { return *m_notice; }
     /// Tells which settings could not be read as numbers; their defaults hold. Call it once the window is shown.
     void tellTroubles();
+    /// Puts the focus into a box of the new draw, 1..7, with its text selected; 0: nowhere.
+    void focusEntry(int box);
+    /// A line about the history in the status bar, beside its panels; empty: none.
+    void showHistoryNote(const QString& note);
     /// Enables what the state allows; call it after a command was registered late.
     void refreshCommands();
 
@@ -94,6 +100,7 @@ class Form1 : public QMainWindow {
     std::array<toolkit::StatusPanel*, 4> m_panels{};
     toolkit::NoticeBar* m_notice = nullptr;
     QStringList m_troubles;
+    QLabel* m_note = nullptr;
 };
 
 } // namespace mainwin

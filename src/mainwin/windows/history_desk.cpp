@@ -5,6 +5,7 @@
 
 #include <QDesktopServices>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QUrl>
 
 #include "history/edit_text.h"
@@ -12,8 +13,8 @@
 #include "history/store.h"
 #include "mainwin/windows/form1.h"
 #include "toolkit/busy_cursor.h"
-#include "toolkit/file_dialog.h"
-#include "toolkit/messages.h"
+#include "toolkit/dialog_boxes.h"
+#include "workspace/failure.h"
 #include "workspace/setting_names.h"
 
 using namespace Qt::StringLiterals;
@@ -22,33 +23,47 @@ namespace mainwin {
 
 namespace {
 
-const QString kClearQuestion = u"确实要清空本彩票的所有历史号码吗？清空之后将不可恢复！"_s;
+const QString kClearQuestion =
+    u"确实要清空本彩票的所有历史号码吗？清空之前，原有的历史数据库和默认历史文本会保存到用户文件夹的“保存”文件夹中。"_s;
 const QString kClearTitle = u"清空确认"_s;
 const QString kFull = u"历史号码最多保存%1期，已经不能再追加！"_s;
+const QString kErrorTitle = u"数据库错误"_s;
+const QString kNotTyped = u"输入的这一期没有保存"_s;
+const QString kNotCorrected = u"修改的号码没有保存"_s;
+const QString kNotDeleted = u"最后一期没有删除"_s;
+const QString kNotCleared = u"历史号码没有清空"_s;
+const QString kNotRead = u"历史号码没有读入"_s;
+const QString kTextBehind = u"默认历史文本没有写入，下次更改或退出程序时再试"_s;
+const QString kDefaultRead = u"读取的是原有的默认文本"_s;
 
-/// The questions around history texts, asked above the main window; between them the pointer waits.
-class ReadingBoxes final : public history::ReadingDialogs {
+/// The boxes of a command that works on files between its questions: there the pointer waits.
+class BusyBoxes final : public workspace::Dialogs {
     template <class Ask> auto asking(Ask ask) {
         m_busy.reset();
-        const auto answer = ask();
-        m_busy.emplace();
-        return answer;
+        const auto again = qScopeGuard([this] { m_busy.emplace(); });
+        return ask();
     }
 
   public:
-    explicit ReadingBoxes(QWidget* parent) : m_parent(parent) {}
-    bool confirm(const QString& text, const QString& title) override {
-        return asking([&] { return toolkit::confirm(m_parent, text, title); });
+    explicit BusyBoxes(QWidget* parent) : m_boxes(parent) {}
+    bool confirm(const workspace::Message& question, workspace::Risk risk) override {
+        return asking([&] { return m_boxes.confirm(question, risk); });
+    }
+    void tell(const workspace::Message& message) override {
+        asking([&] { m_boxes.tell(message); });
+    }
+    void warn(const workspace::Message& message) override {
+        asking([&] { m_boxes.warn(message); });
+    }
+    std::optional<QString> askText(const QString& prompt, const QString& title, const QString& proposed) override {
+        return asking([&] { return m_boxes.askText(prompt, title, proposed); });
     }
     QString chooseFile(const QString& folder, const QString& filter) override {
-        return asking([&] { return toolkit::chooseFile(m_parent, folder, filter.section(u'|', 0, 0)); });
-    }
-    void tell(const QString& text, const QString& title) override {
-        asking([&] { return toolkit::showMessage(m_parent, text, title); });
+        return asking([&] { return m_boxes.chooseFile(folder, filter); });
     }
 
   private:
-    QWidget* m_parent;
+    toolkit::DialogBoxes m_boxes;
     std::optional<toolkit::BusyCursor> m_busy;
 };
 
@@ -71,27 +86,44 @@ HistoryDesk::HistoryDesk(history::History& history, const workspace::Workspace& 
     connect(&form, &Form1::numberTyped, this, &HistoryDesk::correct);
 }
 
-template <class Change> bool HistoryDesk::done(Change change) {
+template <class Change> bool HistoryDesk::done(const QString& what, Change change) {
+    toolkit::DialogBoxes boxes(&m_form);
     try {
         change();
+        showNote();
         return true;
     } catch (const std::range_error&) {
-        tell({kFull.arg(history::kMostDraws), u"数据库错误"_s});
+        boxes.tell(kFull.arg(history::kMostDraws), kErrorTitle);
     } catch (const std::exception& error) {
-        toolkit::showMessage(&m_form, QString::fromUtf8(error.what()), u"数据库错误"_s, QMessageBox::Critical);
+        boxes.warn(workspace::failureMessage(error, what, kErrorTitle));
     }
     return false;
 }
 
+void HistoryDesk::showNote(const QString& note) {
+    m_form.showHistoryNote(m_history.text.pending ? kTextBehind : note);
+}
+
 void HistoryDesk::tell(const history::Complaint& complaint) {
-    toolkit::showMessage(&m_form, complaint.text, complaint.title);
+    toolkit::DialogBoxes(&m_form).tell({complaint.text, complaint.title, history::boxName(complaint.box)});
 }
 
 void HistoryDesk::typeDraw(const history::TypedBoxes& boxes) {
-    const auto typed = history::readTypedDraw(boxes, m_history, history::ruleOf(m_workspace));
-    if (const auto* complaint = std::get_if<history::Complaint>(&typed))
-        return tell(*complaint);
-    if (done([&] { history::typeDraw(m_history, m_workspace, std::get<history::Draw>(typed)); }))
+    auto typed = history::readTypedDraw(boxes, m_history, history::ruleOf(m_workspace));
+    if (const auto* complaint = std::get_if<history::Complaint>(&typed)) {
+        tell(*complaint);
+        m_form.focusEntry(complaint->box);
+        return;
+    }
+    auto& draw = std::get<history::Draw>(typed);
+    if (!history::nextIssue(m_history)) {
+        toolkit::DialogBoxes asking(&m_form);
+        const std::optional<std::int32_t> issue = history::askIssue(asking);
+        if (!issue)
+            return;
+        draw[0] = *issue;
+    }
+    if (done(kNotTyped, [&] { history::typeDraw(m_history, m_workspace, draw); }))
         m_form.showTypedDraw();
 }
 
@@ -99,13 +131,14 @@ void HistoryDesk::correct(int draw, int slot, const QString& text) {
     const auto number = history::readCorrection(text, m_history, history::ruleOf(m_workspace), draw, slot);
     if (const auto* complaint = std::get_if<history::Complaint>(&number))
         return tell(*complaint);
-    if (done([&] { history::correctNumber(m_history, m_workspace, draw, slot, std::get<std::int32_t>(number)); }))
+    if (done(kNotCorrected,
+             [&] { history::correctNumber(m_history, m_workspace, draw, slot, std::get<std::int32_t>(number)); }))
         m_form.showCorrection(draw);
 }
 
 void HistoryDesk::deleteLast() {
     const int before = m_history.Lsnum;
-    if (!done([this] { history::deleteLastDraw(m_history, m_workspace); }))
+    if (!done(kNotDeleted, [this] { history::deleteLastDraw(m_history, m_workspace); }))
         return;
     if (m_history.Lsnum == before - 1)
         m_form.showDeletedDraw();
@@ -114,9 +147,9 @@ void HistoryDesk::deleteLast() {
 }
 
 void HistoryDesk::clear() {
-    if (!toolkit::confirm(&m_form, kClearQuestion, kClearTitle))
+    if (!toolkit::DialogBoxes(&m_form).confirm({kClearQuestion, kClearTitle}, workspace::Risk::Loss))
         return;
-    if (done([this] { history::clearHistory(m_history, m_workspace); }))
+    if (done(kNotCleared, [this] { history::clearHistory(m_history, m_workspace); }))
         m_form.showHistory();
 }
 
@@ -130,10 +163,12 @@ void HistoryDesk::readAppended() {
 
 void HistoryDesk::read(ReadText readText) {
     history::Reading reading = history::Reading::Failed;
-    done([&] {
-        ReadingBoxes boxes(&m_form);
+    done(kNotRead, [&] {
+        BusyBoxes boxes(&m_form);
         reading = readText(m_history, m_workspace, boxes, QDateTime::currentDateTime());
     });
+    if (reading == history::Reading::DoneFromDefault)
+        showNote(kDefaultRead);
     if (reading != history::Reading::Cancelled)
         m_form.showHistory();
 }
@@ -141,12 +176,16 @@ void HistoryDesk::read(ReadText readText) {
 void HistoryDesk::editText() {
     history::Editing editing;
     {
-        ReadingBoxes boxes(&m_form);
+        BusyBoxes boxes(&m_form);
         editing = history::editHistoryText(m_workspace, boxes,
                                            [this](const QString& file) { return startEditor(m_settings, file); });
     }
     if (editing == history::Editing::Read)
         readWhole();
+}
+
+void HistoryDesk::finish() {
+    history::retryHistoryText(m_history, m_workspace);
 }
 
 } // namespace mainwin

@@ -27,17 +27,22 @@ class HistoryDesk : public QObject {
     /// A draw is held.
     void deleteLast();
     void clear();
+    /// The program ends: a default text that could not be written is tried once more.
+    void finish();
 
   private:
-    using ReadText = history::Reading (*)(history::History&, const workspace::Workspace&, history::ReadingDialogs&,
+    using ReadText = history::Reading (*)(history::History&, const workspace::Workspace&, workspace::Dialogs&,
                                           const QDateTime&);
 
     void typeDraw(const history::TypedBoxes& boxes);
     void correct(int draw, int slot, const QString& text);
     void read(ReadText readText);
     void tell(const history::Complaint& complaint);
+    /// \param what  the failure in words, "最后一期没有删除"
     /// \return false when the change threw: that is told, and nothing has changed
-    template <class Change> bool done(Change change);
+    template <class Change> bool done(const QString& what, Change change);
+    /// Shows in the status bar that the default text is behind, else the note.
+    void showNote(const QString& note = {});
 
     history::History& m_history;
     const workspace::Workspace& m_workspace;

@@ -89,6 +89,11 @@ void HistoryPanel::focusEntry() {
     m_entry->focusFirst();
 }
 
+void HistoryPanel::focusEntry(int box) {
+    if (box > 0)
+        m_entry->focusBox(box);
+}
+
 void HistoryPanel::colourGrid() {
     const toolkit::Colours& look = toolkit::colours(palette());
     m_model->setColours(look.rowNumber, look.red, look.used); // the blue column is pure blue where that can be read

@@ -35,6 +35,8 @@ class HistoryPanel : public QWidget {
     void showCorrected(int draw);
     /// Puts the focus into the first box of the new draw.
     void focusEntry();
+    /// Into box 1..7, with its text selected; 0: nowhere.
+    void focusEntry(int box);
 
   signals:
     void drawTyped(const history::TypedBoxes& boxes);

@@ -70,6 +70,7 @@ void Program::enter() {
 
 /// What a failed store left pending is tried once more, so that nothing is lost without a word.
 void Program::finish() {
+    m_desk->finish();
     try {
         workspace::storeAll(workspace);
     } catch (const sql::SqlError& failed) {
