@@ -7,20 +7,14 @@
 //   changed N CONTENTS        the combination table is changed in memory and goes into its file next
 //   done N CONTENTS           all of the operation is committed
 // CONTENTS are four words: draws, selections, setting, checksum of the combination table.
-#include <unistd.h>
-
 #include <cstdlib>
-#include <iostream>
 
+#include "crash/say.h"
 #include "crash/work.h"
 
 namespace {
 
-void say(const std::string& line) {
-    const std::string whole = line + "\n";
-    if (::write(STDOUT_FILENO, whole.data(), whole.size()) != static_cast<ssize_t>(whole.size()))
-        std::exit(3); // nobody listens any more
-}
+using crash::say;
 
 std::string words(const crash::Contents& contents) {
     return contents.draws + " " + contents.selections + " " + contents.setting + " " + contents.table;

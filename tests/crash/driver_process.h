@@ -12,8 +12,9 @@ namespace crash {
 
 class DriverProcess {
   public:
-    /// \param texts  files of draws: the driver reads them in turn, for ever, and does nothing else
-    /// \throws std::runtime_error when it cannot be started
+    /// \param words  the program and its arguments  \throws std::runtime_error when it cannot be started
+    explicit DriverProcess(std::vector<std::string> words);
+    /// The driver of the logic. \param texts  files of draws: it reads them in turn, for ever, and does nothing else
     DriverProcess(const std::filesystem::path& folder, unsigned seed,
                   const std::vector<std::filesystem::path>& texts = {});
     ~DriverProcess(); ///< kills it

@@ -13,17 +13,29 @@ extern char** environ;
 
 namespace crash {
 
+namespace {
+
+std::vector<std::string> wordsOf(const std::filesystem::path& folder, unsigned seed,
+                                 const std::vector<std::filesystem::path>& texts) {
+    std::vector<std::string> words{SSQ_CRASH_DRIVER, folder.string(), std::to_string(seed)};
+    for (const std::filesystem::path& text : texts)
+        words.push_back(text.string());
+    return words;
+}
+
+} // namespace
+
 DriverProcess::DriverProcess(const std::filesystem::path& folder, unsigned seed,
-                             const std::vector<std::filesystem::path>& texts) {
+                             const std::vector<std::filesystem::path>& texts)
+    : DriverProcess(wordsOf(folder, seed, texts)) {}
+
+DriverProcess::DriverProcess(std::vector<std::string> words) {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0)
         throw std::runtime_error("no pipe");
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-    std::vector<std::string> words{SSQ_CRASH_DRIVER, folder.string(), std::to_string(seed)};
-    for (const std::filesystem::path& text : texts)
-        words.push_back(text.string());
     std::vector<char*> arguments;
     for (std::string& word : words)
         arguments.push_back(word.data());

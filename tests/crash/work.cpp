@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include "crash/contents.h"
 #include "filter/member.h"
 #include "filter/parameter_run.h"
 #include "filter/row_states.h"
@@ -52,19 +53,6 @@ std::string text(std::int64_t number) {
 const filter::FilterMember& member() {
     return filter::kFilterMembers[0];
 }
-
-/// FNV-1a
-class Checksum {
-  public:
-    void add(const std::string& bytes) {
-        for (const char byte : bytes + '|')
-            m_sum = (m_sum ^ static_cast<unsigned char>(byte)) * 0x100000001B3ULL;
-    }
-    std::string text() const { return std::to_string(m_sum); }
-
-  private:
-    std::uint64_t m_sum = 0xCBF29CE484222325ULL;
-};
 
 } // namespace
 
@@ -209,26 +197,9 @@ void Work::store() {
     m_workspace.dbFilnum->store();
 }
 
-/// Every column whole by its sum, and every 199th row with all its values: a store that had written only some of its
-/// chunks, columns or dictionaries would show in both.
-std::string Work::tableChecksum() {
-    sql::Database& database = *m_workspace.dbFilnum;
-    Checksum sum;
-    const sql::Rows sums = database.query(
-        "SELECT Count(*), SUM([idx]), SUM([fig1]), SUM([fig6]), SUM([fig7]), SUM([canshu]), SUM([unslt]), "
-        "SUM([preunslt]), SUM([tmpunslt]), SUM([Errnum]), Min([Fliter]), Max([Fliter]), Count([Fliter]) FROM [zuhe]");
-    for (int column = 0; column < sums.columnCount(); ++column)
-        sum.add(sums.textAt(0, column));
-    const sql::Rows rows = database.query("SELECT * FROM [zuhe]");
-    for (std::int64_t row = 0; row < rows.count(); row += 199)
-        for (int column = 0; column < rows.columnCount(); ++column)
-            sum.add(rows.textAt(row, column));
-    return sum.text();
-}
-
 Contents Work::contents() {
     return {text(m_history.Lshm.back()[0]) + "/" + text(m_history.Lsnum),
-            text(m_workspace.dbNumsave->rowCount("SAVE")), text(setting()), tableChecksum()};
+            text(m_workspace.dbNumsave->rowCount("SAVE")), text(setting()), tableChecksum(*m_workspace.dbFilnum)};
 }
 
 void Work::verify() {

@@ -73,7 +73,6 @@ class Work {
     void replaceHistory(int count);
     void saveSelection();
     void makeTemplateAgain(std::mt19937& random);
-    std::string tableChecksum();
     int setting() const;
     void verifyHistory();
     void verifySelections();

@@ -38,18 +38,20 @@ void pressButton(QMessageBox& box, QMessageBox::StandardButton which) {
 
 } // namespace
 
-ModalScript::ModalScript(std::vector<ModalStep> steps)
-    : m_steps(std::make_move_iterator(steps.begin()), std::make_move_iterator(steps.end())) {
-    connect(&m_timer, &QTimer::timeout, this, &ModalScript::look);
+ModalWatch::ModalWatch() {
+    connect(&m_timer, &QTimer::timeout, this, &ModalWatch::look);
     m_timer.start(0);
 }
+
+ModalScript::ModalScript(std::vector<ModalStep> steps)
+    : m_steps(std::make_move_iterator(steps.begin()), std::make_move_iterator(steps.end())) {}
 
 ModalScript::~ModalScript() {
     for (const ModalStep& step : m_steps)
         ADD_FAILURE() << "a dialog never came: " << step.name.toStdString();
 }
 
-void ModalScript::look() {
+void ModalWatch::look() {
     QWidget* dialog = QApplication::activeModalWidget();
     if (!dialog || !dialog->isVisible() || dialog->objectName() == u"Dialog") // the progress of long work asks nothing
         return;
@@ -62,7 +64,7 @@ void ModalScript::look() {
     QTimer::singleShot(0, dialog, [this, dialog] { play(*dialog); });
 }
 
-bool ModalScript::eventFilter(QObject* watched, QEvent* event) {
+bool ModalWatch::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Hide)
         std::erase_if(m_open, [watched](const auto& open) { return !open || open == watched; });
     return false;

@@ -26,7 +26,24 @@ struct ModalStep {
     ModalAction act;
 };
 
-class ModalScript : public QObject {
+/// Finds every modal dialog once it is open, whoever runs it, and has it played: each once, from its own event loop.
+class ModalWatch : public QObject {
+  public:
+    ModalWatch();
+
+  protected:
+    /// Has to end the dialog, or let a later play() end it.
+    virtual void play(QWidget& dialog) = 0;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void look();
+
+    std::vector<QPointer<QObject>> m_open;
+    QTimer m_timer;
+};
+
+class ModalScript : public ModalWatch {
   public:
     explicit ModalScript(std::vector<ModalStep> steps);
     ~ModalScript() override;
@@ -34,16 +51,10 @@ class ModalScript : public QObject {
     /// Steps that have not been reached yet.
     std::size_t left() const { return m_steps.size(); }
 
-  protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
   private:
-    void look();
-    void play(QWidget& dialog);
+    void play(QWidget& dialog) override;
 
     std::deque<ModalStep> m_steps;
-    std::vector<QPointer<QObject>> m_open;
-    QTimer m_timer;
 };
 
 /// Types a text into an input box and accepts it.
