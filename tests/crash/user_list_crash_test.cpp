@@ -32,14 +32,18 @@ struct Case {
     friend void PrintTo(const Case& that, std::ostream* out) { *out << that.name; }
 };
 
-/// Names, passwords and who entered last, as the next start reads them.
+const QString kFormerUser = u"赵六QS"_s; // whose settings are put aside when somebody takes the name again
+
+/// Names, passwords, who entered last, and the rule that a user of the former one's name would have, as the next
+/// start reads them.
 std::string readList(const std::filesystem::path& folder) {
     Settings settings(folder);
     const UserList users(settings);
     std::string all;
     for (const UserList::User& user : users.users())
         all += user.name.toStdString() + ':' + user.password.toStdString() + '|';
-    return all + std::to_string(users.lastEntered());
+    const QString rule = settings.value(kFormerUser, u"Initial"_s, u"Bitnum"_s, u"33"_s);
+    return all + std::to_string(users.lastEntered()) + '|' + rule.toStdString();
 }
 
 void makeList(const std::filesystem::path& folder) {
@@ -49,6 +53,7 @@ void makeList(const std::filesystem::path& folder) {
     for (const QString& name : {u"张三"_s, u"李四[36选7]"_s, u"王五"_s})
         users.add(name, name == u"王五"_s ? QString() : name + u" 口令"_s);
     users.noteEntered(1);
+    settings.set(kFormerUser, u"Initial"_s, u"Bitnum"_s, 30);
 }
 
 void changeList(const std::filesystem::path& folder, const Change& change) {
@@ -134,12 +139,14 @@ TEST_P(KillingAChangeOfUsers, LeavesTheOldListOrTheNewOne) {
     std::printf("killed before %d calls, the first %d left the old list\n", leftOld + leftNew - 1, leftOld);
 }
 
-INSTANTIATE_TEST_SUITE_P(Changes, KillingAChangeOfUsers,
-                         ::testing::Values(Case{"Add", [](UserList& users) { users.add(u"赵六"_s, u"口令"_s); }},
-                                           Case{"Rename",
-                                                [](UserList& users) { users.rename(0, u"孙七"_s, u"另一个"_s); }},
-                                           Case{"Remove", [](UserList& users) { users.remove(0); }},
-                                           Case{"Enter", [](UserList& users) { users.noteEntered(2); }}),
-                         [](const auto& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Changes, KillingAChangeOfUsers,
+    ::testing::Values(Case{"Add", [](UserList& users) { users.add(u"赵六"_s, u"口令"_s); }},
+                      Case{"Rename", [](UserList& users) { users.rename(0, u"孙七"_s, u"另一个"_s); }},
+                      Case{"RenameWithANewWorkspace",
+                           [](UserList& users) { users.rename(2, u"赵六"_s, {}, UserList::Workspace::New); }},
+                      Case{"Remove", [](UserList& users) { users.remove(0); }},
+                      Case{"Enter", [](UserList& users) { users.noteEntered(2); }}),
+    [](const auto& test) { return std::string(test.param.name); });
 
 } // namespace

@@ -54,12 +54,14 @@ void WindowUser::filterBets() {
         press(form(), u"Command1(%1)"_s.arg(red));
     for (int blue = 1; blue <= blues; ++blue)
         press(form(), u"Command2(%1)"_s.arg(blue));
+    say("begin\tfilter window");
     const std::string bets = std::to_string(betsOf(reds, blues));
     say("maybe\t" + keyOf("table", user()) + '=' + bets + '/' + bets + "/*");
     m_answers.inFilterWindow = [this](QWidget& window) { pressInFilterWindow(window); };
     trigger(form(), u"mnuLst"_s);
     if (m_program->workspace.dbFilnum->storePending())
         giveUp("the filter window has closed and left something unstored");
+    say("done");
     say("is\t" + keyOf("table", user()) + '=' + tableText(*m_program->workspace.dbFilnum));
 }
 
