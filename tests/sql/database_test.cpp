@@ -37,6 +37,41 @@ TEST_F(DatabaseTest, AFileThatIsNoDatabaseIsRefused) {
     EXPECT_EQ(errorOf([&] { engine.open(file); }), sql::error::kNotADatabase);
 }
 
+/// Files that this process holds open.
+std::ptrdiff_t openFiles() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
+TEST_F(DatabaseTest, AHandleThatIsGoneHoldsNoFileOpen) {
+    const auto garbage = folder.path() / "garbage.mdb";
+    std::ofstream(garbage) << std::string(5000, 'x');
+    const std::ptrdiff_t before = openFiles();
+    {
+        sql::Engine another;
+        const auto first = another.create(folder.path() / "b.mdb");
+        first->execute("CREATE TABLE [fig]([idx] integer)");
+        EXPECT_GT(openFiles(), before);
+    }
+    EXPECT_EQ(openFiles(), before);
+    EXPECT_EQ(errorOf([&] { engine.open(garbage); }), sql::error::kNotADatabase);
+    EXPECT_EQ(openFiles(), before);
+}
+
+TEST_F(DatabaseTest, AStatementOverACombinationTableAndAnOrdinaryOneIsRefused) {
+    db->execute("CREATE TABLE [zuhe]([idx] integer,[fig1] integer,[canshu] integer)");
+    db->execute("INSERT INTO [zuhe] ([idx],[fig1],[canshu]) VALUES (1,5,0)");
+    db->execute("CREATE TABLE [fig]([idx] integer,[fig1] integer)");
+    db->execute("INSERT INTO [fig] ([idx],[fig1]) VALUES (1,5)");
+    for (const char* statement :
+         {"UPDATE [zuhe] SET [canshu]=1 WHERE [fig1] IN (SELECT [fig1] FROM [fig])",
+          "SELECT [idx] FROM [zuhe] WHERE [idx]=1 AND NOT [fig1] NOT IN (SELECT [fig1] FROM [fig] WHERE [idx]=1)",
+          "SELECT [fig1] FROM [fig] WHERE [fig1] IN (SELECT [fig1] FROM [zuhe])",
+          "DELETE FROM [fig] WHERE [fig1] IN (SELECT [fig1] FROM [zuhe])"})
+        EXPECT_EQ(errorOf([&] { db->execute(statement); }), sql::error::kMixedStores) << statement;
+    EXPECT_EQ(sql::toInteger(db->queryValue("SELECT [canshu] FROM [zuhe]")), 0);
+    EXPECT_EQ(db->rowCount("fig"), 1);
+}
+
 TEST_F(DatabaseTest, AMissingTableHasItsOwnErrorNumber) {
     EXPECT_EQ(errorOf([&] { db->openRecordset("Ylqs"); }), sql::error::kTableNotFound);
     EXPECT_EQ(errorOf([&] { db->query("SELECT * FROM [Ylqs]"); }), sql::error::kTableNotFound);
