@@ -43,6 +43,21 @@ TEST(Statistics, NumbersBeyondTheArraysAreNotCounted) {
     EXPECT_EQ(history.Glcount, 1);
 }
 
+TEST(Statistics, TheArraysEndAt38And18) {
+    History history;
+    countDraw(history, {1, 1, 2, 3, 4, 5, 38, 18}, kRule);
+    EXPECT_EQ(history.Glred[38], 1);
+    EXPECT_EQ(history.GlBlue[18], 1);
+    const History before = history;
+    countDraw(history, {2, 39, 39, 39, 39, 39, -1, 19}, kRule);
+    EXPECT_EQ(history.Glred, before.Glred);
+    EXPECT_EQ(history.GlBlue, before.GlBlue);     // behind the reds in memory
+    EXPECT_EQ(history.Gailvred, before.Gailvred); // behind the blues
+    countDraw(history, {3, 1, 2, 3, 4, 5, 6, -1}, kRule);
+    EXPECT_EQ(history.GlBlue, before.GlBlue);
+    EXPECT_EQ(history.Glred[1], 2);
+}
+
 TEST(Statistics, SharesArePercentagesOfAllNumbersDrawn) {
     History history;
     for (int draw = 0; draw < 4; ++draw)
