@@ -92,6 +92,25 @@ TEST_F(Users, TheOneWhoEnteredLastIsRememberedButNoFurtherThanTheLastUser) {
     EXPECT_EQ(UserList(settings).lastEntered(), 1);
 }
 
+TEST_F(Users, AfterADeletionTheLastPositionIsThatOfTheNextStart) {
+    const struct { int entered, removed, then; } cases[] = {{2, 2, 1}, {2, 0, 1}, {1, 0, 1}, {0, 2, 0}, {1, 1, 1}};
+    for (const auto& [entered, removed, then] : cases) {
+        settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Usernum"_s, 0);
+        UserList users(settings);
+        for (const QString& name : {u"一"_s, u"二"_s, u"三"_s})
+            users.add(name, {});
+        users.noteEntered(entered);
+        users.remove(removed);
+        EXPECT_EQ(users.lastEntered(), then) << entered << " had entered, " << removed << " was deleted";
+        EXPECT_EQ(UserList(settings).lastEntered(), then);
+    }
+    UserList users(settings);
+    users.remove(1);
+    users.remove(0);
+    EXPECT_EQ(users.lastEntered(), -1);
+    EXPECT_EQ(UserList(settings).lastEntered(), -1);
+}
+
 TEST_F(Users, ACountThatIsNoNumberIsToldAndTheUsersStay) {
     UserList(settings).add(u"张三"_s, u"密码"_s);
     UserList(settings).add(u"李四"_s, {});
