@@ -49,6 +49,20 @@ TEST(FolderName, AnOverLongNameIsCutAndStillItsOwn) {
     EXPECT_FALSE(userOfFolder(one));
 }
 
+TEST(FolderName, AnOverLongNameIsNotCutInsideACodeOrACharacter) {
+    const struct {
+        QString unit, written;
+    } units[] = {{QString(QChar(0xD800)), u"%uD800"_s}, {u"/"_s, u"%2F"_s}, {u"双"_s, u"双"_s}, {u"😀"_s, u"😀"_s}};
+    for (const auto& [unit, written] : units)
+        for (int letters = 0; letters <= 6; ++letters) {
+            const QString name = folderName(QString(letters, u'a') + unit.repeated(200));
+            const QString start = name.section(u"%~"_s, 0, 0);
+            const qsizetype length = written.toUtf8().size();
+            const qsizetype whole = (96 - letters) / length; // as many as 96 bytes hold
+            EXPECT_EQ(start.toStdString(), (QString(letters, u'a') + written.repeated(whole)).toStdString());
+        }
+}
+
 TEST(FolderName, NamesOfDifferentCaseAreDifferentFolders) {
     EXPECT_NE(folderName(u"Li"_s), folderName(u"li"_s));
 }
