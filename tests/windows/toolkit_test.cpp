@@ -80,6 +80,42 @@ TEST(DataGrid, LeavesABlankForACellThatIsNotSelectedAmongSelectedOnes) {
               "<tr><td></td><td>8:3</td></tr></table>"_s);
 }
 
+TEST(DataGrid, CopiesRangesBesideEachOtherRowByRow) {
+    ComputedModel model(10, 3);
+    DataGrid grid;
+    grid.setModel(&model);
+    auto* selection = grid.selectionModel();
+    const auto select = [&](int top, int bottom, int left, int right) {
+        selection->select({model.index(top, left), model.index(bottom, right)}, QItemSelectionModel::Select);
+    };
+    toolkit::DialogBoxes boxes(nullptr);
+    const auto copied = [&] { return toolkit::selectedText(grid, false, boxes).value_or(QString()); };
+    select(4, 5, 0, 1);
+    select(2, 3, 0, 1); // right above
+    EXPECT_EQ(copied(), u"2:0\t2:1\n3:0\t3:1\n4:0\t4:1\n5:0\t5:1"_s);
+    select(7, 7, 0, 1); // row 6 between them is not selected
+    EXPECT_TRUE(copied().endsWith(u"\n5:0\t5:1\n7:0\t7:1"_s));
+    select(3, 3, 2, 2); // beside rows that are longer than itself
+    EXPECT_EQ(copied(), u"2:0\t2:1\t\n3:0\t3:1\t3:2\n4:0\t4:1\t\n5:0\t5:1\t\n7:0\t7:1\t"_s);
+    selection->clear();
+    select(2, 5, 0, 0);
+    select(3, 4, 2, 2); // within the rows of the other
+    EXPECT_EQ(copied(), u"2:0\t\n3:0\t3:2\n4:0\t4:2\n5:0\t"_s);
+}
+
+TEST(DataGrid, CountsARowOnceHoweverManyOfItsCellsAreSelectedApart) {
+    constexpr int kRows = 150000; // twice as many would be asked about
+    ComputedModel model(kRows, 3);
+    DataGrid grid;
+    grid.setModel(&model);
+    for (const int column : {0, 2})
+        grid.selectionModel()->select({model.index(0, column), model.index(kRows - 1, column)},
+                                      QItemSelectionModel::Select);
+    const ModalScript nothing({});
+    grid.copySelection();
+    EXPECT_TRUE(QApplication::clipboard()->text().endsWith(u"\n149999:0\t149999:2"_s));
+}
+
 TEST(DataGrid, CopiesNothingWithoutASelection) {
     ComputedModel model(3, 3);
     DataGrid grid;
