@@ -300,6 +300,33 @@ TEST_F(FilterWindowTest, ListModeShowsTheListsAndRenamesTheInterval) {
     EXPECT_TRUE(m_window->findChild<QWidget*>(u"Combo2"_s)->isVisible());
 }
 
+TEST_F(FilterWindowTest, TheBoxesOfTheIntervalReachItsStatementsAndReasons) {
+    typeInto(kForm, u"Text66(3)"_s, u"2"_s);
+    typeInto(kForm, u"Text66(2)"_s, u"5"_s);
+    typeInto(kForm, u"Text66(0)"_s, u"1"_s);
+    typeInto(kForm, u"Text66(1)"_s, u"2"_s);
+    press(kForm, u"Option66"_s);
+    EXPECT_NE(m_statements[0].find("([fig1]>2and [fig1]<=5)"), std::string::npos) << m_statements[0];
+    EXPECT_NE(m_statements[2].find("\"自定区间2~5大小:\" & [canshu] & \" 保留1~2\""), std::string::npos)
+        << m_statements[2];
+    EXPECT_EQ(shown(), 6); // the sets that lack one of 3, 4 and 5
+
+    press(kForm, u"Command1"_s);
+    press(kForm, u"Option36"_s);
+    typeInto(kForm, u"TxtZdqj"_s, u"3 7"_s);
+    typeInto(kForm, u"Text66(0)"_s, u"2"_s);
+    m_statements.clear();
+    press(kForm, u"Option66"_s);
+    EXPECT_EQ(m_statements[0], "UPDATE [zuhe] SET [canshu]=0");
+    for (std::size_t red = 1; red <= 6; ++red)
+        EXPECT_NE(m_statements[red].find("\" 3 7 \" LIKE \"* \"&[fig" + std::to_string(red) + "]&\" *\""),
+                  std::string::npos)
+            << m_statements[red];
+    EXPECT_NE(m_statements[8].find("\"指定号码 3 7大小:\" & [canshu] & \" 保留2~2\""), std::string::npos)
+        << m_statements[8];
+    EXPECT_EQ(shown(), 10); // the five sets with both numbers
+}
+
 TEST_F(FilterWindowTest, RemoveTakesOutWhatTheRangeCatches) {
     press(kForm, u"Option1(1)"_s);
     EXPECT_EQ(m_Baoliu, kRemove);
