@@ -1,5 +1,8 @@
 #include "windows/main_window_support.h"
 
+#include <QMouseEvent>
+#include <QSplitter>
+
 namespace main_window_tests {
 namespace {
 
@@ -7,6 +10,32 @@ TEST_F(MainWindow, IsTheFormOfTheProgram) {
     open();
     EXPECT_EQ(window(u"Form1"_s), form.get());
     EXPECT_EQ(form->windowTitle(), u"奥衡星双色球彩票助理"_s);
+}
+
+/// Drags the bar at the right of a splitter's first part.
+void drag(QSplitter& splitter, int by) {
+    QWidget* bar = splitter.handle(1);
+    const QPoint middle = bar->rect().center();
+    const QPoint there = middle + QPoint(by, 0);
+    QTest::mousePress(bar, Qt::LeftButton, {}, middle);
+    QMouseEvent move(QEvent::MouseMove, there, bar->mapToGlobal(there), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(bar, &move); // QTest moves without the button
+    QTest::mouseRelease(bar, Qt::LeftButton, {}, there);
+}
+
+TEST_F(MainWindow, ItsPartsComeBackAsWideAsTheyWereDragged) {
+    open();
+    const auto sizes = [this] { return controlAs<QSplitter>(*form, u"Splitter1"_s)->sizes(); };
+    const QList<int> first = sizes();
+    drag(*controlAs<QSplitter>(*form, u"Splitter1"_s), 37);
+    const QList<int> dragged = sizes();
+    ASSERT_EQ(dragged[0], first[0] + 37);
+    form->close();
+    open();
+    EXPECT_EQ(sizes(), dragged);
+    stored.clear();
+    open();
+    EXPECT_EQ(sizes(), first);
 }
 
 TEST_F(MainWindow, EveryControlHasANameAndNoTwoAreAlike) {

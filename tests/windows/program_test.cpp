@@ -279,6 +279,21 @@ TEST_F(ProgramTest, TheFilterWindowComesBackInItsSize) {
     inFilterWindow(u"mnuLst"_s, u"GAgan"_s, [&size](QWidget& form) { EXPECT_EQ(form.size(), size); });
 }
 
+TEST_F(ProgramTest, TheMainWindowComesBackAtTheNextStartWhereItWas) {
+    enterAs(u"张三"_s);
+    window(u"Form1"_s)->setGeometry(31, 47, 730, 640);
+    const QRect place = window(u"Form1"_s)->geometry();
+    window(u"Form1"_s)->close();
+    start();
+    enter();
+    EXPECT_EQ(window(u"Form1"_s)->geometry(), place);
+    window(u"Form1"_s)->close();
+    start();
+    createUser(u"李四"_s); // each user has places of his own
+    enter();
+    EXPECT_NE(window(u"Form1"_s)->geometry(), place);
+}
+
 TEST_F(ProgramTest, ANewNameIsANewEmptyWorkspaceFromTheNextStartOn) {
     enterAs(u"张三"_s);
     readThreeDraws();
