@@ -2,7 +2,8 @@
 #
 #   ssq_library(name deps...)               src/<name>/*.cpp: logic; the compiler sees no widget header here
 #   ssq_windows_library(name folder deps..) <folder>/*.cpp: windows, as target <name>_windows (toolkit: toolkit)
-#   ssq_tests(name libs...)                 tests/<name>/*_test.cpp: one GoogleTest program
+#   ssq_tests(name libs...)                 tests/<name>/*_test.cpp: one GoogleTest program, labelled logic, windows or
+#                                           slow: ctest -L logic
 #   ssq_hot_loops(name)                     -O3 for the loops that the compiler has to vectorise
 #
 # A folder is globbed: a new file needs no change here. A library whose folder is empty becomes an interface target.
@@ -100,6 +101,12 @@ function(ssq_tests name)
   target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_compile_definitions(${name}_tests PRIVATE
     SSQ_TEST_DATA="${PROJECT_SOURCE_DIR}/tests" SSQ_REAL_DATA="${PROJECT_SOURCE_DIR}/data/history")
+  set(label logic)
+  if(name STREQUAL "windows")
+    set(label windows)
+  elseif(name MATCHES "^(crash|fuzz)$")
+    set(label slow)
+  endif()
   gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 120 DISCOVERY_MODE PRE_TEST
-    PROPERTIES TIMEOUT 1200 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+    PROPERTIES LABELS ${label} TIMEOUT 1200 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
 endfunction()
