@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include "history/default_text.h"
 #include "history/draw_tables.h"
 #include "history/text_file.h"
 #include "history/text_lines.h"
@@ -35,10 +36,12 @@ std::filesystem::path pendingDatabase(const workspace::Workspace& workspace) {
     return userDatabase(workspace) += ".update";
 }
 
-/// What is there; nothing for a file that is missing or cannot be read.
+/// What is there; nothing for a file that is missing or cannot be read, or for what is no file: a pipe has no end.
 std::optional<QByteArray> bytesOf(const std::filesystem::path& file) {
+    std::error_code ignored;
     QFile in(workspace::toQString(file));
-    return in.open(QIODevice::ReadOnly) ? std::optional(in.readAll()) : std::nullopt;
+    const bool readable = std::filesystem::is_regular_file(file, ignored) && in.open(QIODevice::ReadOnly);
+    return readable ? std::optional(in.readAll()) : std::nullopt;
 }
 
 const QString kReplaced = u"历史号码已由网上在线更新替换，更新之前的文件保存在这里。"_s;
@@ -130,6 +133,8 @@ class TakeOver {
   private:
     void rewriteText() {
         historyTextFolder(m_workspace);
+        if (!staysInside(m_text, m_workspace))
+            return;
         const QByteArray text = drawsAsText(m_history.draws);
         if (m_textBefore && m_textBefore != m_former.text && m_textBefore != text)
             m_keeping.copy(m_text);
@@ -137,10 +142,11 @@ class TakeOver {
     }
 
     void putBack() {
+        std::error_code ignored;
         if (m_textBefore)
             workspace::writeWholeFile(m_text, *m_textBefore);
-        else
-            std::filesystem::remove(m_text);
+        else if (std::filesystem::is_regular_file(m_text, ignored))
+            std::filesystem::remove(m_text, ignored);
         m_keeping.putBack();
         rewriteFig(*m_dbFilnum, m_numbersBefore);
     }

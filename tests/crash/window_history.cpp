@@ -9,6 +9,7 @@
 
 #include "crash/say.h"
 #include "crash/window_user.h"
+#include "history/default_text.h"
 #include "history/text_file.h"
 #include "history/text_lines.h"
 #include "support/controls.h"
@@ -35,7 +36,7 @@ QString twoDigits(std::int32_t number) {
 } // namespace
 
 WindowUser::Draws WindowUser::draws() const {
-    const auto held = drawsOf(m_program->history);
+    const auto held = history::drawsOf(m_program->history);
     return {held.begin(), held.end()};
 }
 

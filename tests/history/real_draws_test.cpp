@@ -10,9 +10,7 @@
 #include "history/draws_support.h"
 #include "history/statistics.h"
 
-#define NEED_REAL_DRAWS()                                                                                            \
-    if (realDraws().empty())                                                                                         \
-    GTEST_SKIP() << "the real draws are not at " << SSQ_REAL_DATA
+#define NEED_REAL_DRAWS() ASSERT_EQ(realDraws().size(), 3358u)
 
 namespace {
 

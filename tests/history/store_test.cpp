@@ -220,8 +220,7 @@ TEST_F(Store, ARuleBeyondTheArraysReachesTheirEnd) {
 }
 
 TEST_F(Store, TheRealDrawsComeBackAsTheyWereStored) {
-    if (realDraws().empty())
-        GTEST_SKIP() << "the real draws are not at " << SSQ_REAL_DATA;
+    ASSERT_EQ(realDraws().size(), 3358u);
     replaceHistory(history, fresh.workspace, realDraws());
     fresh.reopen();
     expectSameHistory(loaded(), history);

@@ -1,6 +1,7 @@
 #include "mainwin/windows/program.h"
 
 #include "filter/windows/filter_window.h"
+#include "history/default_text.h"
 #include "history/starter_history.h"
 #include "history/store.h"
 #include "history/update.h"
@@ -104,6 +105,8 @@ void Program::restore(const workspace::KeptFiles& kept) {
         boxes.warn(workspace::failureMessage(failed, u"不能恢复保存的文件"_s, u"恢复"_s));
     }
     reopen();
+    if (!restored.files.empty())
+        history::writeHistoryText(history, workspace);
     m_kept->refresh();
     if (!restored.refused.empty())
         boxes.tell({u"下列文件已损坏，不能打开，仍保存在原处：\n%1"_s.arg(
