@@ -49,7 +49,7 @@ void readUser(const std::filesystem::path& folder, const workspace::Settings& se
     for (const char* table : {"fig", "Ylqs"})
         if (opened.dbUser->rowCount(table) != history.Lsnum)
             throw std::runtime_error(std::string(table) + " of " + user.toStdString() + " has another length");
-    found.contents[keyOf("draws", user)] = drawsText(drawsOf(history), opened.dbUser->rowCount("YlqsB"));
+    found.contents[keyOf("draws", user)] = drawsText(history::drawsOf(history), opened.dbUser->rowCount("YlqsB"));
     found.contents[keyOf("table", user)] = tableText(*opened.dbFilnum);
     found.contents[keyOf("text", user)] = textFileText(opened);
     found.contents.merge(settingsOf(settings, user));
@@ -104,10 +104,6 @@ std::string drawsText(std::span<const history::Draw> draws, std::int64_t blueOmi
             sum.add(std::to_string(number));
     return std::to_string(draws.size()) + '/' + std::to_string(draws.empty() ? 0 : draws.back()[0]) + '/' +
            sum.text() + '/' + std::to_string(blueOmissions);
-}
-
-std::span<const history::Draw> drawsOf(const history::History& history) {
-    return std::span(history.Lshm).subspan(1, static_cast<std::size_t>(history.Lsnum));
 }
 
 std::string usersText(std::span<const workspace::UserList::User> users) {

@@ -25,8 +25,6 @@ std::string tableChecksum(sql::Database& dbFilnum);
 std::string tableText(sql::Database& dbFilnum);
 /// "draws/last issue/checksum/rows of YlqsB": a cleared history leaves those behind.
 std::string drawsText(std::span<const history::Draw> draws, std::int64_t blueOmissions);
-/// The draws of a history, without its empty first row.
-std::span<const history::Draw> drawsOf(const history::History& history);
 /// "name:password|name:password|"
 std::string usersText(std::span<const workspace::UserList::User> users);
 
