@@ -98,7 +98,7 @@ TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
                               {u"FileDialog"_s, chooseFile(other)},
                               renameQuestion(QMessageBox::Ok)});
     trigger(form(), u"mnuRed"_s);
-    EXPECT_EQ(QDir(home.folderName() + u"/双色历史号码"_s).entryList(QDir::Files).size(), 3);
+    EXPECT_EQ(QDir(home.folderName() + u"/双色历史号码"_s).entryList({u"* *"_s}, QDir::Files).size(), 3);
 }
 
 TEST_F(HistoryText, ARefusedLineIsShownAndChangesNothing) {
