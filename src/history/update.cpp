@@ -1,9 +1,12 @@
 #include "history/update.h"
 
+#include <QFile>
+
 #include "history/text_file.h"
 #include "history/update_check.h"
 #include "history/update_install.h"
 #include "workspace/failure.h"
+#include "workspace/keeping.h"
 #include "workspace/paths.h"
 #include "workspace/safe_file.h"
 
@@ -23,6 +26,7 @@ const QString kReadQuestion =
 const QString kDatabaseQuestion = u"您将可以从我们网站直接下载最新的中国福利彩票双色球历史号码数据库"
                                   u"（下载后直接作为当前的历史号码），可能需要花费一段时间！"_s;
 const QString kFailure = u"操作失败，可能您的计算机未能连上internet或者服务站点下载繁忙，或者计算机读写出错。"_s;
+const QString kEarlierText = u"重新下载历史号码文本之前，原有的文本（可能手工修改过）保存在这里。"_s;
 const QString kTextFile = u"\\双色历史号码\\中国福利彩票双色球.Txt"_s;
 const QString kUnfinishedText = u"\\双色历史号码\\中国福利彩票双色球.tmp"_s;
 
@@ -31,12 +35,30 @@ QString takeQuestion(std::span<const Draw> draws) {
         .arg(draws.back()[0]);
 }
 
+/// An earlier download may have been edited by hand since: it is kept, unless the new one begins with all of it.
+void keepEarlierText(const workspace::Workspace& workspace, const std::filesystem::path& file,
+                     const QByteArray& bytes) {
+    std::error_code ignored;
+    QFile earlier(workspace::toQString(file));
+    if (!std::filesystem::is_regular_file(file, ignored) || !earlier.open(QIODevice::ReadOnly) ||
+        bytes.startsWith(earlier.readAll()))
+        return;
+    workspace::Keeping(workspace::userFolder(workspace.folder, workspace.Username), kEarlierText).copy(file);
+}
+
 /// \return whether the text stands under its name
 bool keepText(const workspace::Workspace& workspace, const QByteArray& bytes) {
     historyTextFolder(workspace);
     const auto unfinished = workspace::underFolder(workspace.folder, kUnfinishedText);
-    return workspace::writeWholeFile(unfinished, bytes) &&
-           workspace::renameDurably(unfinished, workspace::underFolder(workspace.folder, kTextFile));
+    const auto file = workspace::underFolder(workspace.folder, kTextFile);
+    if (!staysInside(unfinished, workspace) || !staysInside(file, workspace))
+        return false;
+    try {
+        keepEarlierText(workspace, file, bytes);
+    } catch (const workspace::Failure&) {
+        return false;
+    }
+    return workspace::writeWholeFile(unfinished, bytes) && workspace::renameDurably(unfinished, file);
 }
 
 class OnlineUpdate {

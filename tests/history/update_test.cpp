@@ -1,6 +1,9 @@
 // The two updates from a real server, through every question: what changes, and what any fault leaves alone.
 #include "history/update.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+#include <fstream>
 #include <gtest/gtest.h>
 
 #include "history/draws_support.h"
@@ -10,6 +13,7 @@
 #include "history/update_support.h"
 #include "same_history.h"
 #include "support/update_server.h"
+#include "workspace/keeping.h"
 #include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
@@ -251,6 +255,36 @@ TEST_F(Updating, KeepsTheEarlierTextAfterAnyFault) {
         EXPECT_FALSE(text(impatient())) << fault.toStdString();
         EXPECT_EQ(answers.shown, (QStringList{kTextQuestion, kFailure})) << fault.toStdString();
         EXPECT_EQ(filesOfTheUser(), before) << fault.toStdString();
+    }
+}
+
+TEST_F(Updating, KeepsATextThatWasEditedAndNoneThatOnlyGrows) {
+    const auto kept = [this] { return workspace::unreadKeptFiles(fresh.folder() / "张三").size(); };
+    EXPECT_TRUE(text());
+    EXPECT_TRUE(text()); // the same again
+    EXPECT_EQ(kept(), 0u);
+    QFile file(workspace::toQString(fresh.folder() / "双色历史号码" / "中国福利彩票双色球.Txt"));
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    file.write("my own line\n");
+    file.close();
+    EXPECT_TRUE(text());
+    ASSERT_EQ(kept(), 1u);
+    QFile copy(workspace::toQString(workspace::unreadKeptFiles(fresh.folder() / "张三").front().files.front()));
+    ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(copy.readAll().endsWith("my own line\n"));
+}
+
+TEST_F(Updating, WritesNoTextThroughALinkOutOfTheFolder) {
+    const QTemporaryDir outside;
+    const auto folder = fresh.folder() / "双色历史号码";
+    for (const char* name : {"中国福利彩票双色球.tmp", "中国福利彩票双色球.Txt"}) {
+        const auto target = workspace::toPath(outside.filePath(u"x.txt"_s));
+        std::ofstream(target) << "mine";
+        std::filesystem::create_symlink(target, folder / name);
+        EXPECT_FALSE(text()) << name;
+        EXPECT_EQ(answers.shown.back(), kFailure);
+        EXPECT_EQ(std::filesystem::file_size(target), 4u);
+        std::filesystem::remove(folder / name);
     }
 }
 
