@@ -2,8 +2,8 @@
 // takes the place of the user's history.
 //
 // The questions and messages go through workspace::Dialogs, the fetching through Fetcher, so that the whole flow runs
-// without a display. A second path on the server stands in for the first without a word; only when both fail is that told. A
-// fetch that the user cancels ends the command at once, also without a word.
+// without a display. A second path on the server stands in for the first without a word; only when both fail is that
+// told. A fetch that the user cancels ends the command at once, also without a word.
 #pragma once
 
 #include <optional>

@@ -36,7 +36,7 @@ inline constexpr int kDiskFull = 3183;
 inline constexpr int kLocked = 3045;      // another program holds the file
 inline constexpr int kPermission = 3051;  // the file may not be opened, or not be written
 inline constexpr int kInputOutput = 3043; // the disk failed in reading or writing
-inline constexpr int kStorage = 3146; // anything else that the file underneath reports
+inline constexpr int kStorage = 3146;     // anything else that the file underneath reports
 } // namespace error
 
 class SqlError : public std::runtime_error {

@@ -128,7 +128,7 @@ bool Settings::write(const std::vector<SettingChange>& changes) {
     std::error_code ignored; // a folder that cannot be made shows when the file is written
     std::filesystem::create_directories(m_folder, ignored);
     QLockFile lock(toQString(m_folder / "settings.lock"));
-    lock.tryLock(kLockWaitMs);
+    static_cast<void>(lock.tryLock(kLockWaitMs)); // then it goes on without
     const bool known = read(); // a file that is there but cannot be read must not be replaced by less
     m_unwritten.insert(m_unwritten.end(), changes.begin(), changes.end());
     for (const SettingChange& change : m_unwritten)

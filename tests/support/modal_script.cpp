@@ -53,7 +53,8 @@ ModalScript::~ModalScript() {
 
 void ModalWatch::look() {
     QWidget* dialog = QApplication::activeModalWidget();
-    if (!dialog || !dialog->isVisible() || dialog->objectName() == u"Dialog") // the progress of long work asks nothing
+    if (!dialog || !dialog->isVisible() ||
+        dialog->objectName() == u"Dialog") // the progress of long work asks nothing
         return;
     for (const auto& open : m_open)
         if (open == dialog)

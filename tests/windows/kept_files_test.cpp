@@ -51,7 +51,8 @@ TEST_F(KeptFilesWindow, ARepairIsToldAtTheTopAndCanBeTakenBack) {
     ASSERT_TRUE(hasNotice());
     test_support::press(form(), u"NoticeAction"_s);
     EXPECT_EQ(program->history.Lsnum, 3);
-    EXPECT_EQ(row(2).mid(1), (QStringList{u"2003003"_s, u"01"_s, u"07"_s, u"10"_s, u"23"_s, u"28"_s, u"32"_s, u"16"_s}));
+    EXPECT_EQ(row(2).mid(1),
+              (QStringList{u"2003003"_s, u"01"_s, u"07"_s, u"10"_s, u"23"_s, u"28"_s, u"32"_s, u"16"_s}));
     EXPECT_EQ(program->workspace.dbFilnum->rowCount("fig"), 3);
     EXPECT_TRUE(hasNotice()); // of the templates that the draws took the places of
     while (hasNotice())
