@@ -5,6 +5,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "workspace/templates.h"
+
 namespace filter_test {
 
 ScratchFolder::ScratchFolder() {
@@ -39,7 +41,7 @@ void BenchTable::enumerate(int highest, const std::vector<int>& blues) {
 }
 
 void BenchTable::hold(const std::vector<std::vector<int>>& bets) {
-    database->execute(selection::createStatement(filter::shapeOf(member)));
+    database->execute(workspace::createCombinationTable(member.table));
     std::vector<std::vector<std::int32_t>> columns(8);
     sql::RowBlock block;
     for (std::size_t column = 0; column < 8; ++column) {
