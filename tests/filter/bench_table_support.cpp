@@ -36,7 +36,7 @@ void BenchTable::enumerate(int highest, const std::vector<int>& blues) {
         input.chosen.reds.push_back(red);
     input.chosen.blues.assign(blues.begin(), blues.end());
     input.Genreds = highest;
-    selection::generate(*database, filter::shapeOf(member), input);
+    selection::Enumeration(input).fill(*database, filter::shapeOf(member), nullptr);
     m_statements.clear();
 }
 

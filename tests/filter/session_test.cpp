@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <numeric>
 #include <random>
+#include <set>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -221,7 +222,9 @@ TEST_P(Sessions, EndWithTheRowStatesOfPlainLoopsWhateverTheSequence) {
     std::mt19937 random(kSeed);
     hold(random, 120);
     std::size_t steps = 0;
-    for (int turn = 0; turn < 150; ++turn) {
+    std::set<std::size_t> kindsReached;
+    std::set<const Parameter*> parametersThatTookOut;
+    for (int turn = 0; turn < 200; ++turn) {
         const WindowState state = randomState(random);
         Baoliu = random() % 2 == 0 ? filter::kKeep : filter::kRemove;
         const std::int64_t before = slow->inPlay();
@@ -243,10 +246,18 @@ TEST_P(Sessions, EndWithTheRowStatesOfPlainLoopsWhateverTheSequence) {
         ASSERT_EQ(session.steps().size(), ++steps);
         ASSERT_EQ(session.steps().back().effect, slow->inPlay() - before);
         ASSERT_EQ(session.steps().back().left, slow->inPlay());
-        if (slow->inPlay() == 0 || turn % 25 == 24) // start again, or nothing would be left to filter
-            slow->resetAll(), filter::RowStates(*table.database, "zuhe").resetAll(), session.generate(keepTable),
-                steps = 0;
+        kindsReached.insert(step.index());
+        if (const auto* press = std::get_if<filter::Press>(&step); press && outcome.taken > 0)
+            parametersThatTookOut.insert(press->parameter);
+        if (slow->inPlay() == 0 || turn % 25 == 24) { // nothing would be left to filter
+            slow->resetAll();
+            filter::RowStates(*table.database, "zuhe").resetAll();
+            session.generate(keepTable);
+            steps = 0;
+        }
     }
+    EXPECT_EQ(kindsReached.size(), std::variant_size_v<Step>);
+    EXPECT_GE(parametersThatTookOut.size(), table.member.catalogue().size() / 2);
 }
 
 const Texts kSelects{
