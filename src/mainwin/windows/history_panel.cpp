@@ -24,9 +24,9 @@ constexpr int kNumberWidth = 38;
 
 } // namespace
 
-HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
-    : QWidget(parent), m_history(history), m_model(new HistoryModel(history, this)), m_grid(new toolkit::DataGrid),
-      m_entry(new DrawEntry), m_buttons(new QWidget) {
+HistoryPanel::HistoryPanel(const history::Book& book, QWidget* parent)
+    : QWidget(parent), m_history(book.history()), m_model(new HistoryModel(m_history, this)),
+      m_grid(new toolkit::DataGrid), m_entry(new DrawEntry), m_buttons(new QWidget) {
     setObjectName(u"HistoryPanel"_s);
     m_buttons->setObjectName(u"HistoryButtons"_s);
     auto* buttons = new QHBoxLayout(m_buttons);
@@ -52,7 +52,15 @@ HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
         emit numberTyped(cell.row() + 1, cell.column() - HistoryModel::Issue, text);
     });
     colourGrid();
+    listen(book);
     reload();
+}
+
+void HistoryPanel::listen(const history::Book& book) {
+    connect(&book, &history::Book::appended, this, &HistoryPanel::appendTyped);
+    connect(&book, &history::Book::removed, this, &HistoryPanel::removeLast);
+    connect(&book, &history::Book::corrected, this, &HistoryPanel::showCorrected);
+    connect(&book, &history::Book::replaced, this, &HistoryPanel::reload);
 }
 
 void HistoryPanel::addButton(QPushButton* button) {
