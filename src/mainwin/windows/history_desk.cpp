@@ -59,6 +59,9 @@ class BusyBoxes final : public workspace::Dialogs {
     std::optional<QString> askText(const QString& prompt, const QString& title, const QString& proposed) override {
         return asking([&] { return m_boxes.askText(prompt, title, proposed); });
     }
+    std::optional<QString> askSecret(const QString& prompt, const QString& title) override {
+        return asking([&] { return m_boxes.askSecret(prompt, title); });
+    }
     QString chooseFile(const QString& folder, const QString& filter) override {
         return asking([&] { return m_boxes.chooseFile(folder, filter); });
     }
