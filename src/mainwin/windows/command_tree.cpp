@@ -1,6 +1,7 @@
 #include "mainwin/windows/command_tree.h"
 
 #include <algorithm>
+#include <cassert>
 
 #include <QAction>
 #include <QHelpEvent>
@@ -99,20 +100,24 @@ void CommandTree::buildToolbar() {
 }
 
 QPushButton* CommandTree::makeButton(const QString& name) {
-    for (const ButtonRow& row : buttonTable()) {
-        if (row.name != name)
-            continue;
-        auto* button = new QPushButton(row.caption);
-        button->setObjectName(row.name);
-        button->setToolTip(row.toolTip);
-        connect(button, &QPushButton::clicked, this, [this, command = row.command] { run(command); });
-        m_buttons.push_back({row, [button, told = row.toolTip](const Obstacle& obstacle) {
-                                 button->setEnabled(!obstacle.stands());
-                                 button->setToolTip(told.isEmpty() ? obstacle.text() : told);
-                             }});
-        return button;
-    }
-    Q_UNREACHABLE();
+    auto* button = new QPushButton;
+    adopt(*button, name);
+    return button;
+}
+
+void CommandTree::adopt(QPushButton& button, const QString& name) {
+    const std::vector<ButtonRow> table = buttonTable();
+    const auto row =
+        std::find_if(table.begin(), table.end(), [&](const ButtonRow& each) { return each.name == name; });
+    assert(row != table.end());
+    button.setText(row->caption);
+    button.setObjectName(name);
+    button.setToolTip(row->toolTip);
+    connect(&button, &QPushButton::clicked, this, [this, command = row->command] { run(command); });
+    m_buttons.push_back({*row, [&button, told = row->toolTip](const Obstacle& obstacle) {
+                             button.setEnabled(!obstacle.stands());
+                             button.setToolTip(told.isEmpty() ? obstacle.text() : told);
+                         }});
 }
 
 Obstacle CommandTree::obstacleOf(const QString& command, Needs needs, const ProgramState& state, int index) const {

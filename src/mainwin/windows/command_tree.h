@@ -30,6 +30,8 @@ class CommandTree : public QObject {
 
     /// A button of buttonTable() by its name; the caller places it.
     QPushButton* makeButton(const QString& name);
+    /// Makes a button that stands already one of buttonTable().
+    void adopt(QPushButton& button, const QString& name);
 
     /// Enables what the state and the registered commands allow and says of the rest what it waits for, sets the
     /// check marks and the captions of 组号方式. Every command that was run does so itself.

@@ -6,9 +6,11 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QStyle>
 #include <QVBoxLayout>
 
+#include "mainwin/arrangement.h"
+#include "mainwin/windows/arrange_row.h"
+#include "mainwin/windows/column_area.h"
 #include "mainwin/windows/command_tree.h"
 #include "mainwin/windows/draw_panel.h"
 #include "mainwin/windows/history_panel.h"
@@ -32,27 +34,17 @@ namespace {
 constexpr int kBetPanel = 3; // the third panel of the status bar
 const QSize kDesignSize{1280, 760};
 constexpr int kUserPanelWidth = 280; // a longer name is cut: the counts beside it have to be seen
-constexpr int kPadWidth = 420;
-constexpr int kSharesWidth = 390;
-constexpr int kHistoryWidth = 450;
-
-QWidget* scrolled(QWidget* content, const QString& name) {
-    auto* area = new QScrollArea;
-    area->setObjectName(name);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(content);
-    const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    area->setMinimumWidth(content->minimumSizeHint().width() + bar); // it scrolls up and down only
-    return area;
-}
+constexpr int kPadWidth = 416;
+constexpr int kSharesWidth = 374;
+constexpr int kHistoryWidth = 446;
+constexpr int kColumnGap = 6;
 
 /// On a screen too narrow for all three columns the row of them scrolls; each scrolls up and down by itself.
 QWidget* sideways(QWidget* columns) {
     auto* area = new QScrollArea;
     area->setObjectName(u"ScrollColumns"_s);
     area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(columns);
     return area;
@@ -80,12 +72,14 @@ void Form1::buildWindow() {
     m_history = new HistoryPanel(m_context.book);
     for (const char16_t* name : {u"cmdRead", u"Command43", u"Command44", u"Command48"})
         m_history->addButton(m_tree->makeButton(QString::fromUtf16(name)));
+    m_tree->adopt(m_history->readButton(), u"cmdReadFirst"_s);
 
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->setObjectName(u"Splitter1"_s);
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(scrolled(buildLeft(), u"ScrollLeft"_s));
-    splitter->addWidget(scrolled(m_shares, u"ScrollShares"_s));
+    splitter->setHandleWidth(kColumnGap);
+    splitter->addWidget(new ColumnArea(buildLeft(), u"ScrollLeft"_s));
+    splitter->addWidget(new ColumnArea(m_shares, u"ScrollShares"_s));
     splitter->addWidget(m_history);
     splitter->setSizes({kPadWidth, kSharesWidth, kHistoryWidth});
     splitter->setStretchFactor(0, 0);
@@ -103,6 +97,9 @@ void Form1::buildWindow() {
 
 QWidget* Form1::buildLeft() {
     m_pad = new selection::PadPanel(m_context.pad);
+    m_arrange = new ArrangeRow;
+    m_pad->addUnderEcho(m_arrange);
+    connect(m_arrange, &ArrangeRow::pressed, this, [this] { m_tree->run(arrangementCommand(state())); });
     m_draw = new DrawPanel;
     for (const char16_t* name : {u"ComSta", u"ComSpd", u"ComRst"})
         m_draw->addButton(m_tree->makeButton(QString::fromUtf16(name)));
@@ -139,7 +136,7 @@ void Form1::listen() {
     connect(&book, &history::Book::corrected, this, &Form1::showFigures);
     connect(&book, &history::Book::replaced, this, &Form1::showFigures);
     connect(&m_context.pad, &selection::Pad::changed, this, [this] {
-        m_tree->refresh();
+        refreshCommands();
         showStatus();
     });
 }
@@ -152,7 +149,7 @@ void Form1::showRule() {
 /// What depends on the history outside of its grid.
 void Form1::showFigures() {
     m_shares->showShares(m_context.book.history(), m_context.workspace.Bitnum, m_context.workspace.BitnumB);
-    m_tree->refresh();
+    refreshCommands();
     showStatus();
 }
 
@@ -164,6 +161,12 @@ void Form1::showHistoryNote(const QString& note) {
 
 void Form1::refreshCommands() {
     m_tree->refresh();
+    const ProgramState now = state();
+    const Obstacle obstacle = m_tree->waitsFor(arrangementCommand(now));
+    if (obstacle.stands())
+        m_arrange->showMissing(obstacle.text(), arrangementOutlook(now));
+    else
+        m_arrange->showReady(arrangementCost(m_context.pad.Zunum));
 }
 
 void Form1::showStatus() {

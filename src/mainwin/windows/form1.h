@@ -24,6 +24,7 @@ class StatusPanel;
 
 namespace mainwin {
 
+class ArrangeRow;
 class CommandTree;
 class DrawPanel;
 class HistoryPanel;
@@ -64,6 +65,7 @@ class Form1 : public QMainWindow {
     MainContext& m_context;
     CommandTree* m_tree = nullptr;
     selection::PadPanel* m_pad = nullptr;
+    ArrangeRow* m_arrange = nullptr;
     SharePanel* m_shares = nullptr;
     DrawPanel* m_draw = nullptr;
     HistoryPanel* m_history = nullptr;

@@ -11,12 +11,14 @@ class QPushButton;
 
 namespace toolkit {
 class DataGrid;
-}
+class InkLabel;
+} // namespace toolkit
 
 namespace mainwin {
 
 class CellEdit;
 class DrawEntry;
+class EmptyHistory;
 class HistoryModel;
 
 class HistoryPanel : public QWidget {
@@ -27,6 +29,8 @@ class HistoryPanel : public QWidget {
 
     /// Puts a button into the row of buttons above the grid.
     void addButton(QPushButton* button);
+    /// The button in the grid while there is no draw.
+    QPushButton& readButton();
     /// Puts the focus into the first box of the new draw.
     void focusEntry();
     /// Into box 1..7, with its text selected; 0: nowhere.
@@ -47,12 +51,16 @@ class HistoryPanel : public QWidget {
     void removeLast();
     void showCorrected(int draw);
     void colourGrid();
+    void buildGrid();
+    void showCount();
 
     const history::History& m_history;
     HistoryModel* m_model;
     toolkit::DataGrid* m_grid;
     DrawEntry* m_entry;
     QWidget* m_buttons;
+    EmptyHistory* m_empty;
+    toolkit::InkLabel* m_count;
     CellEdit* m_cellEdit = nullptr; ///< once the grid has its model
 };
 
