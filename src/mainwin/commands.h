@@ -1,12 +1,14 @@
 // What the commands of the main window do: functions under the names of menu entries and buttons.
 //
-// The main window registers what it can do alone; whoever builds the program registers the rest before the window is
-// made. A command without a function is shown and disabled. Buttons that act "as" a menu entry share its function.
+// Each desk registers the entries of its own subsystem; a name that no table has, or that somebody else has
+// registered, stops the program at its start. A command without a function is shown and disabled. Buttons that act
+// "as" a menu entry share its function.
 #pragma once
 
 #include <functional>
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 namespace mainwin {
@@ -15,31 +17,38 @@ class Commands {
   public:
     /// \param index  place in a menu array; -1 for a command that is no array
     using Function = std::function<void(int index)>;
+    /// What is still missing beside the entry's own rule, as "1 蓝"; empty: nothing.
+    using Missing = std::function<QString()>;
+    /// Whether the entry of this index carries the check mark of its array.
+    using Mark = std::function<bool(int index)>;
 
-    using Condition = std::function<bool()>;
+    /// Knows the names of menuTable(), toolbarTable() and buttonTable().
+    Commands();
 
-    /// \param name  a name of menuTable(), or a command of toolbarTable() or buttonTable(); a later one replaces it
-    /// \param when  what must hold beside the entry's own rule for the command to be offered; empty: nothing
-    void on(const QString& name, Function function, Condition when = {}) {
-        m_commands.insert(name, {std::move(function), std::move(when)});
-    }
-    /// Whether the command is registered and can work now.
-    bool has(const QString& name) const {
-        const auto found = m_commands.constFind(name);
-        return found != m_commands.constEnd() && (!found->when || found->when());
-    }
+    /// \param name  an entry of menuTable() without its index, or a command of toolbarTable() or buttonTable()
+    /// \throws std::logic_error for a name that no table has or that has a function already
+    void on(const QString& name, Function function, Missing missing = {});
+    /// \throws as on(), for marks
+    void mark(const QString& name, Mark mark);
+
+    bool isRegistered(const QString& name) const { return m_commands.contains(name); }
+    /// What a registered command still waits for; empty: nothing.
+    QString missing(const QString& name) const;
+    /// Nothing, for an entry whose mark nobody keeps.
+    const Mark* markOf(const QString& name) const;
     /// Nothing happens for a name that is not registered.
-    void run(const QString& name, int index) const {
-        if (const auto found = m_commands.constFind(name); found != m_commands.constEnd())
-            found->function(index);
-    }
+    void run(const QString& name, int index) const;
 
   private:
     struct Command {
         Function function;
-        Condition when;
+        Missing missing;
     };
+    void expectKnown(const QString& name) const;
+
+    QSet<QString> m_known;
     QHash<QString, Command> m_commands;
+    QHash<QString, Mark> m_marks;
 };
 
 } // namespace mainwin

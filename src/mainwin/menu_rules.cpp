@@ -1,5 +1,7 @@
 #include "mainwin/menu_rules.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace mainwin {
@@ -29,38 +31,57 @@ constexpr BetCaption kBetCaptions[] = {
     {u"mnuDtlst", u"红球胆拖组合排列（", kSixRed, kSixBlue, u"）(&S)"},
 };
 
+Obstacle unless(bool holds, const QString& words) {
+    return holds ? Obstacle() : Obstacle{{}, words};
+}
+
+/// Numbers that are missing, none where there are enough. Reds are counted without the bankers.
+Obstacle stillNeeded(int reds, int bankers) {
+    Obstacle missing;
+    if (reds > 0)
+        missing.needed << u"%1 红"_s.arg(reds);
+    if (bankers > 0)
+        missing.needed << u"%1 胆"_s.arg(bankers);
+    return missing;
+}
+
 } // namespace
 
-bool allowed(Needs needs, const ProgramState& state, int index) {
+QString Obstacle::text() const {
+    return needed.isEmpty() ? words : u"还需：%1"_s.arg(needed.join(u"、"_s));
+}
+
+Obstacle obstacle(Needs needs, const ProgramState& state, int index) {
     switch (needs) {
     case Needs::Nothing:
-        return true;
+        return {};
     case Needs::History:
-        return state.draws > 0;
+        return unless(state.draws > 0, u"还没有历史：先读取或输入"_s);
     case Needs::EnoughForADraw:
-        return state.startEnabled;
+        return state.startEnabled ? Obstacle() : stillNeeded(std::max(1, 7 - state.reds - state.bankers), 0);
     case Needs::DrawRunning:
-        return state.drawRunning;
+        return unless(state.drawRunning, u"摇奖没有进行"_s);
     case Needs::DrawBegun:
-        return state.drawBegun;
+        return unless(state.drawBegun, u"摇奖还没有开始"_s);
     case Needs::DrawResult:
-        return state.drawResult;
+        return unless(state.drawResult, u"还没有摇奖结果"_s);
     case Needs::SevenReds:
-        return state.reds > 6;
+        return stillNeeded(7 - state.reds, 0);
     case Needs::EightReds:
-        return state.reds > 7;
+        return stillNeeded(8 - state.reds, 0);
     case Needs::Bankers:
-        return state.bankers > 0;
+        return stillNeeded(0, 1 - state.bankers);
     case Needs::SevenRedsAndBankers:
-        return state.reds > 6 && state.bankers > 0;
+        return stillNeeded(7 - state.reds, 1 - state.bankers);
     case Needs::EightRedsAndBankers:
-        return state.reds > 7 && state.bankers > 0;
+        return stillNeeded(8 - state.reds, 1 - state.bankers);
     case Needs::BasicWheel:
-        return state.reds == index && index > 8;
+        return unless(state.reds == index && index > 8,
+                      index > 8 ? u"要选 %1 红"_s.arg(index) : u"%1 红没有基本矩阵"_s.arg(index));
     case Needs::ExtendedWheel:
-        return state.reds == index;
+        return unless(state.reds == index, u"要选 %1 红"_s.arg(index));
     }
-    return false;
+    return {};
 }
 
 std::optional<QString> betCaption(const QString& name, int blues) {

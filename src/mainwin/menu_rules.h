@@ -6,7 +6,7 @@
 
 #include <optional>
 
-#include <QString>
+#include <QStringList>
 
 #include "mainwin/menu_table.h"
 
@@ -24,8 +24,21 @@ struct ProgramState {
     bool drawResult = false;
 };
 
+/// Why a command is not offered now.
+struct Obstacle {
+    QStringList needed{}; ///< numbers that are still to be chosen: "1 红", "1 蓝"
+    QString words{};      ///< anything else, as a sentence
+
+    bool stands() const { return !needed.isEmpty() || !words.isEmpty(); }
+    /// "还需：1 红、1 蓝", or the sentence; empty when nothing stands in the way.
+    QString text() const;
+};
+
 /// \param index  place in its menu array of the entry that is asked about
-bool allowed(Needs needs, const ProgramState& state, int index = MenuRow::kNoIndex);
+Obstacle obstacle(Needs needs, const ProgramState& state, int index = MenuRow::kNoIndex);
+inline bool allowed(Needs needs, const ProgramState& state, int index = MenuRow::kNoIndex) {
+    return !obstacle(needs, state, index).stands();
+}
 
 /// The caption of an entry of 组号方式 that names the form of its bets, by whether blues are chosen; nothing for an
 /// entry whose caption never changes.

@@ -256,10 +256,11 @@ std::vector<ButtonRow> toolbarTable() {
 
 std::vector<ButtonRow> buttonTable() {
     return {
-        {u"ComSta"_s, u"开始(&S)"_s, {}, u"ComSta"_s, Needs::EnoughForADraw},
+        {u"ComSta"_s, u"开始(&G)"_s, {}, u"ComSta"_s, Needs::EnoughForADraw},
         {u"ComSpd"_s, u"暂停(&P)"_s, {}, u"ComSpd"_s, Needs::DrawRunning},
-        {u"ComRst"_s, u"重置(&T)"_s, {}, u"ComRst"_s, Needs::DrawBegun},
+        {u"ComRst"_s, u"重置(&Z)"_s, {}, u"ComRst"_s, Needs::DrawBegun},
         {u"cmdRead"_s, u"读取历史(&E)"_s, {}, u"mnuRed"_s},
+        {u"cmdReadFirst"_s, u"读取历史"_s, {}, u"mnuRed"_s},
         {u"Command43"_s, u"历史更新(&W)"_s, u"放弃本次正在进行的输入操作"_s, u"mnuNewol"_s},
         {u"Command44"_s, u"删除上次(&L)"_s, {}, u"mnuDelast"_s, Needs::History},
         {u"Command48"_s, u"历史分析(&A)"_s, {}, u"mnuSy"_s, Needs::History},

@@ -19,8 +19,9 @@ constexpr qreal kCorner = 6;
 
 } // namespace
 
-Card::Card(const QString& name, const QString& heading, QWidget* parent) : QFrame(parent) {
+Card::Card(const QString& name, const QString& heading, QWidget* parent) : QFrame(parent), m_title(heading) {
     setObjectName(name);
+    setAccessibleName(heading);
     m_head = new QHBoxLayout;
     m_head->setSpacing(kSpacing);
     if (!heading.isEmpty()) {

@@ -37,6 +37,10 @@ std::optional<QString> DialogBoxes::askText(const QString& prompt, const QString
     return toolkit::askLine(m_parent, prompt, title, proposed);
 }
 
+std::optional<QString> DialogBoxes::askSecret(const QString& prompt, const QString& title) {
+    return toolkit::askLine(m_parent, prompt, title, {}, Echo::Secret);
+}
+
 std::unique_ptr<workspace::Progress> DialogBoxes::progress(const QString& caption) {
     return std::make_unique<DialogProgress>(m_parent, caption);
 }

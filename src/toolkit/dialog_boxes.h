@@ -18,6 +18,7 @@ class DialogBoxes final : public workspace::Dialogs {
     void tell(const workspace::Message& message) override;
     void warn(const workspace::Message& message) override;
     std::optional<QString> askText(const QString& prompt, const QString& title, const QString& proposed) override;
+    std::optional<QString> askSecret(const QString& prompt, const QString& title) override;
     std::unique_ptr<workspace::Progress> progress(const QString& caption) override;
     QString chooseFile(const QString& folder, const QString& filter) override;
 

@@ -32,7 +32,7 @@ bool confirm(QWidget* parent, const QString& text, const QString& title) {
 }
 
 std::optional<QString> askLine(QWidget* parent, const QString& prompt, const QString& title,
-                               const QString& defaultText) {
+                               const QString& defaultText, Echo echo) {
     QDialog dialog(parent);
     dialog.setObjectName(u"InputBox"_s);
     dialog.setWindowTitle(title);
@@ -42,6 +42,7 @@ std::optional<QString> askLine(QWidget* parent, const QString& prompt, const QSt
     auto* edit = new QLineEdit(defaultText);
     edit->setObjectName(u"InputBoxText"_s);
     edit->setAccessibleName(prompt);
+    edit->setEchoMode(echo == Echo::Secret ? QLineEdit::Password : QLineEdit::Normal);
     edit->selectAll();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     auto* layout = new QVBoxLayout(&dialog);

@@ -28,9 +28,12 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, co
 /// OK and Cancel with a question mark. \return whether OK was pressed
 bool confirm(QWidget* parent, const QString& text, const QString& title);
 
+/// Whether what is typed can be read on the screen.
+enum class Echo { Plain, Secret };
+
 /// Asks for a line of text. \return nothing on Cancel
 std::optional<QString> askLine(QWidget* parent, const QString& prompt, const QString& title,
-                               const QString& defaultText = {});
+                               const QString& defaultText = {}, Echo echo = Echo::Plain);
 /// The same, where an input box does not tell an empty answer and Cancel apart. \return the text, empty on Cancel
 QString askText(QWidget* parent, const QString& prompt, const QString& title, const QString& defaultText = {});
 

@@ -14,8 +14,11 @@ namespace toolkit {
 
 namespace {
 
-constexpr int kDiameter = 34;
-constexpr int kSmallestDiameter = 26;
+constexpr int kCell = 36;
+constexpr int kSmallestCell = 26;
+constexpr qreal kLargestDisc = 30;
+constexpr qreal kFocusWidth = 2;
+constexpr qreal kFocusCorner = 5;
 constexpr qreal kTextShare = 0.40; // of the disc's diameter: two digits keep clear of the ring
 
 QColor mixed(const QColor& first, const QColor& second, qreal share) {
@@ -51,14 +54,14 @@ void NumberBall::describe() {
 }
 
 QSize NumberBall::sizeHint() const {
-    return {kDiameter, kDiameter};
+    return {kCell, kCell};
 }
 QSize NumberBall::minimumSizeHint() const {
-    return {kSmallestDiameter, kSmallestDiameter};
+    return {kSmallestCell, kSmallestCell};
 }
 
 QRectF NumberBall::disc() const {
-    const qreal side = std::min(width(), height()) - 4.0;
+    const qreal side = std::min(std::min(width(), height()) - 4.0, kLargestDisc);
     QRectF disc(0, 0, side, side);
     disc.moveCenter(QRectF(rect()).center());
     return disc;
@@ -122,11 +125,11 @@ void NumberBall::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const Colours& look = colours(palette());
-    QColor colour = m_kind == Kind::Red ? look.red : look.blue;
+    const bool filled = m_state == State::Selected;
+    QColor colour = m_kind == Kind::Red ? (filled ? look.redBall : look.red) : (filled ? look.blueBall : look.blue);
     const QColor ground = palette().color(QPalette::Base);
     if (!isEnabled())
         colour = mixed(colour, ground, 0.6);
-    const bool filled = m_state == State::Selected;
     const bool warm = isEnabled() && (underMouse() || isPressed());
     const QRectF ball = disc();
 
@@ -146,13 +149,12 @@ void NumberBall::paintEvent(QPaintEvent*) {
     font.setPixelSize(static_cast<int>(ball.height() * kTextShare));
     font.setBold(m_state != State::Free);
     painter.setFont(font);
-    painter.setPen(filled ? QColor(isDark(palette()) ? 0xff15171b : 0xffffffff) : colour);
+    painter.setPen(filled ? look.onBall : colour);
     painter.drawText(ball, Qt::AlignCenter, text());
     if (hasFocus()) {
         painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DotLine));
-        painter.drawEllipse(
-            QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5).intersected(ball.adjusted(-1.5, -1.5, 1.5, 1.5)));
+        painter.setPen(QPen(look.focus, kFocusWidth));
+        painter.drawRoundedRect(ball.adjusted(-1.5, -1.5, 1.5, 1.5), kFocusCorner, kFocusCorner);
     }
 }
 

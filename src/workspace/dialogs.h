@@ -56,6 +56,11 @@ class Dialogs {
     virtual std::optional<QString> askText(const QString& prompt, const QString& title,
                                            const QString& proposed = {}) = 0;
 
+    /// A line that nobody may read over the user's shoulder. \return nothing on Cancel. Here: as any other line
+    virtual std::optional<QString> askSecret(const QString& prompt, const QString& title) {
+        return askText(prompt, title);
+    }
+
     /// A whole number. What is none, or lies outside the limits, is told ("请输入数字" under "输入错误") and asked
     /// again. \return nothing on Cancel
     std::optional<int> askNumber(const QString& prompt, const QString& title, const QString& proposed,

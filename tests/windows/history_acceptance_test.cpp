@@ -35,7 +35,7 @@ TEST_F(RealHistory, ReadTypedDeletedAndAppendedIsWhatReadingAllAtOnceGives) {
     ASSERT_EQ(total, 3358);
     enterAs(u"一次读入"_s);
     readText(bytes);
-    const history::History whole = program->history;
+    const history::History whole = program->book.history();
     const std::vector<std::string> wholeTables = tables();
     const std::string wholeNumbers = bareNumbers();
     const QByteArray wholeText = defaultText();
@@ -47,13 +47,13 @@ TEST_F(RealHistory, ReadTypedDeletedAndAppendedIsWhatReadingAllAtOnceGives) {
     trigger(form(), u"mnuLsApp"_s);
     for (const Draw& draw : std::span(draws).last(kTyped))
         keys(numbers(draw));
-    ASSERT_EQ(program->history.Lsnum, total);
-    EXPECT_EQ(program->history.Lshm, whole.Lshm);
-    EXPECT_TRUE(program->history.derived == whole.derived);
-    EXPECT_EQ(program->history.Ylnow, whole.Ylnow);
-    EXPECT_EQ(program->history.Glred, whole.Glred);
-    EXPECT_EQ(program->history.Glcount, kTyped);
-    EXPECT_DOUBLE_EQ(program->history.GailvBlue[1], whole.GlBlue[1] * 100.0 / kTyped);
+    ASSERT_EQ(program->book.history().Lsnum, total);
+    EXPECT_EQ(program->book.history().Lshm, whole.Lshm);
+    EXPECT_TRUE(program->book.history().derived == whole.derived);
+    EXPECT_EQ(program->book.history().Ylnow, whole.Ylnow);
+    EXPECT_EQ(program->book.history().Glred, whole.Glred);
+    EXPECT_EQ(program->book.history().Glcount, kTyped);
+    EXPECT_DOUBLE_EQ(program->book.history().GailvBlue[1], whole.GlBlue[1] * 100.0 / kTyped);
     EXPECT_EQ(tables()[0], wholeTables[0]);
     EXPECT_EQ(tables()[1], wholeTables[1]);
     EXPECT_EQ(tables()[2], wholeTables[2]);
@@ -61,10 +61,10 @@ TEST_F(RealHistory, ReadTypedDeletedAndAppendedIsWhatReadingAllAtOnceGives) {
 
     for (int draw = 0; draw < kDeleted; ++draw)
         press(form(), u"Command44"_s);
-    EXPECT_EQ(program->history.Lsnum, total - kDeleted);
+    EXPECT_EQ(program->book.history().Lsnum, total - kDeleted);
     readText(bytes, u"mnuRead"_s);
-    expectSameHistory(program->history, whole);
-    EXPECT_EQ(program->history.Glcount, whole.Glcount);
+    expectSameHistory(program->book.history(), whole);
+    EXPECT_EQ(program->book.history().Glcount, whole.Glcount);
     EXPECT_EQ(tables(), wholeTables);
     EXPECT_EQ(defaultText(), wholeText);
     EXPECT_EQ(grid().model()->rowCount(), total);
@@ -75,8 +75,8 @@ TEST_F(RealHistory, ReadTypedDeletedAndAppendedIsWhatReadingAllAtOnceGives) {
         lastLines = wholeNumbers.rfind('\n', lastLines - 1);
     EXPECT_EQ(bareNumbers(), wholeNumbers + wholeNumbers.substr(lastLines + 1));
     enterAgain();
-    expectSameHistory(program->history, whole);
-    EXPECT_EQ(program->history.Glcount, 0);
+    expectSameHistory(program->book.history(), whole);
+    EXPECT_EQ(program->book.history().Glcount, 0);
 }
 
 } // namespace

@@ -20,7 +20,7 @@ class HistoryEntry : public HistoryWindow {
     void SetUp() override {
         enterAs(u"张三"_s);
         readText(kThreeDraws);
-        ASSERT_EQ(program->history.Lsnum, 3);
+        ASSERT_EQ(program->book.history().Lsnum, 3);
     }
     ModalStep message(const QString& text, const QString& title) {
         return {u"MsgBox"_s, answer(text, title, QMessageBox::Ok)};
@@ -44,8 +44,8 @@ class HistoryEntry : public HistoryWindow {
 TEST_F(HistoryEntry, ATypedDrawIsSortedShownAndStored) {
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2003004 历史号码:"_s);
     typeDraw(u"33 02 17 05 29 11 07"_s);
-    EXPECT_EQ(program->history.Lsnum, 4);
-    EXPECT_EQ(program->history.Lshm[4], (Draw{2003004, 2, 5, 11, 17, 29, 33, 7}));
+    EXPECT_EQ(program->book.history().Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lshm[4], (Draw{2003004, 2, 5, 11, 17, 29, 33, 7}));
     EXPECT_EQ(row(3),
               (QStringList{u"4期"_s, u"2003004"_s, u"02"_s, u"05"_s, u"11"_s, u"17"_s, u"29"_s, u"33"_s, u"07"_s}));
     EXPECT_EQ(cell(2, 0), u"3"_s);
@@ -62,8 +62,8 @@ TEST_F(HistoryEntry, ATypedDrawIsSortedShownAndStored) {
 TEST_F(HistoryEntry, DrawsAreTypedOneBehindTheOther) {
     trigger(form(), u"mnuLsApp"_s);
     keys(u"0102030405060708091011121314"_s);
-    EXPECT_EQ(program->history.Lsnum, 5);
-    EXPECT_EQ(program->history.Lshm[5], (Draw{2003005, 8, 9, 10, 11, 12, 13, 14}));
+    EXPECT_EQ(program->book.history().Lsnum, 5);
+    EXPECT_EQ(program->book.history().Lshm[5], (Draw{2003005, 8, 9, 10, 11, 12, 13, 14}));
     EXPECT_EQ(cell(3, 0), u"4期"_s);
     EXPECT_EQ(cell(4, 0), u"5期"_s);
     enterAgain();
@@ -99,7 +99,7 @@ TEST_F(HistoryEntry, WrongDrawsAreToldAndLeftAsTyped) {
         EXPECT_EQ(box(6).maskedText(), numbers.mid(15, 2));
         EXPECT_EQ(box(7).maskedText(), numbers.right(2));
     }
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     EXPECT_EQ(dump(*program->workspace.dbUser, "fig"), before);
 }
 
@@ -125,14 +125,14 @@ TEST_F(HistoryEntry, TheLastBoxFiresOnceForAKey) {
         typeDraw(u"01 01 03 04 05 06 07"_s);
     }
     emit box(7).filled(); // whatever fills it without a key: nothing, not even a message
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     box(2).setFocus(Qt::TabFocusReason);
     keys(u"02"_s);
     box(7).setFocus(Qt::TabFocusReason);
     keys(u"07"_s);
-    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lsnum, 4);
     emit box(7).filled();
-    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lsnum, 4);
 }
 
 TEST_F(HistoryEntry, AWrongBoxHasTheFocusAndEnterHandsAllOnAgain) {
@@ -146,11 +146,11 @@ TEST_F(HistoryEntry, AWrongBoxHasTheFocusAndEnterHandsAllOnAgain) {
     EXPECT_TRUE(box(3).hasFocus());
     EXPECT_EQ(box(3).selectedText(), u"34"_s);
     keys(u"33"_s); // in place of what was selected
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     EXPECT_TRUE(box(4).hasFocus());
     key(Qt::Key_Return);
-    EXPECT_EQ(program->history.Lsnum, 4);
-    EXPECT_EQ(program->history.Lshm[4], (Draw{2003004, 1, 2, 4, 5, 6, 33, 7}));
+    EXPECT_EQ(program->book.history().Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lshm[4], (Draw{2003004, 1, 2, 4, 5, 6, 33, 7}));
     EXPECT_TRUE(box(1).hasFocus());
 }
 
@@ -161,11 +161,11 @@ TEST_F(HistoryEntry, EnterDoesNothingBeforeAllBoxesAreFull) {
     keys(u"06"_s);
     keys(u"0"_s);
     key(Qt::Key_Enter);
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     keys(u"7"_s);
-    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lsnum, 4);
     key(Qt::Key_Enter);
-    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lsnum, 4);
 }
 
 TEST_F(HistoryEntry, BehindTheLargestIssueItIsAskedFor) {
@@ -177,13 +177,13 @@ TEST_F(HistoryEntry, BehindTheLargestIssueItIsAskedFor) {
         const ModalScript script({{u"InputBox"_s, cancel()}});
         typeDraw(u"01 02 03 04 05 06 08"_s);
     }
-    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lsnum, 4);
     EXPECT_EQ(box(7).maskedText(), u"08"_s); // still there
     const ModalScript script({{u"InputBox"_s, type(u"0"_s)},
                               message(u"请输入数字"_s, u"输入错误"_s),
                               {u"InputBox"_s, type(u"2010001"_s)}});
     key(Qt::Key_Return);
-    EXPECT_EQ(program->history.Lshm[5], (Draw{2010001, 1, 2, 3, 4, 5, 6, 8}));
+    EXPECT_EQ(program->book.history().Lshm[5], (Draw{2010001, 1, 2, 3, 4, 5, 6, 8}));
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2010002 历史号码:"_s);
 }
 
@@ -199,12 +199,12 @@ TEST_F(HistoryEntry, TheTabKeyGoesFromTheBoxesToTheButtonsToTheGrid) {
 
 TEST_F(HistoryEntry, ABlueMayEqualARed) {
     typeDraw(u"01 02 03 04 05 06 06"_s);
-    EXPECT_EQ(program->history.Lshm[4][7], 6);
+    EXPECT_EQ(program->book.history().Lshm[4][7], 6);
 }
 
 TEST_F(HistoryEntry, TheButtonAndTheEntryDeleteTheLastDrawUntilThereIsNone) {
     press(form(), u"Command44"_s);
-    EXPECT_EQ(program->history.Lsnum, 2);
+    EXPECT_EQ(program->book.history().Lsnum, 2);
     EXPECT_EQ(grid().model()->rowCount(), 2);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2003003 历史号码:"_s);
     EXPECT_EQ(text(u"Label6(26)"_s), u"16.67%"_s); // 2 of 12
@@ -212,7 +212,7 @@ TEST_F(HistoryEntry, TheButtonAndTheEntryDeleteTheLastDrawUntilThereIsNone) {
     trigger(form(), u"mnuDelast"_s);
     EXPECT_TRUE(enabled(u"Command44"_s));
     trigger(form(), u"mnuDelast"_s);
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     EXPECT_EQ(grid().model()->rowCount(), 0);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 1 历史号码:"_s);
     EXPECT_FALSE(enabled(u"Command44"_s));
@@ -220,7 +220,7 @@ TEST_F(HistoryEntry, TheButtonAndTheEntryDeleteTheLastDrawUntilThereIsNone) {
     EXPECT_FALSE(action(form(), u"mnuDelast"_s)->isEnabled());
     EXPECT_FALSE(action(form(), u"mnuSy"_s)->isEnabled());
     typeDraw(u"01 02 03 04 05 06 07"_s);
-    EXPECT_EQ(program->history.Lshm[1][0], 1);
+    EXPECT_EQ(program->book.history().Lshm[1][0], 1);
     EXPECT_EQ(cell(0, 0), u"1期"_s);
     EXPECT_TRUE(enabled(u"Command44"_s));
     EXPECT_TRUE(action(form(), u"mnuDelast"_s)->isEnabled());
@@ -250,23 +250,23 @@ TEST_F(HistoryEntry, ClearingAsksFirst) {
         const ModalScript script({question(QMessageBox::Cancel)});
         trigger(form(), u"meuCln"_s);
     }
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     {
         const ModalScript script({question(QMessageBox::Ok)});
         trigger(form(), u"meuCln"_s);
     }
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     EXPECT_EQ(grid().model()->rowCount(), 0);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 1 历史号码:"_s);
     EXPECT_EQ(text(u"Label6(10)"_s), u"0.00%"_s);
     EXPECT_FALSE(enabled(u"Command44"_s));
     EXPECT_EQ(defaultText(), QByteArray());
     EXPECT_EQ(program->workspace.dbUser->rowCount("YlqsB"), 3);
-    EXPECT_EQ(program->history.Ylnow[2], 3);
+    EXPECT_EQ(program->book.history().Ylnow[2], 3);
     enterAgain();
-    EXPECT_EQ(program->history.Lsnum, 0);
-    EXPECT_EQ(program->history.Ylnow[2], 0);   // Ylqs was cleared,
-    EXPECT_EQ(program->history.YlnowB[11], 2); // YlqsB was not
+    EXPECT_EQ(program->book.history().Lsnum, 0);
+    EXPECT_EQ(program->book.history().Ylnow[2], 0);   // Ylqs was cleared,
+    EXPECT_EQ(program->book.history().YlnowB[11], 2); // YlqsB was not
 }
 
 TEST_F(HistoryEntry, ADigitInACellOpensTheCorrectionWithTheCellsText) {
@@ -294,7 +294,7 @@ TEST_F(HistoryEntry, EnterCommitsACorrection) {
     EXPECT_FALSE(correction().isVisible());
     EXPECT_TRUE(grid().hasFocus());
     EXPECT_EQ(cell(1, 2), u"05"_s);
-    EXPECT_EQ(program->history.Lshm[2][1], 5);
+    EXPECT_EQ(program->book.history().Lshm[2][1], 5);
     EXPECT_EQ(cell(3, 0), u"4期"_s);
     EXPECT_EQ(text(u"Label6(26)"_s), u"1.39%"_s); // 2 of 4 * 36
     correct(1, 8, u"16"_s);
@@ -337,7 +337,7 @@ TEST_F(HistoryEntry, AnotherCellOrADeletedRowGivesACorrectionUp) {
     keys(u"5"_s);
     trigger(form(), u"mnuDelast"_s);
     EXPECT_FALSE(correction().isVisible());
-    EXPECT_EQ(program->history.Lsnum, 2);
+    EXPECT_EQ(program->book.history().Lsnum, 2);
 }
 
 TEST_F(HistoryEntry, AChangeThatCannotBeStoredIsToldAndLeavesEverything) {
@@ -360,10 +360,10 @@ TEST_F(HistoryEntry, AChangeThatCannotBeStoredIsToldAndLeavesEverything) {
 
 TEST_F(HistoryEntry, AFullHistoryTakesNoMore) {
     readText(QByteArray("2003001 01 02 03 04 05 06 07\n").repeated(history::kMostDraws));
-    ASSERT_EQ(program->history.Lsnum, 32767);
+    ASSERT_EQ(program->book.history().Lsnum, 32767);
     const ModalScript script({message(u"历史号码最多保存32767期，已经不能再追加！"_s, u"数据库错误"_s)});
     typeDraw(u"01 02 03 04 05 06 07"_s);
-    EXPECT_EQ(program->history.Lsnum, 32767);
+    EXPECT_EQ(program->book.history().Lsnum, 32767);
 }
 
 } // namespace

@@ -54,7 +54,7 @@ TEST_F(HistoryText, TheButtonAndTheEntryReadAWholeHistory) {
     EXPECT_EQ(defaultText(), QByteArray(kThreeDraws).replace('\n', " \n"));
     const ModalScript script({question(kReadQuestion, kReadTitle, QMessageBox::Cancel)});
     press(form(), u"cmdRead"_s);
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
 }
 
 TEST_F(HistoryText, CancellingTheFileDialogEndsSilently) {
@@ -68,7 +68,7 @@ TEST_F(HistoryText, CancellingTheFileDialogEndsSilently) {
                               question(kAppendedQuestion, kReadTitle, QMessageBox::Cancel)});
     trigger(form(), u"mnuRed"_s);
     trigger(form(), u"mnuRead"_s);
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
 }
 
 TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
@@ -80,7 +80,7 @@ TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
                                   renameQuestion(QMessageBox::Cancel)});
         trigger(form(), u"mnuRed"_s);
     }
-    EXPECT_EQ(program->history.Lsnum, 3); // the file that was kept
+    EXPECT_EQ(program->book.history().Lsnum, 3); // the file that was kept
     EXPECT_TRUE(note().isVisible());
     EXPECT_EQ(note().text(), u"读取的是原有的默认文本"_s);
     {
@@ -89,7 +89,7 @@ TEST_F(HistoryText, ADefaultFileInTheWayIsRenamedOrKept) {
                                   renameQuestion(QMessageBox::Ok)});
         trigger(form(), u"mnuRed"_s);
     }
-    EXPECT_EQ(program->history.Lsnum, 1);
+    EXPECT_EQ(program->book.history().Lsnum, 1);
     const QString date = QDate::currentDate().toString(u"yyyy-M-d"_s);
     EXPECT_TRUE(QFile::exists(home.folderName() + u"/双色历史号码/ 张三"_s + date + u"日前 双色号码 .TXT"_s));
     EXPECT_FALSE(note().isVisible());
@@ -132,7 +132,7 @@ TEST_F(HistoryText, AnAppendedReadingAddsRows) {
     EXPECT_EQ(row(3).mid(0, 3), (QStringList{u"4"_s, u"2003004"_s, u"04"_s})); // typed before, not the file's
     EXPECT_EQ(row(4).mid(0, 3), (QStringList{u"5"_s, u"2003005"_s, u"08"_s}));
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2003006 历史号码:"_s);
-    EXPECT_EQ(program->history.Glcount, 5);
+    EXPECT_EQ(program->book.history().Glcount, 5);
 }
 
 TEST_F(HistoryText, AnAppendedReadingThatFailsLeavesTheGrid) {
@@ -178,7 +178,7 @@ TEST_F(HistoryText, EditingWithoutAFileOffersToReadOne) {
                               question(kReadQuestion, kReadTitle, QMessageBox::Ok),
                               {u"FileDialog"_s, chooseFile(writeFile(u"期.txt"_s, kThreeDraws))}});
     trigger(form(), u"mnuEdit"_s);
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
 }
 
 TEST_F(HistoryText, EditingStartsTheProgramOfTheSetting) {
@@ -225,7 +225,7 @@ TEST_F(HistoryText, AWorkspaceWhoseFileWasReplacedIsOpenedAndShownAgain) {
     open.dbNumsave.reset();
     ASSERT_TRUE(workspace::copyDatabase(home.folder() / "Lishihaoma.mdb", file));
     program->reopen();
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     EXPECT_EQ(grid().model()->rowCount(), 0);
     EXPECT_FALSE(enabled(u"Command44"_s));
     typeDraw(u"01 02 03 04 05 06 07"_s);

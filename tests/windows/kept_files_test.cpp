@@ -43,14 +43,14 @@ TEST_F(KeptFilesWindow, ARepairIsToldAtTheTopAndCanBeTakenBack) {
     std::filesystem::remove(fileOf(u"张三"_s, "numsave.mdb"));
     start();
     enter();
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     ASSERT_TRUE(hasNotice());
     EXPECT_TRUE(notice().contains(u"filnum.mdb、张三.mdb"_s)) << notice().toStdString();
     EXPECT_TRUE(notice().contains(u"找不到文件"_s));
     enterAgain(); // it was not closed
     ASSERT_TRUE(hasNotice());
     test_support::press(form(), u"NoticeAction"_s);
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     EXPECT_EQ(row(2).mid(1),
               (QStringList{u"2003003"_s, u"01"_s, u"07"_s, u"10"_s, u"23"_s, u"28"_s, u"32"_s, u"16"_s}));
     EXPECT_EQ(program->workspace.dbFilnum->rowCount("fig"), 3);
@@ -59,7 +59,7 @@ TEST_F(KeptFilesWindow, ARepairIsToldAtTheTopAndCanBeTakenBack) {
         test_support::press(form(), u"NoticeClose"_s);
     enterAgain();
     EXPECT_FALSE(hasNotice());
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
 }
 
 TEST_F(KeptFilesWindow, AHistoryThatIsDamagedStaysKeptAndIsTold) {
@@ -84,10 +84,10 @@ TEST_F(KeptFilesWindow, ANameThatComesBackInOneRunGivesItsFilesBack) {
     renameTo(u"乙"_s);
     renameTo(u"甲"_s);
     typeDraw(u"01 02 03 04 05 06 07"_s);
-    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lsnum, 4);
     enterAgain();
     EXPECT_EQ(program->workspace.Username, u"甲"_s);
-    EXPECT_EQ(program->history.Lsnum, 4);
+    EXPECT_EQ(program->book.history().Lsnum, 4);
     EXPECT_FALSE(hasNotice());
 }
 
@@ -96,13 +96,13 @@ TEST_F(KeptFilesWindow, ARenameOntoAFolderKeepsWhatIsThere) {
     readText(kThreeDraws);
     renameTo(u"乙"_s);
     enterAgain(); // as 乙, empty; the folder of 甲 stands
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     renameTo(u"甲"_s);
     enterAgain();
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     ASSERT_TRUE(hasNotice());
     test_support::press(form(), u"NoticeAction"_s);
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
 }
 
 TEST_F(KeptFilesWindow, ANewUserOfAnOldNameHasTheOldFilesKept) {
@@ -114,10 +114,10 @@ TEST_F(KeptFilesWindow, ANewUserOfAnOldNameHasTheOldFilesKept) {
     createUser(u"张三"_s);
     enter();
     EXPECT_EQ(program->workspace.Username, u"张三"_s);
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     ASSERT_TRUE(hasNotice());
     test_support::press(form(), u"NoticeAction"_s);
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
 }
 
 TEST_F(KeptFilesWindow, DamagedSettingsAreToldInTheFirstWindow) {

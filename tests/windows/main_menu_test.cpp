@@ -1,3 +1,6 @@
+#include <QHelpEvent>
+#include <QToolTip>
+
 #include "windows/main_window_support.h"
 
 namespace main_window_tests {
@@ -63,12 +66,60 @@ TEST_F(MainWindow, TheToolbarHasItsButtonsInOrder) {
     EXPECT_EQ(action(*form, u"Toolbar1(ext)"_s)->toolTip(), u"退出本程序"_s);
 }
 
+TEST(Commands, TakeOnlyTheNamesOfTheTablesAndEachOnce) {
+    mainwin::Commands commands;
+    const auto nothing = [](int) {};
+    commands.on(u"mnuLst"_s, nothing);
+    commands.on(u"ext"_s, nothing); // of the toolbar alone
+    EXPECT_THROW(commands.on(u"mnuLst"_s, nothing), std::logic_error);
+    EXPECT_THROW(commands.on(u"mnuLsst"_s, nothing), std::logic_error);
+    EXPECT_THROW(commands.on(u"mnuSl"_s, nothing), std::logic_error) << "a menu is no entry";
+    EXPECT_THROW(commands.on(u"meuS(33)"_s, nothing), std::logic_error) << "an array is registered whole";
+    const auto never = [](int) { return false; };
+    commands.mark(u"meuS"_s, never);
+    EXPECT_THROW(commands.mark(u"meuS"_s, never), std::logic_error);
+    EXPECT_THROW(commands.mark(u"meuSS"_s, never), std::logic_error);
+}
+
+TEST_F(MainWindow, WhatIsDisabledSaysWhatItWaitsFor) {
+    open();
+    pressNumbers(u"Command1(%1)"_s, {1, 2, 3});
+    const std::pair<QString, QString> wanted[] = {
+        {u"mnuLst"_s, u"还需：4 红"_s},    {u"mnuDtlst"_s, u"还需：4 红、1 胆"_s},
+        {u"mnu8Lst"_s, u"还需：5 红"_s},   {u"mnuDelast"_s, u"还没有历史：先读取或输入"_s},
+        {u"meuRtxz(9)"_s, u"要选 9 红"_s}, {u"meuSup"_s, u"摇奖没有进行"_s}};
+    for (const auto& [name, tip] : wanted)
+        EXPECT_EQ(action(*form, name)->toolTip(), tip) << name.toStdString();
+    EXPECT_EQ(form->findChild<QMenu*>(u"mnuDantuo"_s)->menuAction()->toolTip(), u"还需：1 胆"_s);
+    EXPECT_EQ(control(*form, u"Command44"_s)->toolTip(), u"还没有历史：先读取或输入"_s);
+    EXPECT_EQ(action(*form, u"Toolbar1(sta)"_s)->toolTip(), u"开始摇奖分析"_s) << "told texts stay";
+    auto* start = form->findChild<QToolBar*>(u"Toolbar1"_s)->widgetForAction(action(*form, u"Toolbar1(sta)"_s));
+    QHelpEvent asked(QEvent::ToolTip, start->rect().center(), start->mapToGlobal(start->rect().center()));
+    QApplication::sendEvent(start, &asked);
+    EXPECT_EQ(QToolTip::text(), u"开始摇奖分析\n还需：4 红"_s);
+    QToolTip::hideText();
+    addDraw(kFirstDraw);
+    EXPECT_EQ(control(*form, u"Command44"_s)->toolTip(), QString());
+}
+
+TEST_F(MainWindow, AMenuWithoutAnEntryToChooseIsDisabled) {
+    open(false);
+    for (const auto& name : {u"mnuSelect"_s, u"mnuRedslt"_s, u"mnuSl"_s, u"mnuExra"_s, u"mnuBoun"_s})
+        EXPECT_FALSE(entryEnabled(name)) << name.toStdString();
+    for (const auto& name : {u"mnuUserset"_s, u"meuBit"_s, u"meuCol"_s, u"meuSpd"_s})
+        EXPECT_TRUE(entryEnabled(name)) << name.toStdString();
+    open();
+    EXPECT_TRUE(entryEnabled(u"mnuSelect"_s));
+    EXPECT_FALSE(entryEnabled(u"mnuRt"_s)) << "no wheel without reds";
+    EXPECT_TRUE(entryEnabled(u"mnuQnjz"_s));
+}
+
 TEST_F(MainWindow, WhatNobodyRegisteredIsDisabledInEveryState) {
     addDraw(kFirstDraw);
     open(false);
     pad.selectAllReds();
     pad.selectAllBlues();
-    const std::set<QString> own{u"meuS"_s, u"mnuBlue"_s, u"mnuPtset"_s, u"mnuLsApp"_s};
+    const std::set<QString> own{u"meuS"_s, u"mnuBlue"_s, u"mnuPtset"_s, u"mnuName"_s};
     for (const auto& row : mainwin::menuTable()) {
         if (row.kind == mainwin::RowKind::Menu || row.kind == mainwin::RowKind::Separator)
             continue;
@@ -150,15 +201,15 @@ TEST_F(MainWindow, OfTheStabilityItemsOneIsCheckedAndItsFactorSaved) {
     open();
     EXPECT_TRUE(action(*form, u"meuSpd2"_s)->isChecked()) << "100 without a setting";
     trigger(*form, u"meuSpd10"_s);
-    EXPECT_EQ(stored.at(u"Initial/Wd"_s), u"2500"_s);
-    EXPECT_EQ(form->stability.Stabletarget, 3500);
+    EXPECT_EQ(stored(u"Initial/Wd"_s), u"2500"_s);
+    EXPECT_EQ(drawDesk->stability.Stabletarget, 3500);
     EXPECT_FALSE(action(*form, u"meuSpd2"_s)->isChecked());
     trigger(*form, u"meuSpd8"_s);
-    EXPECT_EQ(stored.at(u"Initial/Wd"_s), u"8000"_s);
-    EXPECT_EQ(form->stability.Stabletarget, 30000);
+    EXPECT_EQ(stored(u"Initial/Wd"_s), u"8000"_s);
+    EXPECT_EQ(drawDesk->stability.Stabletarget, 30000);
     EXPECT_TRUE(action(*form, u"meuSpd8"_s)->isChecked());
     open(); // the endless factor comes back as an ordinary one that no item shows
-    EXPECT_EQ(form->stability.Stabletarget, 11200);
+    EXPECT_EQ(drawDesk->stability.Stabletarget, 11200);
     for (const auto& item : mainwin::kStabilityItems)
         EXPECT_FALSE(action(*form, item.name.toString())->isChecked());
 }
@@ -175,9 +226,9 @@ TEST(Stability, TheTargetOfALoadedFactorIsThatOfItsItem) {
 }
 
 TEST_F(MainWindow, ThePrintSettingAsksWithTheStoredNumber) {
-    stored[u"setup/dayin"_s] = u"7"_s;
+    store(u"setup/dayin"_s, u"7"_s);
     open();
-    EXPECT_EQ(form->Printrow, 7);
+    EXPECT_EQ(workspaceDesk->Printrow, 7);
     const ModalScript script({{u"InputBox"_s,
                                [](QWidget& dialog) {
                                    EXPECT_EQ(dialog.windowTitle(), u"打印设置"_s);
@@ -187,10 +238,10 @@ TEST_F(MainWindow, ThePrintSettingAsksWithTheStoredNumber) {
                                }},
                               {u"InputBox"_s, [](QWidget& dialog) { static_cast<QDialog&>(dialog).reject(); }}});
     trigger(*form, u"mnuPtset"_s);
-    EXPECT_EQ(stored.at(u"setup/dayin"_s), u"12"_s);
-    EXPECT_EQ(form->Printrow, 12);
+    EXPECT_EQ(stored(u"setup/dayin"_s), u"12"_s);
+    EXPECT_EQ(workspaceDesk->Printrow, 12);
     trigger(*form, u"mnuPtset"_s);
-    EXPECT_EQ(stored.at(u"setup/dayin"_s), u"0"_s) << "a cancelled prompt is stored as a number";
+    EXPECT_EQ(stored(u"setup/dayin"_s), u"0"_s) << "a cancelled prompt is stored as a number";
 }
 
 TEST_F(MainWindow, ThePrintSettingAsksAgainForANumberThatItCanTake) {
@@ -206,19 +257,20 @@ TEST_F(MainWindow, ThePrintSettingAsksAgainForANumberThatItCanTake) {
                                   {u"InputBox"_s, type(u"32767"_s)}});
         trigger(*form, u"mnuPtset"_s);
         EXPECT_EQ(script.left(), 0U) << wrong.toStdString();
-        EXPECT_EQ(stored.at(u"setup/dayin"_s), u"32767"_s) << wrong.toStdString();
-        EXPECT_EQ(form->Printrow, 32767);
+        EXPECT_EQ(stored(u"setup/dayin"_s), u"32767"_s) << wrong.toStdString();
+        EXPECT_EQ(workspaceDesk->Printrow, 32767);
     }
 }
 
 TEST_F(MainWindow, AStoredNumberThatIsNoneLeavesTheDefaultAndIsTold) {
-    stored[u"setup/dayin"_s] = QString(400, u'9');
-    stored[u"Initial/Wd"_s] = u"-7"_s;
+    store(u"setup/dayin"_s, QString(400, u'9'));
+    store(u"Initial/Wd"_s, u"-7"_s);
     open();
-    EXPECT_EQ(form->Printrow, 5);
-    EXPECT_EQ(form->stability.Wd, 0);
-    const ModalScript script({{u"MsgBox"_s, answer({})}});
-    form->tellTroubles();
+    EXPECT_EQ(workspaceDesk->Printrow, 5);
+    EXPECT_EQ(drawDesk->stability.Wd, 0);
+    const QStringList troubles = context->settings.troubles();
+    ASSERT_EQ(troubles.size(), 1);
+    EXPECT_TRUE(troubles.front().contains(u"dayin"_s)) << troubles.front().toStdString();
 }
 
 TEST_F(MainWindow, AWheelEntryIsOfferedForItsOwnCountOfReds) {

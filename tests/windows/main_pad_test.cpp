@@ -31,17 +31,17 @@ TEST_F(MainWindow, WithThirtyEightRedsNothingIsHidden) {
 TEST_F(MainWindow, AnotherRuleIsSavedAtOnceAndShown) {
     open();
     pad.pressRed(33);
-    const QSignalSpy changed(form.get(), &Form1::ruleChanged);
+    const QSignalSpy changed(workspaceDesk.get(), &mainwin::WorkspaceDesk::ruleChanged);
     trigger(*form, u"meuS(29)"_s);
     EXPECT_EQ(workspace.Bitnum, 29);
-    EXPECT_EQ(stored.at(u"Initial/Bitnum"_s), u"29"_s);
-    EXPECT_EQ(stored.count(u"Initial/BitnumB"_s), 0U) << "only what was changed is written";
+    EXPECT_EQ(stored(u"Initial/Bitnum"_s), u"29"_s);
+    EXPECT_EQ(stored(u"Initial/BitnumB"_s), QString()) << "only what was changed is written";
     EXPECT_TRUE(action(*form, u"meuS(29)"_s)->isChecked());
     EXPECT_FALSE(action(*form, u"meuS(33)"_s)->isChecked());
     EXPECT_FALSE(ball(u"Command1(30)"_s).isVisible());
     EXPECT_EQ(text(u"Label100"_s), QString()) << "a number that is not shown is not selected";
     trigger(*form, u"mnuBlue(18)"_s);
-    EXPECT_EQ(stored.at(u"Initial/BitnumB"_s), u"18"_s);
+    EXPECT_EQ(stored(u"Initial/BitnumB"_s), u"18"_s);
     EXPECT_TRUE(ball(u"Command2(18)"_s).isVisible());
     trigger(*form, u"mnuBlue(18)"_s); // once more: the mark stays
     EXPECT_TRUE(action(*form, u"mnuBlue(18)"_s)->isChecked());

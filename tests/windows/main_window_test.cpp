@@ -104,7 +104,6 @@ TEST_F(MainWindow, AnEmptyHistoryDisablesItsCommands) {
 TEST_F(MainWindow, AFirstDrawEnablesThem) {
     open();
     addDraw(kFirstDraw);
-    form->showHistory();
     for (const auto& name : {u"Command44"_s, u"Command48"_s})
         EXPECT_TRUE(control(*form, name)->isEnabled());
     for (const auto& name : {u"mnuDelast"_s, u"mnuSy"_s, u"Toolbar1(ls)"_s})
@@ -185,7 +184,7 @@ TEST_F(MainWindow, ClosingTellsTheProgramAndRemembersThePlace) {
     trigger(*form, u"Toolbar1(ext)"_s);
     EXPECT_EQ(closed.count(), 1);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_FALSE(stored[u"Place/Form1"_s].isEmpty());
+    EXPECT_FALSE(stored(u"Place/Form1"_s).isEmpty());
 }
 
 TEST_F(MainWindow, NothingIsCutOffAtTheSmallestUsefulSize) {

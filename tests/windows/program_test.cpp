@@ -40,7 +40,7 @@ class ProgramTest : public ProgramFixture {
 
     void readThreeDraws() {
         readHistory(writeFile(u"三期.txt"_s, kThreeDraws));
-        ASSERT_EQ(program->history.Lsnum, 3);
+        ASSERT_EQ(program->book.history().Lsnum, 3);
     }
 
     void pressNumbers(const QString& pattern, std::initializer_list<int> numbers) {
@@ -68,7 +68,7 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
     enterAs(u"张三[双色球]"_s);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 1 历史号码:"_s);
     readHistory(writeFile(u"draws.txt"_s, real.readAll()));
-    ASSERT_EQ(program->history.Lsnum, 3358);
+    ASSERT_EQ(program->book.history().Lsnum, 3358);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2025113 历史号码:"_s);
     EXPECT_EQ(controlAs<toolkit::DataGrid>(*window(u"Form1"_s), u"MSFlexGrid1"_s)->model()->rowCount(), 3358);
 
@@ -94,7 +94,7 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
     });
 
     const QSignalSpy ended(program.get(), &mainwin::Program::ended);
-    const history::History before = program->history;
+    const history::History before = program->book.history();
     const std::string table = bets();
     EXPECT_NE(table.find("红1位大小:1 保留2~99"), std::string::npos);
     EXPECT_TRUE(window(u"Form1"_s)->close());
@@ -104,11 +104,11 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
     auto* users = controlAs<QListWidget>(*window(u"Frmpre"_s), u"LstName"_s);
     EXPECT_EQ(users->currentItem()->text(), u"张三[双色球]"_s); // the one who entered last
     enter();
-    EXPECT_EQ(program->history.Lshm, before.Lshm);
-    EXPECT_EQ(program->history.derived, before.derived);
-    EXPECT_EQ(program->history.Ylnow, before.Ylnow);
-    EXPECT_EQ(program->history.Gailvred, before.Gailvred);
-    EXPECT_EQ(program->history.Glcount, 0); // not stored: every start begins at 0
+    EXPECT_EQ(program->book.history().Lshm, before.Lshm);
+    EXPECT_EQ(program->book.history().derived, before.derived);
+    EXPECT_EQ(program->book.history().Ylnow, before.Ylnow);
+    EXPECT_EQ(program->book.history().Gailvred, before.Gailvred);
+    EXPECT_EQ(program->book.history().Glcount, 0); // not stored: every start begins at 0
     EXPECT_EQ(bets(), table);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2025113 历史号码:"_s);
 }
@@ -161,7 +161,7 @@ TEST_F(ProgramTest, AUserWhoseFolderWasDeletedEntersWithoutHistory) {
     std::filesystem::remove_all(home.folder() / "张三");
     start();
     enter();
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 1 历史号码:"_s);
     EXPECT_FALSE(action(*window(u"Form1"_s), u"mnuDelast"_s)->isEnabled());
     for (const char* file : {"张三.mdb", "filnum.mdb", "numsave.mdb"})
@@ -319,12 +319,12 @@ TEST_F(ProgramTest, ANewNameIsANewEmptyWorkspaceFromTheNextStartOn) {
     EXPECT_FALSE(std::filesystem::exists(fresh / "filnumR.mdb")); // this one is not copied
     EXPECT_TRUE(std::filesystem::exists(home.folder() / "张三" / "张三.mdb"));
     EXPECT_EQ(program->workspace.Username, u"张三"_s); // until the next start
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     window(u"Form1"_s)->close();
     start();
     enter();
     EXPECT_EQ(program->workspace.Username, u"王五/二"_s);
-    EXPECT_EQ(program->history.Lsnum, 0);
+    EXPECT_EQ(program->book.history().Lsnum, 0);
     EXPECT_EQ(program->workspace.BitnumB, 16); // settings under the old name are left behind
 }
 
@@ -372,12 +372,12 @@ TEST_F(ProgramTest, ARefusedLineIsToldAndTheStoredHistoryStays) {
                                   {u"MsgBox"_s, answer(kWrongLine, u"历史号码文本错误"_s, QMessageBox::Ok)}});
         press(u"Form1"_s, u"cmdRead"_s); // the button does what the entry does
     }
-    EXPECT_EQ(program->history.Lsnum, 3);
+    EXPECT_EQ(program->book.history().Lsnum, 3);
     EXPECT_EQ(text(u"StatusBar1(2)"_s), u"历史：3期"_s);
     window(u"Form1"_s)->close();
     start();
     enter();
-    EXPECT_EQ(program->history.Lsnum, 3); // the tables had not been touched
+    EXPECT_EQ(program->book.history().Lsnum, 3); // the tables had not been touched
 }
 
 TEST_F(ProgramTest, ARuleIsReadWhenTheUserEnters) {
@@ -392,7 +392,7 @@ TEST_F(ProgramTest, ARuleIsReadWhenTheUserEnters) {
     enter();
     EXPECT_EQ(program->workspace.Bitnum, 28);
     EXPECT_EQ(program->workspace.BitnumB, 12);
-    EXPECT_EQ(program->history.Lshm[3],
+    EXPECT_EQ(program->book.history().Lshm[3],
               (history::Draw{2003003, 1, 7, 10, 23, 28, 32, 16})); // draws keep their numbers
     EXPECT_FALSE(controlAs<QWidget>(*window(u"Form1"_s), u"Command1(29)"_s)->isVisible());
 }

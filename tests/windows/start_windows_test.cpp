@@ -1,5 +1,6 @@
 // The start window, the password box, and the one running program.
 #include <csignal>
+#include <set>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -9,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalSpy>
+#include <QStyledItemDelegate>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -87,7 +89,59 @@ TEST_F(StartWindows, TheStartWindowBearsItsTexts) {
     EXPECT_EQ(controlAs<QLabel>(*window, u"Label3"_s)->text(), u"进入系统"_s);
     EXPECT_EQ(controlAs<QLabel>(*window, u"Label4"_s)->text(), u"删除用户"_s);
     EXPECT_EQ(list().accessibleName(), u"用户名及彩票类型选择"_s);
+    EXPECT_EQ(control(*window, u"Frame1"_s)->property("title").toString(), u"用户名及彩票类型选择"_s);
     EXPECT_EQ(list().item(0)->data(Qt::UserRole).toInt(), 1);
+}
+
+TEST_F(StartWindows, AnEmptyListSaysWhatToDo) {
+    show();
+    const auto inks = [this] { // colours of the middle of the list
+        const QImage picture = list().viewport()->grab().toImage();
+        std::set<QRgb> found;
+        const int middle = picture.height() / 2;
+        for (int y = middle - 20; y < middle + 20; ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                found.insert(picture.pixel(x, y));
+        return found.size();
+    };
+    EXPECT_GT(inks(), 1U);
+    addUser(u"张三"_s);
+    show();
+    EXPECT_EQ(inks(), 1U) << "the entry stands at the top";
+}
+
+TEST_F(StartWindows, AUserWithoutANameIsSeenAsSuch) {
+    show();
+    const ModalScript script({{u"InputBox"_s, cancel()}, {u"InputBox"_s, cancel()}, {u"InputBox"_s, cancel()}});
+    press(u"Label2"_s);
+    EXPECT_EQ(list().item(0)->data(Qt::AccessibleTextRole).toString(), u"（无名）"_s);
+    const auto* delegate = qobject_cast<QStyledItemDelegate*>(list().itemDelegate());
+    EXPECT_EQ(delegate->displayText(QString(), {}), u"（无名）"_s);
+    EXPECT_EQ(delegate->displayText(u"张三"_s, {}), u"张三"_s);
+}
+
+TEST_F(StartWindows, ThePasswordsOfANewUserAreHiddenWhileTyped) {
+    show();
+    const auto hidden = [](QLineEdit::EchoMode echo) {
+        return [echo](QWidget& box) {
+            EXPECT_EQ(box.findChild<QLineEdit*>()->echoMode(), echo);
+            type(u"abc"_s)(box);
+        };
+    };
+    const ModalScript script({{u"InputBox"_s, hidden(QLineEdit::Normal)},
+                              {u"InputBox"_s, hidden(QLineEdit::Password)},
+                              {u"InputBox"_s, hidden(QLineEdit::Password)}});
+    press(u"Label2"_s);
+    EXPECT_EQ(stored(u"Username1"_s, u"Password"_s), u"abc"_s);
+}
+
+TEST_F(StartWindows, EnterAtTheQuestionOfADeletionKeepsTheUser) {
+    addUser(u"张三"_s);
+    show();
+    list().setCurrentRow(0);
+    const ModalScript script({{u"MsgBox"_s, [](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); }}});
+    press(u"Label4"_s);
+    EXPECT_EQ(names(), QStringList{u"张三"_s});
 }
 
 TEST_F(StartWindows, WithoutUsersNothingIsSelectedAndEnterAndDeleteSaySo) {

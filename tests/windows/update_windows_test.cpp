@@ -92,11 +92,11 @@ TEST_F(UpdateWindows, TheNewHistoryIsShownAtOnceAndAtTheNextStart) {
     EXPECT_EQ(gridRows(), 3);
     EXPECT_EQ(text(u"Label12"_s), u"在右输入 2003004 历史号码:"_s);
     EXPECT_EQ(text(u"StatusBar1(2)"_s), u"历史：3期"_s);
-    EXPECT_EQ(program->history.Lshm, (std::vector<history::Draw>{{}, kDraws[0], kDraws[1], kDraws[2]}));
-    EXPECT_EQ(program->history.Ylnow[1], 0);  // drawn last
-    EXPECT_EQ(program->history.Ylnow[26], 1); // the draw before
-    EXPECT_EQ(program->history.Glred[26], 2);
-    EXPECT_EQ(program->history.Glcount, 0);
+    EXPECT_EQ(program->book.history().Lshm, (std::vector<history::Draw>{{}, kDraws[0], kDraws[1], kDraws[2]}));
+    EXPECT_EQ(program->book.history().Ylnow[1], 0);  // drawn last
+    EXPECT_EQ(program->book.history().Ylnow[26], 1); // the draw before
+    EXPECT_EQ(program->book.history().Glred[26], 2);
+    EXPECT_EQ(program->book.history().Glcount, 0);
     ASSERT_TRUE(program->workspace.dbNumsave);
     EXPECT_EQ(program->workspace.dbFilnum->rowCount("fig"), 3);
     QFile standard(workspace::toQString(history::historyTextFile(program->workspace)));
@@ -185,7 +185,7 @@ TEST_F(UpdateWindows, TheDownloadedTextIsOfferedToTheReading) {
           }}});
     trigger(u"Form1"_s, u"mnuNew"_s);
     EXPECT_EQ(gridRows(), 3);
-    EXPECT_EQ(program->history.Lshm.back(), kDraws.back());
+    EXPECT_EQ(program->book.history().Lshm.back(), kDraws.back());
 }
 
 TEST_F(UpdateWindows, TheDownloadedTextIsOnlyKeptWhenItIsNotToBeRead) {
@@ -203,8 +203,8 @@ TEST_F(UpdateWindows, AnotherRuleStaysTheUsersWithTheDownloadedHistory) {
     const ModalScript script({ask(kDatabaseQuestion, kTitle), panel(), ask(kTakeQuestion, kTitle)});
     trigger(u"Form1"_s, u"mnuNewol"_s);
     EXPECT_EQ(program->workspace.Bitnum, 30);
-    EXPECT_EQ(program->history.Lshm.back(), kDraws.back()); // with its 32 and its blue 16
-    EXPECT_EQ(program->history.derived.back().Ltlnum, 3);   // 1, 7 and 16: the lower half of 33
+    EXPECT_EQ(program->book.history().Lshm.back(), kDraws.back()); // with its 32 and its blue 16
+    EXPECT_EQ(program->book.history().derived.back().Ltlnum, 3);   // 1, 7 and 16: the lower half of 33
 }
 
 TEST_F(UpdateWindows, AnUpdateThatWasCutOffIsCarriedOutAtTheNextStart) {

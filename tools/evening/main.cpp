@@ -78,7 +78,7 @@ class Evening {
     void readHistory() {
         m_stage.script([this] { m_stage.click(u"Form1"_s, u"cmdRead"_s); },
                        {Stage::pressOk(), Stage::chooseFile(m_draws)});
-        m_stage.show(u"history"_s, u"读取历史 %1 期%2"_s.arg(m_program.history.Lsnum)
+        m_stage.show(u"history"_s, u"读取历史 %1 期%2"_s.arg(m_program.book.history().Lsnum)
                                        .arg(m_madeUp ? u"（虚构，种子 %1）"_s.arg(kSeed) : QString()));
     }
 

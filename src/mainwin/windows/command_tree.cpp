@@ -1,12 +1,17 @@
 #include "mainwin/windows/command_tree.h"
 
+#include <algorithm>
+#include <cassert>
+
 #include <QAction>
+#include <QHelpEvent>
 #include <QIcon>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QToolBar>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +20,7 @@ namespace mainwin {
 namespace {
 
 constexpr int kIconSize = 24;
+const QString kNotThere = u"这项功能还没有提供"_s;
 
 } // namespace
 
@@ -49,6 +55,7 @@ void CommandTree::buildMenus() {
 QMenu* CommandTree::addMenu(QMenu* above, const MenuRow& row) {
     QMenu* menu = above ? above->addMenu(row.caption) : m_window.menuBar()->addMenu(row.caption);
     menu->setObjectName(row.objectName());
+    menu->setToolTipsVisible(true);
     connect(menu, &QMenu::aboutToShow, this, &CommandTree::refresh);
     return menu;
 }
@@ -61,7 +68,7 @@ QAction* CommandTree::addEntry(QMenu& menu, const MenuRow& row) {
     connect(entry, &QAction::triggered, this, [this, entry, name = row.name, index = row.index] {
         if (entry->isCheckable())
             entry->setChecked(!entry->isChecked()); // the command alone decides which one carries the mark
-        m_commands.run(name, index);
+        run(name, index);
     });
     return entry;
 }
@@ -81,55 +88,105 @@ void CommandTree::buildToolbar() {
         QAction* button = bar->addAction(QIcon(u":/mainwin/icons/%1.svg"_s.arg(row.name)), row.caption);
         button->setObjectName(u"Toolbar1(%1)"_s.arg(row.name));
         button->setToolTip(row.toolTip);
-        connect(button, &QAction::triggered, this, [this, command = row.command] { m_commands.run(command, -1); });
-        m_buttons.push_back({row, [button](bool enabled) { button->setEnabled(enabled); }});
+        connect(button, &QAction::triggered, this, [this, command = row.command] { run(command); });
+        QWidget* face = bar->widgetForAction(button);
+        face->installEventFilter(this);
+        m_buttons.push_back({row, [button, face](const Obstacle& obstacle) {
+                                 button->setEnabled(!obstacle.stands());
+                                 face->setAccessibleDescription(obstacle.text());
+                             }});
     }
     m_window.addToolBar(bar);
 }
 
 QPushButton* CommandTree::makeButton(const QString& name) {
-    for (const ButtonRow& row : buttonTable()) {
-        if (row.name != name)
-            continue;
-        auto* button = new QPushButton(row.caption);
-        button->setObjectName(row.name);
-        button->setToolTip(row.toolTip);
-        connect(button, &QPushButton::clicked, this, [this, command = row.command] { m_commands.run(command, -1); });
-        m_buttons.push_back({row, [button](bool enabled) { button->setEnabled(enabled); }});
-        return button;
-    }
-    Q_UNREACHABLE();
+    auto* button = new QPushButton;
+    adopt(*button, name);
+    return button;
+}
+
+void CommandTree::adopt(QPushButton& button, const QString& name) {
+    const std::vector<ButtonRow> table = buttonTable();
+    const auto row =
+        std::find_if(table.begin(), table.end(), [&](const ButtonRow& each) { return each.name == name; });
+    assert(row != table.end());
+    button.setText(row->caption);
+    button.setObjectName(name);
+    button.setToolTip(row->toolTip);
+    connect(&button, &QPushButton::clicked, this, [this, command = row->command] { run(command); });
+    m_buttons.push_back({*row, [&button, told = row->toolTip](const Obstacle& obstacle) {
+                             button.setEnabled(!obstacle.stands());
+                             button.setToolTip(told.isEmpty() ? obstacle.text() : told);
+                         }});
+}
+
+Obstacle CommandTree::obstacleOf(const QString& command, Needs needs, const ProgramState& state, int index) const {
+    if (!m_commands.isRegistered(command))
+        return {{}, kNotThere};
+    Obstacle found = obstacle(needs, state, index);
+    if (const QString missing = m_commands.missing(command); !missing.isEmpty() && found.words.isEmpty())
+        found.needed << missing;
+    return found;
+}
+
+Obstacle CommandTree::waitsFor(const QString& name) const {
+    for (const Bound& bound : m_rows)
+        if (bound.entry && bound.row.name == name)
+            return obstacleOf(name, bound.row.needs, m_state(), bound.row.index);
+    return {{}, kNotThere};
+}
+
+void CommandTree::run(const QString& name, int index) {
+    m_commands.run(name, index);
+    refresh();
 }
 
 void CommandTree::refresh() {
     const ProgramState state = m_state();
-    for (const Bound& bound : m_rows) {
-        const bool offered = allowed(bound.row.needs, state, bound.row.index);
-        if (bound.menu)
-            bound.menu->setEnabled(offered);
-        else
-            bound.entry->setEnabled(offered && m_commands.has(bound.row.name));
-        if (const auto caption = betCaption(bound.row.name, state.blues)) {
-            if (bound.menu)
-                bound.menu->setTitle(*caption);
-            else
-                bound.entry->setText(*caption);
-        }
-    }
+    for (const Bound& bound : m_rows)
+        if (bound.entry)
+            refreshEntry(bound, state);
+    refreshMenus(state);
     for (const BoundButton& button : m_buttons)
-        button.enable(allowed(button.row.needs, state) && m_commands.has(button.row.command));
+        button.show(obstacleOf(button.row.command, button.row.needs, state, MenuRow::kNoIndex));
 }
 
-void CommandTree::check(const QString& name, int index) {
-    for (const Bound& bound : m_rows)
-        if (bound.entry && bound.row.name == name)
-            bound.entry->setChecked(bound.row.index == index);
+void CommandTree::refreshEntry(const Bound& bound, const ProgramState& state) {
+    const Obstacle obstacle = obstacleOf(bound.row.name, bound.row.needs, state, bound.row.index);
+    bound.entry->setEnabled(!obstacle.stands());
+    bound.entry->setToolTip(obstacle.text());
+    if (const auto caption = betCaption(bound.row.name, state.blues))
+        bound.entry->setText(*caption);
+    if (const Commands::Mark* mark = m_commands.markOf(bound.row.name))
+        bound.entry->setChecked((*mark)(bound.row.index));
 }
 
-void CommandTree::setChecked(const QString& objectName, bool checked) {
-    for (const Bound& bound : m_rows)
-        if (bound.entry && bound.row.objectName() == objectName)
-            bound.entry->setChecked(checked);
+/// From the innermost menu out: one without an entry that could be chosen is disabled itself.
+void CommandTree::refreshMenus(const ProgramState& state) {
+    for (auto bound = m_rows.rbegin(); bound != m_rows.rend(); ++bound) {
+        QMenu* menu = bound->menu;
+        if (!menu)
+            continue;
+        const Obstacle found = obstacle(bound->row.needs, state, bound->row.index);
+        const auto entries = menu->actions();
+        const bool any = std::any_of(entries.begin(), entries.end(), [](const QAction* entry) {
+            return !entry->isSeparator() && entry->isEnabled();
+        });
+        menu->setEnabled(any && !found.stands());
+        menu->menuAction()->setToolTip(found.text());
+        if (const auto caption = betCaption(bound->row.name, state.blues))
+            menu->setTitle(*caption);
+    }
+}
+
+/// The tool tip of a tool button stays what it is; while the button is disabled it says below it what it waits for.
+bool CommandTree::eventFilter(QObject* watched, QEvent* event) {
+    auto* face = qobject_cast<QWidget*>(watched);
+    if (event->type() != QEvent::ToolTip || !face || face->isEnabled())
+        return QObject::eventFilter(watched, event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(),
+                       face->toolTip() + u'\n' + face->accessibleDescription(), face);
+    return true;
 }
 
 } // namespace mainwin

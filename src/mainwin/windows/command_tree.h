@@ -30,14 +30,19 @@ class CommandTree : public QObject {
 
     /// A button of buttonTable() by its name; the caller places it.
     QPushButton* makeButton(const QString& name);
+    /// Makes a button that stands already one of buttonTable().
+    void adopt(QPushButton& button, const QString& name);
 
-    /// Enables what the state and the registered commands allow, and sets the captions of 组号方式.
+    /// Enables what the state and the registered commands allow and says of the rest what it waits for, sets the
+    /// check marks and the captions of 组号方式. Every command that was run does so itself.
     void refresh();
-    /// Sets the check mark on one entry of a menu array and takes it from the others. An index that the array lacks
-    /// leaves none.
-    void check(const QString& name, int index);
-    /// Sets or takes the check mark of a single entry.
-    void setChecked(const QString& objectName, bool checked);
+    /// What the entry of this name, of no array, waits for.
+    Obstacle waitsFor(const QString& name) const;
+    /// Runs a command as its entry would.
+    void run(const QString& name, int index = MenuRow::kNoIndex);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     struct Bound {
@@ -47,13 +52,16 @@ class CommandTree : public QObject {
     };
     struct BoundButton {
         ButtonRow row;
-        std::function<void(bool)> enable;
+        std::function<void(const Obstacle&)> show;
     };
 
     void buildMenus();
     QMenu* addMenu(QMenu* above, const MenuRow& row);
     QAction* addEntry(QMenu& menu, const MenuRow& row);
     void buildToolbar();
+    Obstacle obstacleOf(const QString& command, Needs needs, const ProgramState& state, int index) const;
+    void refreshEntry(const Bound& bound, const ProgramState& state);
+    void refreshMenus(const ProgramState& state);
 
     QMainWindow& m_window;
     const Commands& m_commands;

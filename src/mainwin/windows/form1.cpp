@@ -6,20 +6,19 @@
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
-#include <QStyle>
 #include <QVBoxLayout>
 
-#include "base/number_text.h"
+#include "mainwin/arrangement.h"
+#include "mainwin/windows/arrange_row.h"
+#include "mainwin/windows/column_area.h"
 #include "mainwin/windows/command_tree.h"
 #include "mainwin/windows/draw_panel.h"
 #include "mainwin/windows/history_panel.h"
+#include "mainwin/windows/places.h"
 #include "mainwin/windows/share_panel.h"
 #include "selection/windows/pad_panel.h"
-#include "toolkit/messages.h"
 #include "toolkit/notice_bar.h"
 #include "toolkit/status_panel.h"
-#include "toolkit/window_place.h"
-#include "workspace/settings.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,27 +34,17 @@ namespace {
 constexpr int kBetPanel = 3; // the third panel of the status bar
 const QSize kDesignSize{1280, 760};
 constexpr int kUserPanelWidth = 280; // a longer name is cut: the counts beside it have to be seen
-constexpr int kPadWidth = 420;
-constexpr int kSharesWidth = 390;
-constexpr int kHistoryWidth = 450;
-
-QWidget* scrolled(QWidget* content, const QString& name) {
-    auto* area = new QScrollArea;
-    area->setObjectName(name);
-    area->setWidgetResizable(true);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(content);
-    const int bar = area->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    area->setMinimumWidth(content->minimumSizeHint().width() + bar); // it scrolls up and down only
-    return area;
-}
+constexpr int kPadWidth = 416;
+constexpr int kSharesWidth = 374;
+constexpr int kHistoryWidth = 446;
+constexpr int kColumnGap = 6;
 
 /// On a screen too narrow for all three columns the row of them scrolls; each scrolls up and down by itself.
 QWidget* sideways(QWidget* columns) {
     auto* area = new QScrollArea;
     area->setObjectName(u"ScrollColumns"_s);
     area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
     area->setFrameShape(QFrame::NoFrame);
     area->setWidget(columns);
     return area;
@@ -63,54 +52,34 @@ QWidget* sideways(QWidget* columns) {
 
 } // namespace
 
-toolkit::PlaceStore placesIn(const UserSettings& settings) {
-    return {[get = settings.get](const QString& key) { return get(u"Place"_s, key, {}); },
-            [set = settings.set](const QString& key, const QString& value) { set(u"Place"_s, key, value); }};
-}
-
 Form1::Form1(MainContext& context, QWidget* parent) : QMainWindow(parent), m_context(context) {
     loadIcons();
     setObjectName(u"Form1"_s);
     setWindowTitle(u"奥衡星双色球彩票助理"_s);
-    registerCommands();
+    m_context.commands.on(u"ext"_s, [this](int) { close(); });
     m_tree = new CommandTree(*this, m_context.commands, [this] { return state(); });
     buildWindow();
     buildStatusBar();
-    readSettings();
-    connectPad();
+    m_context.pad.setRule(m_context.workspace.Bitnum, m_context.workspace.BitnumB);
+    listen();
     showRule();
-    m_tree->check(u"meuDanxuan"_s, selection::Pad::kBetReds);
-    showHistory();
-    showStatus();
     toolkit::placeOver(*this, kDesignSize);
     toolkit::keepPlace(*this, placesIn(m_context.settings));
 }
 
-void Form1::registerCommands() {
-    Commands& commands = m_context.commands;
-    commands.on(u"meuS"_s, [this](int reds) { setRule(reds, m_context.workspace.BitnumB); });
-    commands.on(u"mnuBlue"_s, [this](int blues) { setRule(m_context.workspace.Bitnum, blues); });
-    for (const StabilityItem& item : kStabilityItems)
-        commands.on(item.name.toString(), [this, item](int) { chooseStability(item); });
-    commands.on(u"mnuPtset"_s, [this](int) { askPrintRow(); });
-    commands.on(u"mnuLsApp"_s, [this](int) { m_history->focusEntry(); });
-    commands.on(u"ext"_s, [this](int) { close(); });
-}
-
 void Form1::buildWindow() {
     m_shares = new SharePanel;
-    m_history = new HistoryPanel(m_context.history);
+    m_history = new HistoryPanel(m_context.book);
     for (const char16_t* name : {u"cmdRead", u"Command43", u"Command44", u"Command48"})
         m_history->addButton(m_tree->makeButton(QString::fromUtf16(name)));
-
-    connect(m_history, &HistoryPanel::drawTyped, this, &Form1::drawTyped);
-    connect(m_history, &HistoryPanel::numberTyped, this, &Form1::numberTyped);
+    m_tree->adopt(m_history->readButton(), u"cmdReadFirst"_s);
 
     auto* splitter = new QSplitter(Qt::Horizontal);
     splitter->setObjectName(u"Splitter1"_s);
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(scrolled(buildLeft(), u"ScrollLeft"_s));
-    splitter->addWidget(scrolled(m_shares, u"ScrollShares"_s));
+    splitter->setHandleWidth(kColumnGap);
+    splitter->addWidget(new ColumnArea(buildLeft(), u"ScrollLeft"_s));
+    splitter->addWidget(new ColumnArea(m_shares, u"ScrollShares"_s));
     splitter->addWidget(m_history);
     splitter->setSizes({kPadWidth, kSharesWidth, kHistoryWidth});
     splitter->setStretchFactor(0, 0);
@@ -128,6 +97,9 @@ void Form1::buildWindow() {
 
 QWidget* Form1::buildLeft() {
     m_pad = new selection::PadPanel(m_context.pad);
+    m_arrange = new ArrangeRow;
+    m_pad->addUnderEcho(m_arrange);
+    connect(m_arrange, &ArrangeRow::pressed, this, [this] { m_tree->run(arrangementCommand(state())); });
     m_draw = new DrawPanel;
     for (const char16_t* name : {u"ComSta", u"ComSpd", u"ComRst"})
         m_draw->addButton(m_tree->makeButton(QString::fromUtf16(name)));
@@ -156,88 +128,29 @@ void Form1::buildStatusBar() {
     showHistoryNote({});
 }
 
-void Form1::readSettings() {
-    Printrow = readNumber(u"setup"_s, u"dayin"_s, u"5"_s);
-    stability.load(readNumber(u"Initial"_s, u"Wd"_s, u"100"_s));
-    if (const auto item = checkedItem(stability.Wd))
-        m_tree->setChecked(item->name.toString(), true);
-}
-
-int Form1::readNumber(const QString& section, const QString& key, const QString& fallback) {
-    try {
-        return std::max(0, workspace::toNumber(m_context.settings.get(section, key, fallback), key));
-    } catch (const workspace::ConversionError& failed) {
-        m_troubles << failed.message();
-        return workspace::toNumber(fallback);
-    }
-}
-
-void Form1::tellTroubles() {
-    for (const QString& trouble : m_troubles)
-        toolkit::showMessage(this, trouble, windowTitle(), QMessageBox::Critical);
-}
-
-void Form1::connectPad() {
-    const selection::Pad& pad = m_context.pad;
-    connect(&pad, &selection::Pad::changed, this, [this] {
-        m_tree->refresh();
+/// The panel of the history listens by itself, before the window does.
+void Form1::listen() {
+    const history::Book& book = m_context.book;
+    connect(&book, &history::Book::appended, this, &Form1::showFigures);
+    connect(&book, &history::Book::removed, this, &Form1::showFigures);
+    connect(&book, &history::Book::corrected, this, &Form1::showFigures);
+    connect(&book, &history::Book::replaced, this, &Form1::showFigures);
+    connect(&m_context.pad, &selection::Pad::changed, this, [this] {
+        refreshCommands();
         showStatus();
     });
-    connect(&pad, &selection::Pad::redsCleared, this,
-            [this] { m_tree->check(u"meuDanxuan"_s, selection::Pad::kBetReds); });
-}
-
-void Form1::setRule(int reds, int blues) {
-    workspace::Workspace& workspace = m_context.workspace;
-    if (reds != workspace.Bitnum)
-        m_context.settings.set(u"Initial"_s, u"Bitnum"_s, QString::number(reds));
-    if (blues != workspace.BitnumB)
-        m_context.settings.set(u"Initial"_s, u"BitnumB"_s, QString::number(blues));
-    workspace.Bitnum = reds;
-    workspace.BitnumB = blues;
-    showRule();
-    emit ruleChanged();
 }
 
 void Form1::showRule() {
-    const workspace::Workspace& workspace = m_context.workspace;
-    m_context.pad.setRule(workspace.Bitnum, workspace.BitnumB);
-    m_tree->check(u"meuS"_s, workspace.Bitnum);
-    m_tree->check(u"mnuBlue"_s, workspace.BitnumB);
-    m_draw->trace().setLogicalHeight(workspace.Bitnum);
-    m_shares->showShares(m_context.history, workspace.Bitnum, workspace.BitnumB);
-    showStatus();
-}
-
-void Form1::showHistory() {
-    m_history->reload();
-    showFigures();
-}
-
-void Form1::showTypedDraw() {
-    m_history->appendTyped();
-    showFigures();
-}
-
-void Form1::showDeletedDraw() {
-    m_history->removeLast();
-    showFigures();
-}
-
-void Form1::showCorrection(int draw) {
-    m_history->showCorrected(draw);
+    m_draw->trace().setLogicalHeight(m_context.workspace.Bitnum);
     showFigures();
 }
 
 /// What depends on the history outside of its grid.
 void Form1::showFigures() {
-    m_shares->showShares(m_context.history, m_context.workspace.Bitnum, m_context.workspace.BitnumB);
-    m_tree->refresh();
+    m_shares->showShares(m_context.book.history(), m_context.workspace.Bitnum, m_context.workspace.BitnumB);
+    refreshCommands();
     showStatus();
-}
-
-void Form1::focusEntry(int box) {
-    m_history->focusEntry(box);
 }
 
 void Form1::showHistoryNote(const QString& note) {
@@ -248,41 +161,25 @@ void Form1::showHistoryNote(const QString& note) {
 
 void Form1::refreshCommands() {
     m_tree->refresh();
-}
-
-void Form1::chooseStability(const StabilityItem& chosen) {
-    stability.choose(chosen);
-    m_context.settings.set(u"Initial"_s, u"Wd"_s, QString::number(stability.Wd));
-    for (const StabilityItem& item : kStabilityItems)
-        m_tree->setChecked(item.name.toString(), item.name == chosen.name);
-}
-
-void Form1::askPrintRow() {
-    const QString shown = m_context.settings.get(u"setup"_s, u"dayin"_s, u"5"_s);
-    const auto isFit = [](double number) { return number >= 0 && number <= INT16_MAX; };
-    std::optional<double> number;
-    while (!number || !isFit(*number)) {
-        const std::optional<QString> answer =
-            toolkit::askLine(this, u"请输入打印的时候每一行的注数"_s, u"打印设置"_s, shown);
-        number = answer ? base::leadingNumber(answer->toStdString()) : 0; // a cancelled prompt is a 0
-        if (!number || !isFit(*number))
-            toolkit::showMessage(this, u"请输入数字"_s, u"输入错误"_s);
-    }
-    Printrow = base::wholeWithin(*number, 0, INT16_MAX);
-    m_context.settings.set(u"setup"_s, u"dayin"_s, QString::number(Printrow));
+    const ProgramState now = state();
+    const Obstacle obstacle = m_tree->waitsFor(arrangementCommand(now));
+    if (obstacle.stands())
+        m_arrange->showMissing(obstacle.text(), arrangementOutlook(now));
+    else
+        m_arrange->showReady(arrangementCost(m_context.pad.Zunum));
 }
 
 void Form1::showStatus() {
     const workspace::Workspace& workspace = m_context.workspace;
     m_panels[0]->setText(u"用户：%1"_s.arg(workspace.Username));
-    m_panels[1]->setText(u"历史：%1期"_s.arg(m_context.history.Lsnum));
+    m_panels[1]->setText(u"历史：%1期"_s.arg(m_context.book.history().Lsnum));
     m_panels[2]->setText(m_context.pad.statusText());
     m_panels[3]->setText(u"红球%1选6，蓝球%2选1"_s.arg(workspace.Bitnum).arg(workspace.BitnumB));
 }
 
 ProgramState Form1::state() const {
     const selection::Pad& pad = m_context.pad;
-    return {.draws = m_context.history.Lsnum,
+    return {.draws = m_context.book.history().Lsnum,
             .reds = pad.Redcnt,
             .bankers = pad.Dancnt,
             .blues = pad.Bluecnt,

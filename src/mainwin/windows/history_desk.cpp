@@ -9,9 +9,10 @@
 #include <QUrl>
 
 #include "history/edit_text.h"
-#include "history/maintenance.h"
 #include "history/store.h"
-#include "mainwin/windows/form1.h"
+#include "history/update.h"
+#include "history/windows/update_fetcher.h"
+#include "mainwin/windows/history_panel.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
 #include "workspace/failure.h"
@@ -58,6 +59,9 @@ class BusyBoxes final : public workspace::Dialogs {
     std::optional<QString> askText(const QString& prompt, const QString& title, const QString& proposed) override {
         return asking([&] { return m_boxes.askText(prompt, title, proposed); });
     }
+    std::optional<QString> askSecret(const QString& prompt, const QString& title) override {
+        return asking([&] { return m_boxes.askSecret(prompt, title); });
+    }
     QString chooseFile(const QString& folder, const QString& filter) override {
         return asking([&] { return m_boxes.chooseFile(folder, filter); });
     }
@@ -79,15 +83,28 @@ bool startEditor(const workspace::Settings& settings, const QString& file) {
 
 } // namespace
 
-HistoryDesk::HistoryDesk(history::History& history, const workspace::Workspace& workspace,
-                         const workspace::Settings& settings, Form1& form)
-    : m_history(history), m_workspace(workspace), m_settings(settings), m_form(form) {
-    connect(&form, &Form1::drawTyped, this, &HistoryDesk::typeDraw);
-    connect(&form, &Form1::numberTyped, this, &HistoryDesk::correct);
+HistoryDesk::HistoryDesk(MainContext& context, const workspace::Settings& settings, sql::Engine& engine,
+                         HistoryPanel& panel)
+    : m_context(context), m_book(context.book), m_settings(settings), m_engine(engine), m_panel(panel) {
+    registerCommands();
+    connect(&panel, &HistoryPanel::drawTyped, this, &HistoryDesk::typeDraw);
+    connect(&panel, &HistoryPanel::numberTyped, this, &HistoryDesk::correct);
+}
+
+void HistoryDesk::registerCommands() {
+    Commands& commands = m_context.commands;
+    commands.on(u"mnuLsApp"_s, [this](int) { m_panel.focusEntry(); });
+    commands.on(u"mnuRed"_s, [this](int) { read(history::readWhole); });
+    commands.on(u"mnuRead"_s, [this](int) { read(history::readAppended); });
+    commands.on(u"mnuEdit"_s, [this](int) { editText(); });
+    commands.on(u"mnuDelast"_s, [this](int) { deleteLast(); });
+    commands.on(u"meuCln"_s, [this](int) { clear(); });
+    commands.on(u"mnuNew"_s, [this](int) { downloadText(); });
+    commands.on(u"mnuNewol"_s, [this](int) { updateOnline(); });
 }
 
 template <class Change> bool HistoryDesk::done(const QString& what, Change change) {
-    toolkit::DialogBoxes boxes(&m_form);
+    toolkit::DialogBoxes boxes(&m_panel);
     try {
         change();
         showNote();
@@ -101,91 +118,86 @@ template <class Change> bool HistoryDesk::done(const QString& what, Change chang
 }
 
 void HistoryDesk::showNote(const QString& note) {
-    m_form.showHistoryNote(m_history.text.pending ? kTextBehind : note);
+    emit noted(m_book.history().text.pending ? kTextBehind : note);
 }
 
 void HistoryDesk::tell(const history::Complaint& complaint) {
-    toolkit::DialogBoxes(&m_form).tell({complaint.text, complaint.title, history::boxName(complaint.box)});
+    toolkit::DialogBoxes(&m_panel).tell({complaint.text, complaint.title, history::boxName(complaint.box)});
 }
 
 void HistoryDesk::typeDraw(const history::TypedBoxes& boxes) {
-    auto typed = history::readTypedDraw(boxes, m_history, history::ruleOf(m_workspace));
+    const history::History& history = m_book.history();
+    auto typed = history::readTypedDraw(boxes, history, history::ruleOf(m_context.workspace));
     if (const auto* complaint = std::get_if<history::Complaint>(&typed)) {
         tell(*complaint);
-        m_form.focusEntry(complaint->box);
+        m_panel.focusEntry(complaint->box);
         return;
     }
     auto& draw = std::get<history::Draw>(typed);
-    if (!history::nextIssue(m_history)) {
-        toolkit::DialogBoxes asking(&m_form);
+    if (!history::nextIssue(history)) {
+        toolkit::DialogBoxes asking(&m_panel);
         const std::optional<std::int32_t> issue = history::askIssue(asking);
         if (!issue)
             return;
         draw[0] = *issue;
     }
-    if (done(kNotTyped, [&] { history::typeDraw(m_history, m_workspace, draw); }))
-        m_form.showTypedDraw();
+    done(kNotTyped, [&] { m_book.type(m_context.workspace, draw); });
 }
 
 void HistoryDesk::correct(int draw, int slot, const QString& text) {
-    const auto number = history::readCorrection(text, m_history, history::ruleOf(m_workspace), draw, slot);
+    const auto number =
+        history::readCorrection(text, m_book.history(), history::ruleOf(m_context.workspace), draw, slot);
     if (const auto* complaint = std::get_if<history::Complaint>(&number))
         return tell(*complaint);
-    if (done(kNotCorrected,
-             [&] { history::correctNumber(m_history, m_workspace, draw, slot, std::get<std::int32_t>(number)); }))
-        m_form.showCorrection(draw);
+    done(kNotCorrected, [&] { m_book.correct(m_context.workspace, draw, slot, std::get<std::int32_t>(number)); });
 }
 
 void HistoryDesk::deleteLast() {
-    const int before = m_history.Lsnum;
-    if (!done(kNotDeleted, [this] { history::deleteLastDraw(m_history, m_workspace); }))
-        return;
-    if (m_history.Lsnum == before - 1)
-        m_form.showDeletedDraw();
-    else
-        m_form.showHistory();
+    done(kNotDeleted, [this] { m_book.deleteLast(m_context.workspace); });
 }
 
 void HistoryDesk::clear() {
-    if (!toolkit::DialogBoxes(&m_form).confirm({kClearQuestion, kClearTitle}, workspace::Risk::Loss))
-        return;
-    if (done(kNotCleared, [this] { history::clearHistory(m_history, m_workspace); }))
-        m_form.showHistory();
+    if (toolkit::DialogBoxes(&m_panel).confirm({kClearQuestion, kClearTitle}, workspace::Risk::Loss))
+        done(kNotCleared, [this] { m_book.clear(m_context.workspace); });
 }
 
-void HistoryDesk::readWhole() {
-    read(history::readWhole);
-}
-
-void HistoryDesk::readAppended() {
-    read(history::readAppended);
-}
-
-void HistoryDesk::read(ReadText readText) {
+void HistoryDesk::read(history::Book::ReadText readText) {
     history::Reading reading = history::Reading::Failed;
     done(kNotRead, [&] {
-        BusyBoxes boxes(&m_form);
-        reading = readText(m_history, m_workspace, boxes, QDateTime::currentDateTime());
+        BusyBoxes boxes(&m_panel);
+        reading = m_book.read(readText, m_context.workspace, boxes);
     });
     if (reading == history::Reading::DoneFromDefault)
         showNote(kDefaultRead);
-    if (reading != history::Reading::Cancelled)
-        m_form.showHistory();
 }
 
 void HistoryDesk::editText() {
     history::Editing editing;
     {
-        BusyBoxes boxes(&m_form);
-        editing = history::editHistoryText(m_workspace, boxes,
+        BusyBoxes boxes(&m_panel);
+        editing = history::editHistoryText(m_context.workspace, boxes,
                                            [this](const QString& file) { return startEditor(m_settings, file); });
     }
     if (editing == history::Editing::Read)
-        readWhole();
+        read(history::readWhole);
+}
+
+void HistoryDesk::downloadText() {
+    toolkit::DialogBoxes boxes(&m_panel);
+    history::UpdateFetcher fetcher(m_panel.window());
+    if (history::downloadText(m_context.workspace, history::updateSource(m_settings), boxes, fetcher))
+        read(history::readWhole);
+}
+
+void HistoryDesk::updateOnline() {
+    toolkit::DialogBoxes boxes(&m_panel);
+    history::UpdateFetcher fetcher(m_panel.window());
+    if (history::updateOnline(m_engine, m_context.workspace, history::updateSource(m_settings), boxes, fetcher))
+        emit filesReplaced();
 }
 
 void HistoryDesk::finish() {
-    history::retryHistoryText(m_history, m_workspace);
+    m_book.retryText(m_context.workspace);
 }
 
 } // namespace mainwin

@@ -1,53 +1,61 @@
 // What the user does to the history in the main window: types a draw, corrects a number, deletes the last draw,
-// clears, reads a text, edits it. Each call asks, does it, tells what went wrong, and shows the result.
+// clears, reads a text, edits it, fetches it from the network. Each asks, does it, and tells what went wrong; what
+// has changed is said by the book.
 #pragma once
 
 #include <QObject>
 
-#include "history/text_file.h"
 #include "history/typed_draw.h"
+#include "mainwin/main_context.h"
 #include "workspace/settings.h"
+
+namespace sql {
+class Engine;
+}
 
 namespace mainwin {
 
-class Form1;
+class HistoryPanel;
 
 class HistoryDesk : public QObject {
     Q_OBJECT
   public:
-    /// All outlive the desk. It listens to the form's typed draws and numbers.
-    HistoryDesk(history::History& history, const workspace::Workspace& workspace, const workspace::Settings& settings,
-                Form1& form);
+    /// Registers its commands and listens to what is typed in the panel. All outlive the desk.
+    HistoryDesk(MainContext& context, const workspace::Settings& settings, sql::Engine& engine, HistoryPanel& panel);
 
-    void readWhole();
-    void readAppended();
-    /// In the program that the setting "Editor" of section "Option" names, with its arguments; else in the desktop's
-    /// own editor.
-    void editText();
-    /// A draw is held.
-    void deleteLast();
-    void clear();
     /// The program ends: a default text that could not be written is tried once more.
     void finish();
 
-  private:
-    using ReadText = history::Reading (*)(history::History&, const workspace::Workspace&, workspace::Dialogs&,
-                                          const QDateTime&);
+  signals:
+    /// A line about the history that stays in sight; empty: none.
+    void noted(const QString& note);
+    /// The user's databases are others now and have to be opened again.
+    void filesReplaced();
 
+  private:
+    void registerCommands();
     void typeDraw(const history::TypedBoxes& boxes);
     void correct(int draw, int slot, const QString& text);
-    void read(ReadText readText);
+    void deleteLast();
+    void clear();
+    void read(history::Book::ReadText readText);
+    /// In the program that the setting "Editor" of section "Option" names, with its arguments; else in the desktop's
+    /// own editor.
+    void editText();
+    void downloadText();
+    void updateOnline();
     void tell(const history::Complaint& complaint);
     /// \param what  the failure in words, "最后一期没有删除"
     /// \return false when the change threw: that is told, and nothing has changed
     template <class Change> bool done(const QString& what, Change change);
-    /// Shows in the status bar that the default text is behind, else the note.
+    /// Notes that the default text is behind, else the note.
     void showNote(const QString& note = {});
 
-    history::History& m_history;
-    const workspace::Workspace& m_workspace;
+    MainContext& m_context;
+    history::Book& m_book;
     const workspace::Settings& m_settings;
-    Form1& m_form;
+    sql::Engine& m_engine;
+    HistoryPanel& m_panel;
 };
 
 } // namespace mainwin

@@ -7,7 +7,9 @@ using namespace Qt::StringLiterals;
 namespace mainwin {
 
 HistoryModel::HistoryModel(const history::History& history, QObject* parent)
-    : QAbstractTableModel(parent), m_history(history), m_rows(history.Lsnum), m_firstTyped(m_rows) {}
+    : QAbstractTableModel(parent), m_history(history), m_rows(history.Lsnum), m_firstTyped(m_rows) {
+    m_newest.setBold(true);
+}
 
 void HistoryModel::reload() {
     beginResetModel();
@@ -20,6 +22,7 @@ void HistoryModel::appendTyped() {
     beginInsertRows({}, m_rows, m_rows);
     ++m_rows;
     endInsertRows();
+    showNewest(m_rows - 1); // no longer in bold
 }
 
 void HistoryModel::removeLast() {
@@ -27,6 +30,13 @@ void HistoryModel::removeLast() {
     --m_rows;
     m_firstTyped = std::min(m_firstTyped, m_rows);
     endRemoveRows();
+    showNewest(m_rows);
+}
+
+/// \param draw  0: none
+void HistoryModel::showNewest(int draw) {
+    if (draw > 0)
+        emit dataChanged(index(draw - 1, FirstRed), index(draw - 1, Blue), {Qt::FontRole});
 }
 
 void HistoryModel::changed(int draw) {
@@ -70,6 +80,8 @@ QVariant HistoryModel::data(const QModelIndex& index, int role) const {
         return value(index.row(), index.column());
     case Qt::TextAlignmentRole:
         return Qt::AlignCenter;
+    case Qt::FontRole:
+        return index.row() == m_rows - 1 && index.column() >= FirstRed ? QVariant(m_newest) : QVariant();
     case Qt::ForegroundRole:
         if (index.column() == RowNumber)
             return m_rowNumber;

@@ -2,11 +2,12 @@
 //
 // It reads the history where it lies and has to be told of each change: reload() for another history, appendTyped(),
 // removeLast() and changed() for the small ones. A draw that was typed since the last reload() reads "12期" in the
-// first column, others "12".
+// first column, others "12". The numbers of the newest draw are bold.
 #pragma once
 
 #include <QAbstractTableModel>
 #include <QColor>
+#include <QFont>
 
 #include "history/history.h"
 
@@ -36,12 +37,14 @@ class HistoryModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
+    void showNewest(int draw);
     int value(int row, int column) const;
     QString text(int row, int column) const;
 
     const history::History& m_history;
     int m_rows = 0;
     int m_firstTyped; ///< row; the typed ones are the last ones
+    QFont m_newest;   ///< the style alone: the rest is the grid's
     QColor m_rowNumber;
     QColor m_red;
     QColor m_blue;

@@ -1,17 +1,22 @@
 #include "mainwin/windows/history_panel.h"
 
+#include <algorithm>
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "mainwin/main_texts.h"
 #include "mainwin/windows/cell_edit.h"
 #include "mainwin/windows/draw_entry.h"
+#include "mainwin/windows/empty_history.h"
 #include "mainwin/windows/history_model.h"
 #include "toolkit/card.h"
 #include "toolkit/data_grid.h"
+#include "toolkit/ink_label.h"
 #include "toolkit/look.h"
 
 using namespace Qt::StringLiterals;
@@ -21,26 +26,25 @@ namespace mainwin {
 namespace {
 
 constexpr int kNumberWidth = 38;
+constexpr int kRowHeight = 22;
+constexpr int kRowPadding = 2; // where the font is larger
 
 } // namespace
 
-HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
-    : QWidget(parent), m_history(history), m_model(new HistoryModel(history, this)), m_grid(new toolkit::DataGrid),
-      m_entry(new DrawEntry), m_buttons(new QWidget) {
+HistoryPanel::HistoryPanel(const history::Book& book, QWidget* parent)
+    : QWidget(parent), m_history(book.history()), m_model(new HistoryModel(m_history, this)),
+      m_grid(new toolkit::DataGrid), m_entry(new DrawEntry), m_buttons(new QWidget),
+      m_empty(new EmptyHistory(m_grid->viewport())),
+      m_count(new toolkit::InkLabel(u"HistoryCount"_s, &toolkit::Colours::quiet)) {
     setObjectName(u"HistoryPanel"_s);
     m_buttons->setObjectName(u"HistoryButtons"_s);
     auto* buttons = new QHBoxLayout(m_buttons);
     buttons->setContentsMargins(0, 0, 0, 0);
     buttons->setSpacing(4);
 
-    m_grid->setObjectName(u"MSFlexGrid1"_s);
-    m_grid->setAccessibleName(u"历史号码"_s);
-    m_grid->setModel(m_model);
-    m_grid->setColumnWidths(
-        {54, 78, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, 44});
-    m_cellEdit = new CellEdit(*m_grid, HistoryModel::Issue);
-    m_grid->horizontalHeader()->setStretchLastSection(true);
+    buildGrid();
     auto* card = new toolkit::Card(u"FrameHistory"_s, u"历史号码"_s);
+    card->head().addWidget(m_count);
     card->body().addWidget(m_entry);
     card->body().addWidget(m_buttons);
     card->body().addWidget(m_grid, 1);
@@ -52,7 +56,38 @@ HistoryPanel::HistoryPanel(const history::History& history, QWidget* parent)
         emit numberTyped(cell.row() + 1, cell.column() - HistoryModel::Issue, text);
     });
     colourGrid();
+    listen(book);
     reload();
+}
+
+void HistoryPanel::buildGrid() {
+    m_grid->setObjectName(u"MSFlexGrid1"_s);
+    m_grid->setAccessibleName(u"历史号码"_s);
+    m_grid->setModel(m_model);
+    m_grid->verticalHeader()->setDefaultSectionSize(
+        std::max(kRowHeight, m_grid->fontMetrics().height() + kRowPadding));
+    m_grid->setColumnWidths(
+        {56, 80, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, 46});
+    m_cellEdit = new CellEdit(*m_grid, HistoryModel::Issue);
+    auto* middle = new QVBoxLayout(m_grid->viewport());
+    middle->addWidget(m_empty);
+}
+
+/// The grid says itself what to do while it is empty.
+void HistoryPanel::showCount() {
+    m_empty->setVisible(m_history.Lsnum == 0);
+    m_count->setText(m_history.Lsnum > 0 ? u"%1 期"_s.arg(QLocale::c().toString(m_history.Lsnum)) : QString());
+}
+
+QPushButton& HistoryPanel::readButton() {
+    return m_empty->button();
+}
+
+void HistoryPanel::listen(const history::Book& book) {
+    connect(&book, &history::Book::appended, this, &HistoryPanel::appendTyped);
+    connect(&book, &history::Book::removed, this, &HistoryPanel::removeLast);
+    connect(&book, &history::Book::corrected, this, &HistoryPanel::showCorrected);
+    connect(&book, &history::Book::replaced, this, &HistoryPanel::reload);
 }
 
 void HistoryPanel::addButton(QPushButton* button) {
@@ -61,12 +96,14 @@ void HistoryPanel::addButton(QPushButton* button) {
 }
 
 void HistoryPanel::reload() {
+    showCount();
     m_entry->setCaption(nextDrawText(m_history));
     m_model->reload();
     m_grid->showLastRow();
 }
 
 void HistoryPanel::appendTyped() {
+    showCount();
     m_entry->setCaption(nextDrawText(m_history));
     m_model->appendTyped();
     m_grid->showLastRow();
@@ -74,6 +111,7 @@ void HistoryPanel::appendTyped() {
 }
 
 void HistoryPanel::removeLast() {
+    showCount();
     m_entry->setCaption(nextDrawText(m_history));
     m_model->removeLast();
     m_grid->showLastRow();

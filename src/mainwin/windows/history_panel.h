@@ -4,35 +4,33 @@
 
 #include <QWidget>
 
+#include "history/book.h"
 #include "history/typed_draw.h"
 
 class QPushButton;
 
 namespace toolkit {
 class DataGrid;
-}
+class InkLabel;
+} // namespace toolkit
 
 namespace mainwin {
 
 class CellEdit;
 class DrawEntry;
+class EmptyHistory;
 class HistoryModel;
 
 class HistoryPanel : public QWidget {
     Q_OBJECT
   public:
-    explicit HistoryPanel(const history::History& history, QWidget* parent = nullptr);
+    /// \param book  outlives the panel, which shows each of its changes
+    explicit HistoryPanel(const history::Book& book, QWidget* parent = nullptr);
 
     /// Puts a button into the row of buttons above the grid.
     void addButton(QPushButton* button);
-    /// Shows the history anew and brings its last draw into sight.
-    void reload();
-    /// A typed draw has come behind the others: the boxes are free for the next one.
-    void appendTyped();
-    /// The last draw is gone.
-    void removeLast();
-    /// Numbers of this draw or of later ones have changed: a correction is over.
-    void showCorrected(int draw);
+    /// The button in the grid while there is no draw.
+    QPushButton& readButton();
     /// Puts the focus into the first box of the new draw.
     void focusEntry();
     /// Into box 1..7, with its text selected; 0: nowhere.
@@ -47,13 +45,22 @@ class HistoryPanel : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
+    void listen(const history::Book& book);
+    void reload();
+    void appendTyped();
+    void removeLast();
+    void showCorrected(int draw);
     void colourGrid();
+    void buildGrid();
+    void showCount();
 
     const history::History& m_history;
     HistoryModel* m_model;
     toolkit::DataGrid* m_grid;
     DrawEntry* m_entry;
     QWidget* m_buttons;
+    EmptyHistory* m_empty;
+    toolkit::InkLabel* m_count;
     CellEdit* m_cellEdit = nullptr; ///< once the grid has its model
 };
 

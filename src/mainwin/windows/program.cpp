@@ -1,39 +1,26 @@
 #include "mainwin/windows/program.h"
 
-#include "filter/windows/filter_window.h"
-#include "history/default_text.h"
 #include "history/starter_history.h"
 #include "history/store.h"
-#include "history/update.h"
 #include "history/update_install.h"
-#include "history/windows/update_fetcher.h"
+#include "mainwin/windows/draw_desk.h"
 #include "mainwin/windows/form1.h"
 #include "mainwin/windows/history_desk.h"
+#include "mainwin/windows/selection_desk.h"
+#include "mainwin/windows/workspace_desk.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
-#include "toolkit/progress_dialog.h"
 #include "workspace/combination_files.h"
 #include "workspace/failure.h"
 #include "workspace/paths.h"
-#include "workspace/setting_names.h"
 #include "workspace/templates.h"
 #include "workspace/user_files.h"
 #include "workspace/windows/kept_notice.h"
-#include "workspace/windows/rename_user.h"
 #include "workspace/windows/start_window.h"
 
 using namespace Qt::StringLiterals;
 
 namespace mainwin {
-
-namespace {
-
-/// Entries 1..count of a list of the pad.
-template <class List> std::vector<std::int32_t> listOf(const List& list, int count) {
-    return {list.begin() + 1, list.begin() + 1 + count};
-}
-
-} // namespace
 
 Program::Program(const std::filesystem::path& folder) : m_folder(folder) {
     workspace::makeMissingTemplates(engine, m_folder);
@@ -56,22 +43,44 @@ void Program::enter() {
         emit ended();
         return;
     }
-    m_context = std::make_unique<MainContext>(MainContext{workspace, history, pad, userSettings(), {}});
-    registerCommands();
+    openMainWindow();
+}
+
+void Program::openMainWindow() {
+    m_context = std::make_unique<MainContext>(
+        MainContext{workspace, book, pad, workspace::UserSettings(settings, workspace.Username)});
     m_form = std::make_unique<Form1>(*m_context);
-    m_desk = std::make_unique<HistoryDesk>(history, workspace, settings, *m_form);
     connect(m_form.get(), &Form1::closed, this, &Program::finish);
+    openDesks();
     m_kept = std::make_unique<workspace::KeptNotice>(m_form->notice(),
                                                      workspace::userFolder(m_folder, workspace.Username));
     connect(m_kept.get(), &workspace::KeptNotice::restoreWanted, this, &Program::restore);
     m_kept->refresh();
     m_form->show();
-    m_form->tellTroubles();
+    tellTroubles();
+}
+
+// add a desk here: it registers the commands of its subsystem
+void Program::openDesks() {
+    m_historyDesk = std::make_unique<HistoryDesk>(*m_context, settings, engine, m_form->historyPanel());
+    connect(m_historyDesk.get(), &HistoryDesk::noted, m_form.get(), &Form1::showHistoryNote);
+    connect(m_historyDesk.get(), &HistoryDesk::filesReplaced, this, &Program::reopen);
+    m_selectionDesk = std::make_unique<SelectionDesk>(*m_context, SelectionDesk::Inputs{generation, Baoliu}, *m_form);
+    m_drawDesk = std::make_unique<DrawDesk>(*m_context);
+    m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
+    connect(m_workspaceDesk.get(), &WorkspaceDesk::ruleChanged, m_form.get(), &Form1::showRule);
+    m_form->refreshCommands();
+}
+
+/// Which settings of the user could not be read as numbers; their defaults hold.
+void Program::tellTroubles() {
+    for (const QString& trouble : m_context->settings.troubles())
+        toolkit::DialogBoxes(m_form.get()).warn({trouble});
 }
 
 /// What a failed store left pending is tried once more, so that nothing is lost without a word.
 void Program::finish() {
-    m_desk->finish();
+    m_historyDesk->finish();
     try {
         workspace::storeAll(workspace);
     } catch (const sql::SqlError& failed) {
@@ -86,7 +95,7 @@ bool Program::openWorkspace() {
     const toolkit::BusyCursor busy;
     history::finishUpdate(engine, workspace);
     const workspace::OpenResult result = workspace::openWorkspace(
-        engine, workspace, [this](const workspace::Workspace& opened) { history::loadHistory(history, opened); });
+        engine, workspace, [this](const workspace::Workspace& opened) { book.load(opened); });
     if (!result.opened)
         toolkit::DialogBoxes(nullptr).warn(result.message);
     return result.opened;
@@ -106,7 +115,7 @@ void Program::restore(const workspace::KeptFiles& kept) {
     }
     reopen();
     if (!restored.files.empty())
-        history::writeHistoryText(history, workspace);
+        book.writeText(workspace);
     m_kept->refresh();
     if (!restored.refused.empty())
         boxes.tell({u"下列文件已损坏，不能打开，仍保存在原处：\n%1"_s.arg(
@@ -114,79 +123,9 @@ void Program::restore(const workspace::KeptFiles& kept) {
                     u"恢复"_s});
 }
 
-UserSettings Program::userSettings() {
-    const QString application = workspace::setting::ofUser(workspace.Username);
-    return {[this, application](const QString& section, const QString& key, const QString& fallback) {
-                return settings.value(application, section, key, fallback);
-            },
-            [this, application](const QString& section, const QString& key, const QString& value) {
-                settings.set(application, section, key, value);
-            }};
-}
-
-// add a command here: the name of its menu entry and what to do
-void Program::registerCommands() {
-    // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
-    const auto withBlues = [this] { return pad.Bluecnt > 0; };
-    m_context->commands.on(u"mnuRed"_s, [this](int) { m_desk->readWhole(); });
-    m_context->commands.on(u"mnuRead"_s, [this](int) { m_desk->readAppended(); });
-    m_context->commands.on(u"mnuEdit"_s, [this](int) { m_desk->editText(); });
-    m_context->commands.on(u"mnuDelast"_s, [this](int) { m_desk->deleteLast(); });
-    m_context->commands.on(u"meuCln"_s, [this](int) { m_desk->clear(); });
-    m_context->commands.on(u"mnuNew"_s, [this](int) { downloadText(); });
-    m_context->commands.on(u"mnuNewol"_s, [this](int) { updateOnline(); });
-    m_context->commands.on(u"mnuName"_s,
-                           [this](int) { workspace::renameUser(m_form.get(), settings, users, engine, workspace); });
-    m_context->commands.on(
-        u"mnuLst"_s,
-        [this](int) {
-            generation.Fromdraw = false; // the banker entries leave it as the simulator left it
-            enumerate("GAgan");
-        },
-        withBlues);
-    m_context->commands.on(
-        u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, withBlues);
-}
-
 void Program::reopen() {
-    if (openWorkspace())
-        m_form->showHistory();
-    else
+    if (!openWorkspace())
         emit ended();
-}
-
-void Program::downloadText() {
-    toolkit::DialogBoxes boxes(m_form.get());
-    history::UpdateFetcher fetcher(m_form.get());
-    if (history::downloadText(workspace, history::updateSource(settings), boxes, fetcher))
-        m_desk->readWhole();
-}
-
-void Program::updateOnline() {
-    toolkit::DialogBoxes boxes(m_form.get());
-    history::UpdateFetcher fetcher(m_form.get());
-    if (history::updateOnline(engine, workspace, history::updateSource(settings), boxes, fetcher))
-        reopen();
-}
-
-void Program::enumerate(std::string_view form) {
-    m_form->setCursor(Qt::WaitCursor);
-    pad.sortReds();
-    pad.Genreds = pad.Redcnt;
-    generation.Genreds = pad.Redcnt;
-    generation.chosen = {listOf(pad.Redlist, pad.Redcnt), listOf(pad.Danlist, pad.Dancnt),
-                         listOf(pad.Bluelist, pad.Bluecnt)};
-    filter::FilterWindow window(
-        *filter::findMember(form),
-        {*workspace.dbFilnum, history, workspace.Bitnum, Baoliu, placesIn(m_context->settings)}, m_form.get());
-    {
-        toolkit::ProgressDialog progress(m_form.get());
-        progress.begin();
-        window.load(generation,
-                    [&](int step) { progress.advance(static_cast<double>(step) / selection::kProgressScale); });
-    }
-    window.exec();
-    m_form->unsetCursor();
 }
 
 } // namespace mainwin

@@ -4,7 +4,8 @@
 // on. Order: construct, start() shows the users (Frmpre); when one has entered his workspace is opened, repaired
 // where that helps, and the main window (Form1) stands; when that closes the process ends.
 //
-// A new window opens from registerCommands(): one row, the name of its menu entry and what to do.
+// Each subsystem's desk registers its own commands and opens its own windows; the program makes the desks and wires
+// them, and knows no menu entry.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +14,7 @@
 
 #include <QObject>
 
-#include "history/history.h"
+#include "history/book.h"
 #include "mainwin/main_context.h"
 #include "selection/enumeration.h"
 #include "selection/pad.h"
@@ -30,8 +31,11 @@ class StartWindow;
 
 namespace mainwin {
 
+class DrawDesk;
 class Form1;
 class HistoryDesk;
+class SelectionDesk;
+class WorkspaceDesk;
 
 class Program : public QObject {
     Q_OBJECT
@@ -50,7 +54,7 @@ class Program : public QObject {
     sql::Engine engine;
     workspace::UserList users{settings};
     workspace::Workspace workspace;
-    history::History history;
+    history::Book book;
     selection::Pad pad;
     selection::GenerationInput generation; ///< Genreds, Fromdraw, Drawnlist, Multirows, Multicount, Multitable
     std::int16_t Baoliu = -1;              ///< keep or remove, one flag for all filter windows
@@ -64,17 +68,18 @@ class Program : public QObject {
     void finish();
     bool openWorkspace();
     void restore(const workspace::KeptFiles& kept);
-    void registerCommands();
-    void downloadText();
-    void updateOnline();
-    void enumerate(std::string_view form);
-    UserSettings userSettings();
+    void openMainWindow();
+    void openDesks();
+    void tellTroubles();
 
     std::filesystem::path m_folder;
     std::unique_ptr<MainContext> m_context;
     std::unique_ptr<workspace::StartWindow> m_start;
     std::unique_ptr<Form1> m_form;
-    std::unique_ptr<HistoryDesk> m_desk;
+    std::unique_ptr<HistoryDesk> m_historyDesk;
+    std::unique_ptr<SelectionDesk> m_selectionDesk;
+    std::unique_ptr<DrawDesk> m_drawDesk;
+    std::unique_ptr<WorkspaceDesk> m_workspaceDesk;
     std::unique_ptr<workspace::KeptNotice> m_kept;
 };
 

@@ -1,5 +1,7 @@
 #include "mainwin/windows/share_panel.h"
 
+#include <algorithm>
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
@@ -33,7 +35,7 @@ void ShareBar::setLength(double length) {
 }
 
 QSize ShareBar::sizeHint() const {
-    return {44, 8};
+    return {54, 8};
 }
 
 QSize ShareBar::minimumSizeHint() const {
@@ -56,49 +58,73 @@ void ShareBar::paintEvent(QPaintEvent*) {
     painter.drawLine(QPointF(middle, 0), QPointF(middle, track.height()));
 }
 
-SharePanel::SharePanel(QWidget* parent) : QWidget(parent) {
+SharePanel::SharePanel(QWidget* parent)
+    : QWidget(parent), m_grid(new QGridLayout),
+      m_expected(new toolkit::InkLabel(u"LabelExpected"_s, &toolkit::Colours::quiet)) {
     setObjectName(u"SharePanel"_s);
     auto* card = new toolkit::Card(u"FrameShares"_s, u"历史概率"_s);
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(4);
-    grid->setVerticalSpacing(1);
-    constexpr int redLines = history::kMostReds / kColumns;
-    m_reds = addRows(*grid, history::kMostReds, 0, {u"Label4"_s, u"Label6"_s, u"Picture2"_s});
-    grid->setRowMinimumHeight(redLines, kGap);
-    m_blues = addRows(*grid, history::kMostBlues, redLines + 1,
-                      {u"LabelBlueName"_s, u"LabelBlueShare"_s, u"PictureBlue"_s});
-    card->body().addLayout(grid);
+    card->head().addWidget(m_expected);
+    m_grid->setHorizontalSpacing(6);
+    m_grid->setVerticalSpacing(0);
+    for (int column = 0; column < kColumns; ++column) {
+        m_grid->setColumnStretch(column * kCellsARow + 2, 1);
+        if (column + 1 < kColumns)
+            m_grid->setColumnMinimumWidth(column * kCellsARow + 3, kGap);
+    }
+    m_reds = makeRows(history::kMostReds, &toolkit::Colours::red, {u"Label4"_s, u"Label6"_s, u"Picture2"_s});
+    m_blues = makeRows(history::kMostBlues, &toolkit::Colours::blue,
+                       {u"LabelBlueName"_s, u"LabelBlueShare"_s, u"PictureBlue"_s});
+    card->body().addLayout(m_grid);
     card->body().addStretch();
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(card);
+    place(history::kMostReds, history::kMostBlues);
 }
 
-std::vector<SharePanel::Row> SharePanel::addRows(QGridLayout& grid, int count, int firstLine, const Names& names) {
+std::vector<SharePanel::Row> SharePanel::makeRows(int count, QColor toolkit::Colours::*ink, const Names& names) {
     std::vector<Row> rows;
     for (int number = 1; number <= count; ++number) {
-        const Row row{new QLabel(shareCaption(number)), new QLabel, new ShareBar};
         const QString index = u"(%1)"_s.arg(number);
-        row.caption->setObjectName(names.caption + index);
+        const Row row{new toolkit::InkLabel(names.caption + index, ink, shareCaption(number)), new QLabel,
+                      new ShareBar};
         row.share->setObjectName(names.share + index);
         row.bar->setObjectName(names.bar + index);
         row.share->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         row.share->setMinimumWidth(row.share->fontMetrics().horizontalAdvance(u"00.00%"_s));
-        QPalette ink = row.caption->palette();
-        const toolkit::Colours& look = toolkit::colours(ink);
-        ink.setColor(QPalette::WindowText, firstLine > 0 ? look.blue : look.red);
-        row.caption->setPalette(ink);
-        const int lines = count / kColumns;
-        const int line = firstLine + (number - 1) % lines;
-        const int cell = (number - 1) / lines * kCellsARow;
-        grid.addWidget(row.caption, line, cell);
-        grid.addWidget(row.share, line, cell + 1);
-        grid.addWidget(row.bar, line, cell + 2);
-        grid.setColumnStretch(cell + 2, 1);
-        grid.setColumnMinimumWidth(cell + 3, kGap);
         rows.push_back(row);
     }
     return rows;
+}
+
+/// \param count  how many of the rows the rule has; the others follow where they are not seen
+/// \return the line behind them
+int SharePanel::placeRows(const std::vector<Row>& rows, int count, int firstLine) {
+    const int lines = (count + kColumns - 1) / kColumns;
+    for (int place = 0; place < static_cast<int>(rows.size()); ++place) {
+        const Row& row = rows[static_cast<std::size_t>(place)];
+        const int line = firstLine + std::min(place % lines, lines - 1);
+        const int cell = std::min(place / lines, kColumns - 1) * kCellsARow;
+        int column = cell;
+        for (QWidget* widget :
+             {static_cast<QWidget*>(row.caption), static_cast<QWidget*>(row.share), static_cast<QWidget*>(row.bar)}) {
+            m_grid->removeWidget(widget);
+            m_grid->addWidget(widget, line, column++);
+        }
+    }
+    return firstLine + lines;
+}
+
+void SharePanel::place(int reds, int blues) {
+    if (reds == m_placedReds && blues == m_placedBlues)
+        return;
+    for (int line = 0; line < m_grid->rowCount(); ++line)
+        m_grid->setRowMinimumHeight(line, 0);
+    const int gap = placeRows(m_reds, reds, 0);
+    m_grid->setRowMinimumHeight(gap, kGap * 2);
+    placeRows(m_blues, blues, gap + 1);
+    m_placedReds = reds;
+    m_placedBlues = blues;
 }
 
 void SharePanel::Row::show(bool inRule, double percent, int numbers) {
@@ -110,6 +136,10 @@ void SharePanel::Row::show(bool inRule, double percent, int numbers) {
 }
 
 void SharePanel::showShares(const history::History& history, int reds, int blues) {
+    place(reds, blues);
+    m_expected->setText(history.Lsnum == 0
+                            ? u"要有历史才能统计"_s
+                            : u"竖线：期望 %1 / %2"_s.arg(shareText(100.0 / reds), shareText(100.0 / blues)));
     for (std::size_t place = 0; place < m_reds.size(); ++place)
         m_reds[place].show(static_cast<int>(place) < reds, history.Gailvred[place + 1], reds);
     for (std::size_t place = 0; place < m_blues.size(); ++place)

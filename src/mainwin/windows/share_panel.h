@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include "history/history.h"
+#include "toolkit/ink_label.h"
 
 class QGridLayout;
 class QLabel;
@@ -35,12 +36,12 @@ class SharePanel : public QWidget {
   public:
     explicit SharePanel(QWidget* parent = nullptr);
 
-    /// Shows the shares of the history for the numbers of a rule; rows above it are hidden.
+    /// Shows the shares of the history for the numbers of a rule, in two halves; rows above it are hidden.
     void showShares(const history::History& history, int reds, int blues);
 
   private:
     struct Row {
-        QLabel* caption;
+        toolkit::InkLabel* caption;
         QLabel* share;
         ShareBar* bar;
         void show(bool inRule, double percent, int numbers);
@@ -50,10 +51,16 @@ class SharePanel : public QWidget {
         QString share;
         QString bar;
     };
-    std::vector<Row> addRows(QGridLayout& grid, int count, int firstLine, const Names& names);
+    std::vector<Row> makeRows(int count, QColor toolkit::Colours::*ink, const Names& names);
+    int placeRows(const std::vector<Row>& rows, int count, int firstLine);
+    void place(int reds, int blues);
 
+    QGridLayout* m_grid;
+    toolkit::InkLabel* m_expected;
     std::vector<Row> m_reds;
     std::vector<Row> m_blues;
+    int m_placedReds = 0; ///< the rule that the rows stand for
+    int m_placedBlues = 0;
 };
 
 } // namespace mainwin

@@ -7,35 +7,21 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "toolkit/ball_grid.h"
 #include "toolkit/card.h"
 #include "toolkit/look.h"
-#include "toolkit/number_ball.h"
 
 using namespace Qt::StringLiterals;
+using toolkit::BallGrid;
 using toolkit::NumberBall;
 
 namespace selection {
 
 namespace {
 
-constexpr int kRedColumns = 10;
-constexpr int kBlueColumns = 9;
-constexpr int kBallGap = 4;
+constexpr int kRedColumns = 11; // a row is a third of 33 reds
+constexpr int kBlueColumns = 8;
 const auto kClearToolTip = u"必须选择8个以上的数才能返回摇奖窗口进行摇奖";
-
-std::vector<NumberBall*> addBalls(QGridLayout& grid, NumberBall::Kind kind, const QString& name, int count,
-                                  int columns) {
-    std::vector<NumberBall*> balls;
-    for (int number = 1; number <= count; ++number) {
-        auto* ball = new NumberBall(kind, number);
-        ball->setObjectName(u"%1(%2)"_s.arg(name).arg(number));
-        grid.addWidget(ball, (number - 1) / columns, (number - 1) % columns);
-        balls.push_back(ball);
-    }
-    grid.setSpacing(kBallGap);
-    grid.setColumnStretch(columns, 1);
-    return balls;
-}
 
 /// Three labels of the echo: what the line is, the numbers, how many.
 struct EchoRow {
@@ -64,9 +50,7 @@ NumberBall::State redState(const Pad& pad, std::size_t number) {
     return pad.Redsel[number] ? NumberBall::State::Selected : NumberBall::State::Free;
 }
 
-void showBall(NumberBall& ball, bool inRule, NumberBall::State state, bool pressed) {
-    ball.setVisible(inRule);
-    ball.setEnabled(inRule);
+void showBall(NumberBall& ball, NumberBall::State state, bool pressed) {
     ball.setState(state);
     ball.setChecked(pressed);
 }
@@ -108,11 +92,11 @@ QWidget* PadPanel::buildReds() {
     addButton(*card, u"Command41"_s, u"全选(&A)"_s, {}, &Pad::selectAllReds);
     addButton(*card, u"Command42"_s, u"反选(&O)"_s, {}, &Pad::invertReds);
     addButton(*card, u"Command45"_s, u"重选(&R)"_s, QString::fromUtf16(kClearToolTip), &Pad::clearReds);
-    auto* grid = new QGridLayout;
-    m_reds = addBalls(*grid, NumberBall::Kind::Red, u"Command1"_s, Pad::kMostReds, kRedColumns);
-    card->body().addLayout(grid);
-    for (NumberBall* ball : m_reds) {
+    m_reds = new BallGrid({NumberBall::Kind::Red, u"RedPad"_s, u"Command1"_s, Pad::kMostReds, kRedColumns});
+    card->body().addWidget(m_reds);
+    for (NumberBall* ball : m_reds->balls()) {
         const int number = ball->number();
+        ball->setToolTip(u"左键选号，右键设为胆码或取消"_s);
         connect(ball, &NumberBall::clicked, this, [this, number] { m_pad.pressRed(number); });
         connect(ball, &NumberBall::rightPressed, this, [this, number](const QPoint& position) {
             m_pad.pointAtRed(number);
@@ -127,16 +111,15 @@ QWidget* PadPanel::buildBlues() {
     addButton(*card, u"Command141"_s, u"全选(&A)"_s, {}, &Pad::selectAllBlues);
     addButton(*card, u"Command142"_s, u"反选(&O)"_s, {}, &Pad::invertBlues);
     addButton(*card, u"Command145"_s, u"重选(&R)"_s, QString::fromUtf16(kClearToolTip), &Pad::clearBlues);
-    auto* grid = new QGridLayout;
-    m_blues = addBalls(*grid, NumberBall::Kind::Blue, u"Command2"_s, Pad::kMostBlues, kBlueColumns);
-    card->body().addLayout(grid);
-    for (NumberBall* ball : m_blues)
+    m_blues = new BallGrid({NumberBall::Kind::Blue, u"BluePad"_s, u"Command2"_s, Pad::kMostBlues, kBlueColumns});
+    card->body().addWidget(m_blues);
+    for (NumberBall* ball : m_blues->balls())
         connect(ball, &NumberBall::clicked, this, [this, ball] { m_pad.pressBlue(ball->number()); });
     return card;
 }
 
 QWidget* PadPanel::buildEcho() {
-    auto* card = new toolkit::Card(u"FrameChosen"_s, {});
+    m_echo = new toolkit::Card(u"FrameChosen"_s, {});
     auto* grid = new QGridLayout;
     grid->setColumnStretch(1, 1);
     grid->setVerticalSpacing(3);
@@ -155,20 +138,26 @@ QWidget* PadPanel::buildEcho() {
         grid->addWidget(count, row, 2);
         ++row;
     }
-    card->body().addLayout(grid);
-    return card;
+    m_echo->body().addLayout(grid);
+    return m_echo;
+}
+
+void PadPanel::addUnderEcho(QWidget* row) {
+    m_echo->body().addWidget(row);
 }
 
 void PadPanel::showPad() {
     const Pad& pad = m_pad;
-    for (NumberBall* ball : m_reds) {
+    m_reds->showUpTo(pad.reds());
+    m_blues->showUpTo(pad.blues());
+    for (NumberBall* ball : m_reds->balls()) {
         const auto number = static_cast<std::size_t>(ball->number());
-        showBall(*ball, ball->number() <= pad.reds(), redState(pad, number), pad.Redvalue[number]);
+        showBall(*ball, redState(pad, number), pad.Redvalue[number]);
     }
-    for (NumberBall* ball : m_blues) {
+    for (NumberBall* ball : m_blues->balls()) {
         const bool chosen = pad.Bluesel[static_cast<std::size_t>(ball->number())];
         const auto state = chosen ? NumberBall::State::Selected : NumberBall::State::Free;
-        showBall(*ball, ball->number() <= pad.blues(), state, chosen);
+        showBall(*ball, state, chosen);
     }
     const QString texts[][2] = {{pad.redText(), QString::number(pad.Redcnt)},
                                 {pad.danText(), QString::number(pad.Dancnt)},

@@ -4,8 +4,6 @@
 // those above the rule are disabled and not shown.
 #pragma once
 
-#include <vector>
-
 #include <QWidget>
 
 #include "selection/pad.h"
@@ -15,8 +13,8 @@ class QMenu;
 class QPushButton;
 
 namespace toolkit {
+class BallGrid;
 class Card;
-class NumberBall;
 } // namespace toolkit
 
 namespace selection {
@@ -25,6 +23,9 @@ class PadPanel : public QWidget {
     Q_OBJECT
   public:
     explicit PadPanel(Pad& pad, QWidget* parent = nullptr);
+
+    /// Puts what goes on from the choice under the lines that echo it.
+    void addUnderEcho(QWidget* row);
 
   private:
     QWidget* buildReds();
@@ -36,8 +37,9 @@ class PadPanel : public QWidget {
     void showPad();
 
     Pad& m_pad;
-    std::vector<toolkit::NumberBall*> m_reds;
-    std::vector<toolkit::NumberBall*> m_blues;
+    toolkit::BallGrid* m_reds = nullptr;
+    toolkit::BallGrid* m_blues = nullptr;
+    toolkit::Card* m_echo = nullptr;
     QMenu* m_bankerMenu = nullptr;
 };
 

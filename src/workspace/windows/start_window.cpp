@@ -1,18 +1,20 @@
 #include "workspace/windows/start_window.h"
 
 #include <QCloseEvent>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "toolkit/card.h"
+#include "toolkit/colours.h"
+#include "toolkit/dialog_boxes.h"
 #include "toolkit/messages.h"
 #include "toolkit/notice_bar.h"
 #include "workspace/user_files.h"
 #include "workspace/windows/click_label.h"
 #include "workspace/windows/login_dialog.h"
+#include "workspace/windows/name_list.h"
 #include "workspace/windows/user_prompts.h"
 
 using namespace Qt::StringLiterals;
@@ -33,16 +35,12 @@ class BallRow : public QWidget {
         constexpr int kStep = 40;
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
+        const toolkit::Colours& look = toolkit::colours(palette());
         const int left = (width() - (kBalls - 1) * kStep - kDiameter) / 2;
         for (int ball = 0; ball < kBalls; ++ball) {
-            const QColor colour = ball + 1 == kBalls ? QColor(0x1f, 0x6f, 0xd6) : QColor(0xd6, 0x33, 0x3c);
-            const QRectF box(left + ball * kStep, (height() - kDiameter) / 2.0, kDiameter, kDiameter);
-            QRadialGradient light(box.topLeft() + QPointF(kDiameter * 0.35, kDiameter * 0.3), kDiameter * 0.8);
-            light.setColorAt(0, colour.lighter(150));
-            light.setColorAt(1, colour);
             painter.setPen(Qt::NoPen);
-            painter.setBrush(light);
-            painter.drawEllipse(box);
+            painter.setBrush(ball + 1 == kBalls ? look.blueBall : look.redBall);
+            painter.drawEllipse(QRectF(left + ball * kStep, (height() - kDiameter) / 2.0, kDiameter, kDiameter));
         }
     }
 };
@@ -106,23 +104,19 @@ QWidget* StartWindow::buildHead() {
 }
 
 QWidget* StartWindow::buildUsers() {
-    auto* frame = new QGroupBox(u"用户名及彩票类型选择"_s);
-    frame->setObjectName(u"Frame1"_s);
-    m_lstName = new QListWidget;
+    auto* frame = new toolkit::Card(u"Frame1"_s, u"用户名及彩票类型选择"_s);
+    m_lstName = new NameList;
     m_lstName->setObjectName(u"LstName"_s);
     m_lstName->setAccessibleName(frame->title());
     m_lstName->setSpacing(2);
-    auto* layout = new QVBoxLayout(frame);
-    layout->addWidget(m_lstName);
+    frame->body().addWidget(m_lstName, 1);
     connect(m_lstName, &QListWidget::itemActivated, this, &StartWindow::enter);
     return frame;
 }
 
 /// The item data is the user's number in the settings, from 1.
 void StartWindow::addItem(const QString& name) {
-    auto* item = new QListWidgetItem(name, m_lstName);
-    item->setData(Qt::UserRole, m_lstName->count());
-    item->setSizeHint(QSize(0, 2 * m_lstName->fontMetrics().height()));
+    m_lstName->addName(name)->setData(Qt::UserRole, m_lstName->count());
 }
 
 void StartWindow::fillList() {
@@ -187,7 +181,8 @@ void StartWindow::deleteUser() {
         return;
     }
     // The title is that of another question, and stays so.
-    if (!toolkit::confirm(this, u"确实要删除该用户吗？删除之后将不可恢复其数据！"_s, u"读入历史"_s))
+    if (!toolkit::DialogBoxes(this).confirm(u"确实要删除该用户吗？删除之后将不可恢复其数据！"_s, u"读入历史"_s,
+                                            workspace::Risk::Loss))
         return;
     if (!unlock(place)) {
         toolkit::showMessage(this, u"密码有误，没有权限删除该用户"_s);

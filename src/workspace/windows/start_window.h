@@ -12,12 +12,13 @@
 #include "workspace/user_list.h"
 #include "workspace/workspace.h"
 
-class QListWidget;
 namespace toolkit {
 class NoticeBar;
 }
 
 namespace workspace {
+
+class NameList;
 
 class StartWindow : public QWidget {
     Q_OBJECT
@@ -59,7 +60,7 @@ class StartWindow : public QWidget {
     sql::Engine& m_engine;
     std::filesystem::path m_folder;
     Workspace m_workspace;
-    QListWidget* m_lstName = nullptr;
+    NameList* m_lstName = nullptr;
     toolkit::NoticeBar* m_notice = nullptr;
 };
 

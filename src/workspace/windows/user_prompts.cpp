@@ -1,5 +1,6 @@
 #include "workspace/windows/user_prompts.h"
 
+#include "toolkit/dialog_boxes.h"
 #include "toolkit/messages.h"
 
 using namespace Qt::StringLiterals;
@@ -18,9 +19,11 @@ QString askUserName(QWidget* parent, const QString& proposed, const std::functio
 
 QString askUserPassword(QWidget* parent) {
     const QString title = u"用户密码设置"_s;
+    toolkit::DialogBoxes boxes(parent);
+    const auto ask = [&](const QString& prompt) { return boxes.askSecret(prompt, title).value_or(QString()); };
     for (;;) {
-        const QString password = toolkit::askText(parent, u"请输入用户密码(如果不需要密码则不输入)："_s, title);
-        if (toolkit::askText(parent, u"请再次输入用户密码(如果不需要密码则不输入)："_s, title) == password)
+        const QString password = ask(u"请输入用户密码(如果不需要密码则不输入)："_s);
+        if (ask(u"请再次输入用户密码(如果不需要密码则不输入)："_s) == password)
             return password;
         toolkit::showMessage(parent, u"您两次设置的密码不同，请确认后再次输入"_s);
     }

@@ -1,0 +1,19 @@
+// What the button 组合排列… does and says: the generation that fits the numbers on the pad.
+#pragma once
+
+#include <QString>
+
+#include "mainwin/menu_rules.h"
+
+namespace mainwin {
+
+/// The menu entry that generates from such a choice: the one of bankers as soon as there is one.
+QString arrangementCommand(const ProgramState& state);
+
+/// What can be done once nothing is missing: "满 7 红即可排 6红+1蓝", "选 1 蓝即可排 6红+1蓝".
+QString arrangementOutlook(const ProgramState& state);
+
+/// "56 注，112 元", with thousands separated.
+QString arrangementCost(int bets);
+
+} // namespace mainwin

@@ -1,0 +1,34 @@
+// The entries of 组号方式 that make bets of the numbers on the pad: each opens its filter window on a new table.
+#pragma once
+
+#include <string_view>
+
+#include <QObject>
+#include <QWidget>
+
+#include "mainwin/main_context.h"
+#include "selection/enumeration.h"
+
+namespace mainwin {
+
+class SelectionDesk : public QObject {
+    Q_OBJECT
+  public:
+    /// What a generation works on; all of it outlives the desk.
+    struct Inputs {
+        selection::GenerationInput& generation;
+        std::int16_t& Baoliu; ///< keep or remove, one flag for all filter windows
+    };
+
+    /// Registers its commands. \param context  outlives the desk, as the window does
+    SelectionDesk(MainContext& context, const Inputs& inputs, QWidget& window);
+
+  private:
+    void enumerate(std::string_view form);
+
+    MainContext& m_context;
+    Inputs m_inputs;
+    QWidget& m_window;
+};
+
+} // namespace mainwin

@@ -1,0 +1,44 @@
+// The entries of 用户设置: the user's name, the rule of the lottery, how bets are printed.
+#pragma once
+
+#include <QObject>
+#include <QWidget>
+
+#include "mainwin/main_context.h"
+#include "workspace/user_list.h"
+
+namespace sql {
+class Engine;
+}
+
+namespace mainwin {
+
+/// What a new name needs beside the main context.
+struct UserFiles {
+    workspace::Settings& settings;
+    workspace::UserList& users;
+    sql::Engine& engine;
+};
+
+class WorkspaceDesk : public QObject {
+    Q_OBJECT
+  public:
+    /// Reads the settings and registers its commands. \param context  outlives the desk, as files and window do
+    WorkspaceDesk(MainContext& context, const UserFiles& files, QWidget& window);
+
+    int Printrow = 5; ///< bets per printed line, setting "dayin"
+
+  signals:
+    /// The rule was changed and saved; the pad has it.
+    void ruleChanged();
+
+  private:
+    void setRule(int reds, int blues);
+    void askPrintRow();
+
+    MainContext& m_context;
+    UserFiles m_files;
+    QWidget& m_window;
+};
+
+} // namespace mainwin
