@@ -184,9 +184,11 @@ TEST_P(RandomHistoryMatch, OnePassLeavesRandomTablesAsTheStatementsDo) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     RandomMatch random(seed, GetParam());
     const int rounds = GetParam() == sql::Executor::Column ? 60 : 12;
-    for (int round = 0; round < rounds && !HasFatalFailure(); ++round)
+    const int least = rounds / 10 + 1; // fewer hits, and the filter was hardly tried: some seeds need more rounds
+    for (int round = 0; (round < rounds || (random.hits() < least && round < 20 * rounds)) && !HasFatalFailure();
+         ++round)
         random.compareOnce();
-    EXPECT_GT(random.hits(), rounds / 10); // else the filter was hardly tried
+    EXPECT_GE(random.hits(), least);
 }
 
 INSTANTIATE_TEST_SUITE_P(Executors, RandomHistoryMatch, testing::ValuesIn(kExecutors));
