@@ -2,6 +2,7 @@
 #include <QApplication>
 
 #include "mainwin/windows/program.h"
+#include "mainwin/windows/workspace_desk.h"
 #include "toolkit/dialog_boxes.h"
 #include "toolkit/look.h"
 #include "workspace/failure.h"
@@ -23,6 +24,7 @@ int main(int argc, char* argv[]) {
         QObject::connect(&instance, &workspace::SingleInstance::raiseAsked, &workspace::raiseActiveWindow);
         mainwin::Program program(folder);
         QObject::connect(&program, &mainwin::Program::ended, &application, &QApplication::quit, Qt::QueuedConnection);
+        toolkit::setScheme(mainwin::storedScheme(program.settings));
         program.start();
         return QApplication::exec();
     } catch (const std::exception& failed) {

@@ -24,7 +24,7 @@ QString arrangementOutlook(const ProgramState& state) {
 }
 
 QString arrangementCost(int bets) {
-    const QLocale plain = QLocale::c();
+    const QLocale plain(QLocale::Chinese); // thousands apart
     return u"%1 注，%2 元"_s.arg(plain.toString(bets), plain.toString(kYuanPerBet * bets));
 }
 

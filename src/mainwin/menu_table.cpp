@@ -209,6 +209,10 @@ void addRest(Rows& rows) {
     add(rows, {
                   {1, kEntry, u"meuPlc"_s, u"中奖规则(&P)"_s},
                   {1, kEntry, u"mnuPtset"_s, u"打印设置(&R)"_s},
+                  kLine,
+                  {1, kChoice, u"mnuLook"_s, u"跟随系统"_s, Needs::Nothing, 0},
+                  {1, kChoice, u"mnuLook"_s, u"浅色"_s, Needs::Nothing, 1},
+                  {1, kChoice, u"mnuLook"_s, u"深色"_s, Needs::Nothing, 2},
                   {0, kMenu, u"mnuBoun"_s, u"附赠工具(&B)"_s},
                   {1, kEntry, u"mnuYsfx"_s, u"运势分析(&S)"_s},
                   {0, kMenu, u"meuHlp"_s, u"帮助说明(&H)"_s},

@@ -8,6 +8,7 @@ InkLabel::InkLabel(const QString& name, Ink ink, const QString& text, QWidget* p
     : QLabel(text, parent), m_ink(ink) {
     setObjectName(name);
     setTextFormat(Qt::PlainText);
+    setForegroundRole(QPalette::WindowText); // over a grid it would take on that of texts in fields
     colour();
 }
 

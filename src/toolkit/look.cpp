@@ -1,6 +1,7 @@
 #include "toolkit/look.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QPalette>
 #include <QTranslator>
@@ -12,8 +13,6 @@ using namespace Qt::StringLiterals;
 namespace toolkit {
 
 namespace {
-
-constexpr int kTextPoints = 10;
 
 struct Role {
     QPalette::ColorRole role;
@@ -57,7 +56,6 @@ QFont makeFont(const QFont& given) {
     QFont font = given;
     // Without the list, a desktop that is not set to Chinese draws the Japanese shapes of 直, 骨 and 今.
     font.setFamilies({u"Noto Sans CJK SC"_s, u"WenQuanYi Micro Hei"_s, u"Source Han Sans SC"_s, u"Noto Sans SC"_s});
-    font.setPointSize(kTextPoints);
     return font;
 }
 
@@ -69,10 +67,17 @@ void translateOwnButtons(QApplication& application) {
 
 } // namespace
 
-void applyLook(QApplication& application, Scheme scheme) {
+void setScheme(Scheme scheme) {
+    if (scheme == Scheme::System)
+        QApplication::setPalette(QPalette()); // the desktop's own comes back, to be looked at
     const bool dark = scheme == Scheme::System ? isDark(QApplication::palette()) : scheme == Scheme::Dark;
-    QApplication::setStyle(new ProgramStyle);
     QApplication::setPalette(makePalette(dark));
+}
+
+void applyLook(QApplication& application, Scheme scheme) {
+    QApplication::setStyle(new ProgramStyle);
+    QApplication::setWindowIcon(QIcon(u":/toolkit/icons/program.svg"_s));
+    setScheme(scheme);
     QApplication::setFont(makeFont(QApplication::font()));
     translateOwnButtons(application);
 }

@@ -12,8 +12,11 @@ namespace toolkit {
 
 enum class Scheme { System, Light, Dark };
 
-/// The style, the palette, the font list with a simplified Chinese face first, the Chinese texts of Qt's own buttons.
-/// Scheme::System follows the lightness of the desktop's palette.
+/// The style, the palette, the font list with a simplified Chinese face first, in the desktop's size, the window
+/// icon, the Chinese texts of Qt's own buttons.
 void applyLook(QApplication& application, Scheme scheme = Scheme::System);
+
+/// The palette alone, at once for every window. Scheme::System follows the lightness of the desktop's palette.
+void setScheme(Scheme scheme);
 
 } // namespace toolkit

@@ -5,6 +5,11 @@
 
 #include "toolkit/look.h"
 
+/// Resources of a static library have to be asked for, and that outside of any namespace.
+static void loadIcons() {
+    Q_INIT_RESOURCE(toolkit);
+}
+
 namespace toolkit {
 
 namespace {
@@ -71,7 +76,15 @@ void drawOption(QPainter& painter, const QStyleOption& option) {
 
 } // namespace
 
-ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+ProgramStyle::ProgramStyle() : QProxyStyle(QStringLiteral("Fusion")) {
+    loadIcons();
+}
+
+QIcon ProgramStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    if (icon == SP_MessageBoxQuestion)
+        return QIcon(QStringLiteral(":/toolkit/icons/question.svg"));
+    return QProxyStyle::standardIcon(icon, option, widget);
+}
 
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {

@@ -18,6 +18,8 @@ class ProgramStyle : public QProxyStyle {
                        const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* returned) const override;
+    /// The question mark of message boxes is our own.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
 };
 
 } // namespace toolkit

@@ -1,6 +1,8 @@
 // Typing, deleting, clearing and correcting draws in the main window, with real keys.
 #include <QPushButton>
 
+#include <QPushButton>
+
 #include "windows/history_window_support.h"
 
 namespace history_window_tests {
@@ -233,6 +235,26 @@ TEST_F(HistoryEntry, ADeletedDrawTypedAgainIsMarkedAsTyped) {
     typeDraw(u"01 02 03 04 05 06 07"_s);
     EXPECT_EQ(cell(2, 0), u"3期"_s);
     EXPECT_EQ(cell(1, 0), u"2"_s);
+}
+
+TEST_F(HistoryEntry, DeletedDrawsComeBackOneByOneUntilAnotherIsTyped) {
+    const auto before = program->book.history();
+    EXPECT_FALSE(control(form(), u"HistoryUndo"_s)->isVisible());
+    press(form(), u"Command44"_s);
+    press(form(), u"Command44"_s);
+    auto* undo = controlAs<QPushButton>(form(), u"HistoryUndo"_s);
+    EXPECT_EQ(undo->text(), u"已删除 2003002 期 · 撤销"_s);
+    press(form(), u"HistoryUndo"_s);
+    EXPECT_EQ(undo->text(), u"已删除 2003003 期 · 撤销"_s);
+    press(form(), u"HistoryUndo"_s);
+    EXPECT_FALSE(undo->isVisible());
+    EXPECT_EQ(program->book.history().Lshm, before.Lshm);
+    EXPECT_EQ(program->book.history().derived, before.derived);
+    EXPECT_EQ(program->book.history().Ylnow, before.Ylnow);
+    EXPECT_EQ(program->workspace.dbUser->rowCount("fig"), 3);
+    press(form(), u"Command44"_s);
+    typeDraw(u"01 02 03 04 05 06 07"_s);
+    EXPECT_FALSE(undo->isVisible()) << "the draw does not belong behind the new one";
 }
 
 TEST_F(HistoryEntry, ClearingAsksFirst) {

@@ -1,3 +1,5 @@
+#include <QContextMenuEvent>
+
 #include "windows/main_window_support.h"
 
 namespace main_window_tests {
@@ -113,6 +115,57 @@ TEST_F(MainWindow, TheThirdPanelShowsTheBets) {
     EXPECT_EQ(text(u"StatusBar1(3)"_s), u"1红胆6红拖1蓝，共计胆拖：6注,合计：12元"_s);
     press(*form, u"Command45"_s);
     EXPECT_EQ(text(u"StatusBar1(3)"_s), QString());
+}
+
+TEST_F(MainWindow, TheButtonUnderThePadSaysWhatIsMissingAndRunsWhatFits) {
+    open();
+    const auto shown = [this] { return text(u"ArrangeMissing"_s) + u'|' + text(u"ArrangeOutlook"_s); };
+    pressNumbers(u"Command1(%1)"_s, {1, 2, 3, 4, 5, 6});
+    EXPECT_EQ(shown(), u"还需：1 红|满 7 红即可排 6红+1蓝"_s);
+    EXPECT_FALSE(control(*form, u"cmdArrange"_s)->isEnabled());
+    pressNumbers(u"Command1(%1)"_s, {7, 8});
+    press(*form, u"Command2(3)"_s);
+    EXPECT_EQ(shown(), u"28 注，56 元|"_s);
+    press(*form, u"cmdArrange"_s);
+    makeBanker(9);
+    EXPECT_EQ(shown(), u"56 注，112 元|"_s) << "C(8, 5)";
+    press(*form, u"cmdArrange"_s);
+    EXPECT_EQ(ran, (std::vector<QString>{u"mnuLst"_s, u"mnuDtlst"_s}));
+    pressNumbers(u"Command1(%1)"_s, {1, 2, 3});
+    EXPECT_EQ(shown(), u"还需：2 红|满 7 拖即可排 6红+1蓝"_s);
+    pad.selectAllReds();
+    pad.selectAllBlues();
+    EXPECT_EQ(shown(), u"17,721,088 注，35,442,176 元|"_s);
+}
+
+TEST_F(MainWindow, EachPadIsOneStopAndItsArrowsGoByPlace) {
+    open();
+    form->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
+    const auto at = [this] { return form->focusWidget()->objectName(); };
+    const auto key = [this](Qt::Key which) { QTest::keyClick(form->focusWidget(), which); };
+    ball(u"Command1(1)"_s).setFocus(Qt::TabFocusReason);
+    const std::pair<Qt::Key, QString> moves[] = {
+        {Qt::Key_Right, u"Command1(2)"_s},  {Qt::Key_Down, u"Command1(13)"_s}, {Qt::Key_End, u"Command1(22)"_s},
+        {Qt::Key_Right, u"Command1(22)"_s}, {Qt::Key_Down, u"Command1(33)"_s}, {Qt::Key_Down, u"Command1(33)"_s},
+        {Qt::Key_Home, u"Command1(23)"_s},  {Qt::Key_Left, u"Command1(23)"_s}, {Qt::Key_Up, u"Command1(12)"_s}};
+    for (const auto& [pressed, reached] : moves) {
+        key(pressed);
+        EXPECT_EQ(at(), reached);
+    }
+    key(Qt::Key_Space);
+    key(Qt::Key_Right);
+    key(Qt::Key_Return);
+    EXPECT_EQ(text(u"Label100"_s), u" 12 13"_s);
+    key(Qt::Key_Tab);
+    EXPECT_FALSE(at().startsWith(u"Command1("_s)) << at().toStdString();
+    QTest::keyClick(form->focusWidget(), Qt::Key_Backtab);
+    EXPECT_EQ(at(), u"Command1(13)"_s) << "back where it was";
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {5, 5}, {5, 5});
+    QApplication::sendEvent(form->focusWidget(), &menu);
+    EXPECT_TRUE(form->findChild<QMenu*>(u"mnuDt"_s)->isVisible());
+    form->findChild<QMenu*>(u"mnuDt"_s)->close();
+    EXPECT_EQ(pad.Lastclick, 13);
 }
 
 TEST_F(MainWindow, ThePadsButtonsWork) {

@@ -1,3 +1,7 @@
+#include <map>
+
+#include <QScrollBar>
+
 #include "windows/main_window_support.h"
 
 #include <QMouseEvent>
@@ -136,6 +140,85 @@ TEST_F(MainWindow, TheGridShowsEachDrawAndStandsOnTheLast) {
     EXPECT_EQ(model.index(0, 8).data(Qt::ForegroundRole).value<QColor>(), QColor(0, 0, 255));
     QTest::qWait(0);
     EXPECT_GE(grid->rowAt(grid->viewport()->height() / 2), 480);
+}
+
+TEST_F(MainWindow, AnEmptyGridOffersToReadAHistory) {
+    open();
+    EXPECT_TRUE(control(*form, u"HistoryEmpty"_s)->isVisible());
+    press(*form, u"cmdReadFirst"_s);
+    EXPECT_EQ(ran, std::vector<QString>{u"mnuRed"_s});
+    addDraw(kFirstDraw);
+    EXPECT_FALSE(control(*form, u"HistoryEmpty"_s)->isVisible());
+    book.replace({});
+    EXPECT_TRUE(control(*form, u"HistoryEmpty"_s)->isVisible());
+}
+
+TEST_F(MainWindow, TheNewestNumbersAreBold) {
+    addDraw(kFirstDraw);
+    addDraw(kSecondDraw);
+    open();
+    const QAbstractItemModel& model = *controlAs<toolkit::DataGrid>(*form, u"MSFlexGrid1"_s)->model();
+    const auto bold = [&](int row, int column) {
+        return model.index(row, column).data(Qt::FontRole).value<QFont>().bold();
+    };
+    EXPECT_FALSE(bold(0, 2));
+    EXPECT_TRUE(bold(1, 2));
+    EXPECT_TRUE(bold(1, 8));
+    EXPECT_FALSE(bold(1, 0));
+}
+
+TEST_F(MainWindow, AllColumnsAreSeenAt1280Pixels) {
+    for (int issue = 1; issue <= 100; ++issue)
+        addDraw({2003000 + issue, 1, 2, 3, 4, 5, 6, 7});
+    open();
+    form->resize(1276, 760);
+    QTest::qWait(0);
+    for (const auto& name : {u"ScrollLeft"_s, u"ScrollShares"_s})
+        EXPECT_FALSE(controlAs<QScrollArea>(*form, name)->verticalScrollBar()->isVisible()) << name.toStdString();
+    EXPECT_FALSE(controlAs<QScrollArea>(*form, u"ScrollColumns"_s)->horizontalScrollBar()->isVisible());
+    auto* grid = controlAs<toolkit::DataGrid>(*form, u"MSFlexGrid1"_s);
+    EXPECT_FALSE(grid->horizontalScrollBar()->isVisible());
+    EXPECT_EQ(grid->columnWidth(8), 46) << "not stretched";
+}
+
+TEST_F(MainWindow, AccessKeysAreUniqueWhereTheTextsLeaveAChoice) {
+    open();
+    std::map<QChar, QStringList> owners;
+    const auto add = [&owners](const QString& name, const QString& caption) {
+        const auto at = caption.indexOf(u'&');
+        if (at >= 0)
+            owners[caption[at + 1]] << name;
+    };
+    for (const QAction* menu : form->menuBar()->actions())
+        add(menu->menu()->objectName(), menu->text());
+    for (const QPushButton* button : form->findChildren<QPushButton*>())
+        add(button->objectName(), button->text());
+    const std::set<QString> told{u"mnuSelect"_s,  u"meuCol"_s,     u"mnuHolmag"_s,  u"meuWid"_s,     u"mnuSl"_s,
+                                 u"mnuUserset"_s, u"mnuBoun"_s,    u"meuHlp"_s,     u"Command41"_s,  u"Command42"_s,
+                                 u"Command45"_s,  u"Command141"_s, u"Command142"_s, u"Command145"_s, u"Command48"_s,
+                                 u"Command44"_s,  u"cmdRead"_s,    u"Command43"_s};
+    for (const auto& [key, names] : owners)
+        for (const QString& name : names)
+            EXPECT_TRUE(names.size() == 1 || told.contains(name))
+                << QString(key).toStdString() << ' ' << names.join(u' ').toStdString();
+}
+
+TEST_F(MainWindow, AChosenLookHoldsAtOnceAndIsKept) {
+    open();
+    EXPECT_TRUE(action(*form, u"mnuLook(0)"_s)->isChecked());
+    trigger(*form, u"mnuLook(2)"_s);
+    EXPECT_TRUE(toolkit::isDark(QApplication::palette()));
+    form->setPalette(QApplication::palette()); // as the running program does by itself
+    EXPECT_EQ(settings.value(u"AHXLOTQ"_s, u"Option"_s, u"Look"_s), u"2"_s);
+    EXPECT_TRUE(action(*form, u"mnuLook(2)"_s)->isChecked());
+    EXPECT_FALSE(action(*form, u"mnuLook(0)"_s)->isChecked());
+    EXPECT_EQ(mainwin::storedScheme(settings), toolkit::Scheme::Dark);
+    const QColor caption = controlAs<QLabel>(*form, u"Label4(1)"_s)->palette().color(QPalette::WindowText);
+    EXPECT_EQ(caption, toolkit::colours(true).red) << "captions follow";
+    trigger(*form, u"mnuLook(1)"_s);
+    EXPECT_FALSE(toolkit::isDark(QApplication::palette()));
+    settings.set(u"AHXLOTQ"_s, u"Option"_s, u"Look"_s, u"blue"_s);
+    EXPECT_EQ(mainwin::storedScheme(settings), toolkit::Scheme::System);
 }
 
 TEST_F(MainWindow, TheHistoryModelKeepsTheRulesOfModels) {

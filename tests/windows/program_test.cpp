@@ -313,6 +313,9 @@ TEST_F(ProgramTest, ANewNameIsANewEmptyWorkspaceFromTheNextStartOn) {
                                   {u"InputBox"_s, type({})}});
         trigger(u"Form1"_s, u"mnuName"_s);
     }
+    EXPECT_TRUE(control(*window(u"Form1"_s), u"NoticeBar"_s)->isVisible());
+    EXPECT_EQ(text(u"NoticeText"_s),
+              u"用户名已改为“王五/二”，下次启动时生效。现在打开的仍是“张三”的数据，都没有改变。"_s);
     const auto fresh = workspace::userFolder(home.folder(), u"王五/二"_s);
     for (const char* file : {"filnum.mdb", "numsave.mdb", "Gailv.mdb"})
         EXPECT_TRUE(std::filesystem::exists(fresh / file)) << file;

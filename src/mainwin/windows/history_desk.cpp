@@ -89,6 +89,8 @@ HistoryDesk::HistoryDesk(MainContext& context, const workspace::Settings& settin
     registerCommands();
     connect(&panel, &HistoryPanel::drawTyped, this, &HistoryDesk::typeDraw);
     connect(&panel, &HistoryPanel::numberTyped, this, &HistoryDesk::correct);
+    connect(&panel, &HistoryPanel::undoWanted, this, &HistoryDesk::undoDeletion);
+    connect(&m_book, &history::Book::replaced, this, &HistoryDesk::forgetDeleted);
 }
 
 void HistoryDesk::registerCommands() {
@@ -141,7 +143,8 @@ void HistoryDesk::typeDraw(const history::TypedBoxes& boxes) {
             return;
         draw[0] = *issue;
     }
-    done(kNotTyped, [&] { m_book.type(m_context.workspace, draw); });
+    if (done(kNotTyped, [&] { m_book.type(m_context.workspace, draw); }))
+        forgetDeleted();
 }
 
 void HistoryDesk::correct(int draw, int slot, const QString& text) {
@@ -153,7 +156,32 @@ void HistoryDesk::correct(int draw, int slot, const QString& text) {
 }
 
 void HistoryDesk::deleteLast() {
-    done(kNotDeleted, [this] { m_book.deleteLast(m_context.workspace); });
+    const history::Draw last = m_book.history().Lshm.back();
+    const int before = m_book.history().Lsnum;
+    if (!done(kNotDeleted, [this] { m_book.deleteLast(m_context.workspace); }))
+        return;
+    if (m_book.history().Lsnum == before - 1)
+        m_deleted.push_back(last);
+    showDeleted();
+}
+
+/// The draw is typed in again, with the issue number that it had.
+void HistoryDesk::undoDeletion() {
+    if (m_deleted.empty())
+        return;
+    if (done(kNotTyped, [this] { m_book.type(m_context.workspace, m_deleted.back()); }))
+        m_deleted.pop_back();
+    showDeleted();
+}
+
+/// Another draw, or another history: what was deleted does not belong behind it.
+void HistoryDesk::forgetDeleted() {
+    m_deleted.clear();
+    showDeleted();
+}
+
+void HistoryDesk::showDeleted() {
+    m_panel.offerUndo(m_deleted.empty() ? QString() : u"已删除 %1 期 · 撤销"_s.arg(m_deleted.back()[0]));
 }
 
 void HistoryDesk::clear() {

@@ -3,6 +3,8 @@
 // has changed is said by the book.
 #pragma once
 
+#include <vector>
+
 #include <QObject>
 
 #include "history/typed_draw.h"
@@ -37,6 +39,9 @@ class HistoryDesk : public QObject {
     void typeDraw(const history::TypedBoxes& boxes);
     void correct(int draw, int slot, const QString& text);
     void deleteLast();
+    void undoDeletion();
+    void forgetDeleted();
+    void showDeleted();
     void clear();
     void read(history::Book::ReadText readText);
     /// In the program that the setting "Editor" of section "Option" names, with its arguments; else in the desktop's
@@ -56,6 +61,7 @@ class HistoryDesk : public QObject {
     const workspace::Settings& m_settings;
     sql::Engine& m_engine;
     HistoryPanel& m_panel;
+    std::vector<history::Draw> m_deleted; ///< since another draw came; the last one goes back first
 };
 
 } // namespace mainwin

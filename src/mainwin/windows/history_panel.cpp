@@ -27,13 +27,12 @@ namespace {
 
 constexpr int kNumberWidth = 38;
 constexpr int kRowHeight = 22;
-constexpr int kRowPadding = 2; // where the font is larger
 
 } // namespace
 
 HistoryPanel::HistoryPanel(const history::Book& book, QWidget* parent)
     : QWidget(parent), m_history(book.history()), m_model(new HistoryModel(m_history, this)),
-      m_grid(new toolkit::DataGrid), m_entry(new DrawEntry), m_buttons(new QWidget),
+      m_grid(new toolkit::DataGrid), m_entry(new DrawEntry), m_buttons(new QWidget), m_undo(new QPushButton),
       m_empty(new EmptyHistory(m_grid->viewport())),
       m_count(new toolkit::InkLabel(u"HistoryCount"_s, &toolkit::Colours::quiet)) {
     setObjectName(u"HistoryPanel"_s);
@@ -47,6 +46,8 @@ HistoryPanel::HistoryPanel(const history::Book& book, QWidget* parent)
     card->head().addWidget(m_count);
     card->body().addWidget(m_entry);
     card->body().addWidget(m_buttons);
+    buildUndo();
+    card->body().addWidget(m_undo, 0, Qt::AlignLeft);
     card->body().addWidget(m_grid, 1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -64,8 +65,7 @@ void HistoryPanel::buildGrid() {
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"历史号码"_s);
     m_grid->setModel(m_model);
-    m_grid->verticalHeader()->setDefaultSectionSize(
-        std::max(kRowHeight, m_grid->fontMetrics().height() + kRowPadding));
+    m_grid->verticalHeader()->setDefaultSectionSize(std::max(kRowHeight, m_grid->fontMetrics().height()));
     m_grid->setColumnWidths(
         {56, 80, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, 46});
     m_cellEdit = new CellEdit(*m_grid, HistoryModel::Issue);
@@ -76,7 +76,21 @@ void HistoryPanel::buildGrid() {
 /// The grid says itself what to do while it is empty.
 void HistoryPanel::showCount() {
     m_empty->setVisible(m_history.Lsnum == 0);
-    m_count->setText(m_history.Lsnum > 0 ? u"%1 期"_s.arg(QLocale::c().toString(m_history.Lsnum)) : QString());
+    m_count->setText(m_history.Lsnum > 0 ? u"%1 期"_s.arg(QLocale(QLocale::Chinese).toString(m_history.Lsnum))
+                                         : QString());
+}
+
+void HistoryPanel::buildUndo() {
+    m_undo->setObjectName(u"HistoryUndo"_s);
+    m_undo->setFlat(true);
+    m_undo->setCursor(Qt::PointingHandCursor);
+    m_undo->hide();
+    connect(m_undo, &QPushButton::clicked, this, &HistoryPanel::undoWanted);
+}
+
+void HistoryPanel::offerUndo(const QString& text) {
+    m_undo->setText(text);
+    m_undo->setVisible(!text.isEmpty());
 }
 
 QPushButton& HistoryPanel::readButton() {
@@ -134,6 +148,9 @@ void HistoryPanel::focusEntry(int box) {
 
 void HistoryPanel::colourGrid() {
     const toolkit::Colours& look = toolkit::colours(palette());
+    QPalette link = m_undo->palette();
+    link.setColor(QPalette::ButtonText, look.accentText);
+    m_undo->setPalette(link);
     m_model->setColours(look.rowNumber, look.red, look.used); // the blue column is pure blue where that can be read
 }
 

@@ -29,6 +29,8 @@ class HistoryPanel : public QWidget {
 
     /// Puts a button into the row of buttons above the grid.
     void addButton(QPushButton* button);
+    /// A line that takes the last step back when it is pressed; empty: none.
+    void offerUndo(const QString& text);
     /// The button in the grid while there is no draw.
     QPushButton& readButton();
     /// Puts the focus into the first box of the new draw.
@@ -37,6 +39,7 @@ class HistoryPanel : public QWidget {
     void focusEntry(int box);
 
   signals:
+    void undoWanted();
     void drawTyped(const history::TypedBoxes& boxes);
     /// A number was typed over one of a draw held. \param draw  1..Lsnum  \param slot  0 the issue, 7 the blue
     void numberTyped(int draw, int slot, const QString& text);
@@ -52,6 +55,7 @@ class HistoryPanel : public QWidget {
     void showCorrected(int draw);
     void colourGrid();
     void buildGrid();
+    void buildUndo();
     void showCount();
 
     const history::History& m_history;
@@ -59,6 +63,7 @@ class HistoryPanel : public QWidget {
     toolkit::DataGrid* m_grid;
     DrawEntry* m_entry;
     QWidget* m_buttons;
+    QPushButton* m_undo;
     EmptyHistory* m_empty;
     toolkit::InkLabel* m_count;
     CellEdit* m_cellEdit = nullptr; ///< once the grid has its model

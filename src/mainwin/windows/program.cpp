@@ -10,6 +10,7 @@
 #include "mainwin/windows/workspace_desk.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
+#include "toolkit/notice_bar.h"
 #include "workspace/combination_files.h"
 #include "workspace/failure.h"
 #include "workspace/paths.h"
@@ -66,9 +67,13 @@ void Program::openDesks() {
     connect(m_historyDesk.get(), &HistoryDesk::noted, m_form.get(), &Form1::showHistoryNote);
     connect(m_historyDesk.get(), &HistoryDesk::filesReplaced, this, &Program::reopen);
     m_selectionDesk = std::make_unique<SelectionDesk>(*m_context, SelectionDesk::Inputs{generation, Baoliu}, *m_form);
-    m_drawDesk = std::make_unique<DrawDesk>(*m_context);
     m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
+    m_drawDesk = std::make_unique<DrawDesk>(*m_context);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::ruleChanged, m_form.get(), &Form1::showRule);
+    connect(m_workspaceDesk.get(), &WorkspaceDesk::renamed, this, [this](const QString& name) {
+        m_form->notice().tell(u"用户名已改为“%1”，下次启动时生效。现在打开的仍是“%2”的数据，都没有改变。"_s.arg(
+            name, workspace.Username));
+    });
     m_form->refreshCommands();
 }
 

@@ -4,11 +4,27 @@
 
 #include "base/number_text.h"
 #include "toolkit/dialog_boxes.h"
+#include "workspace/setting_names.h"
 #include "workspace/windows/rename_user.h"
 
 using namespace Qt::StringLiterals;
 
 namespace mainwin {
+
+namespace {
+
+const QString kLookSection = u"Option"_s;
+const QString kLookKey = u"Look"_s;
+
+} // namespace
+
+toolkit::Scheme storedScheme(const workspace::Settings& settings) {
+    const QString stored = settings.value(workspace::setting::kProgram, kLookSection, kLookKey);
+    for (const toolkit::Scheme scheme : {toolkit::Scheme::Light, toolkit::Scheme::Dark})
+        if (stored == QString::number(static_cast<int>(scheme)))
+            return scheme;
+    return toolkit::Scheme::System;
+}
 
 WorkspaceDesk::WorkspaceDesk(MainContext& context, const UserFiles& files, QWidget& window)
     : m_context(context), m_files(files), m_window(window) {
@@ -16,13 +32,24 @@ WorkspaceDesk::WorkspaceDesk(MainContext& context, const UserFiles& files, QWidg
     Commands& commands = context.commands;
     workspace::Workspace& workspace = context.workspace;
     commands.on(u"mnuName"_s, [this](int) {
-        workspace::renameUser(&m_window, m_files.settings, m_files.users, m_files.engine, m_context.workspace);
+        const QString name =
+            workspace::renameUser(&m_window, m_files.settings, m_files.users, m_files.engine, m_context.workspace);
+        if (!name.isEmpty() && name != m_context.workspace.Username)
+            emit renamed(name);
     });
     commands.on(u"meuS"_s, [this](int reds) { setRule(reds, m_context.workspace.BitnumB); });
     commands.on(u"mnuBlue"_s, [this](int blues) { setRule(m_context.workspace.Bitnum, blues); });
     commands.mark(u"meuS"_s, [&workspace](int reds) { return reds == workspace.Bitnum; });
     commands.mark(u"mnuBlue"_s, [&workspace](int blues) { return blues == workspace.BitnumB; });
     commands.on(u"mnuPtset"_s, [this](int) { askPrintRow(); });
+    commands.on(u"mnuLook"_s, [this](int scheme) { chooseLook(scheme); });
+    commands.mark(u"mnuLook"_s,
+                  [this](int scheme) { return scheme == static_cast<int>(storedScheme(m_files.settings)); });
+}
+
+void WorkspaceDesk::chooseLook(int scheme) {
+    m_files.settings.set(workspace::setting::kProgram, kLookSection, kLookKey, scheme);
+    toolkit::setScheme(static_cast<toolkit::Scheme>(scheme));
 }
 
 void WorkspaceDesk::setRule(int reds, int blues) {

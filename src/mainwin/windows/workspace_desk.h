@@ -1,10 +1,11 @@
-// The entries of 用户设置: the user's name, the rule of the lottery, how bets are printed.
+// The entries of 用户设置: the user's name, the rule of the lottery, how bets are printed, light or dark.
 #pragma once
 
 #include <QObject>
 #include <QWidget>
 
 #include "mainwin/main_context.h"
+#include "toolkit/look.h"
 #include "workspace/user_list.h"
 
 namespace sql {
@@ -12,6 +13,9 @@ class Engine;
 }
 
 namespace mainwin {
+
+/// Light or dark, as all users share it: setting "Look" of section "Option"; what is no choice follows the desktop.
+toolkit::Scheme storedScheme(const workspace::Settings& settings);
 
 /// What a new name needs beside the main context.
 struct UserFiles {
@@ -29,12 +33,15 @@ class WorkspaceDesk : public QObject {
     int Printrow = 5; ///< bets per printed line, setting "dayin"
 
   signals:
+    /// The user bears this name from the next start on.
+    void renamed(const QString& name);
     /// The rule was changed and saved; the pad has it.
     void ruleChanged();
 
   private:
     void setRule(int reds, int blues);
     void askPrintRow();
+    void chooseLook(int scheme);
 
     MainContext& m_context;
     UserFiles m_files;

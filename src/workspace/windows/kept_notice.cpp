@@ -28,14 +28,18 @@ bool hasDatabase(const KeptFiles& kept) {
 KeptNotice::KeptNotice(toolkit::NoticeBar& bar, std::filesystem::path userFolder, QObject* parent)
     : QObject(parent), m_bar(bar), m_userFolder(std::move(userFolder)) {
     connect(&m_bar, &toolkit::NoticeBar::closed, this, [this] {
-        if (!m_unread.empty())
+        if (isShown())
             closeNotice(m_unread.front());
         refresh();
     });
     connect(&m_bar, &toolkit::NoticeBar::actionPressed, this, [this] {
-        if (!m_unread.empty())
+        if (isShown())
             emit restoreWanted(KeptFiles(m_unread.front()));
     });
+}
+
+bool KeptNotice::isShown() const {
+    return !m_unread.empty() && m_bar.accessibleName() == m_told;
 }
 
 void KeptNotice::refresh() {
@@ -46,6 +50,7 @@ void KeptNotice::refresh() {
     QString text = u"%1\n保存的文件：%2（在 %3）"_s.arg(newest.what, namesOf(newest), toQString(newest.folder));
     if (m_unread.size() > 1)
         text += u"　另有 %1 次保存"_s.arg(m_unread.size() - 1);
+    m_told = text;
     m_bar.tell(text, hasDatabase(newest) ? u"恢复"_s : QString());
 }
 

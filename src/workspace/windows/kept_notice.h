@@ -1,5 +1,6 @@
 // The notice of files that were kept when others took their places: newest first, one after another, until each was
-// closed; what is not closed comes back at the next start.
+// closed; what is not closed comes back at the next start. Others may use the bar too: what they told is closed
+// without a kept file being taken for read.
 #pragma once
 
 #include <filesystem>
@@ -31,9 +32,12 @@ class KeptNotice : public QObject {
     void restoreWanted(const workspace::KeptFiles& kept);
 
   private:
+    bool isShown() const;
+
     toolkit::NoticeBar& m_bar;
     std::filesystem::path m_userFolder;
     std::vector<KeptFiles> m_unread;
+    QString m_told;
 };
 
 } // namespace workspace

@@ -9,14 +9,14 @@ using namespace Qt::StringLiterals;
 
 namespace workspace {
 
-void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine, const Workspace& open) {
+QString renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine, const Workspace& open) {
     const int place = users.lastEntered();
     const QString section = u"Username%1"_s.arg(place + 1);
     const QString proposed = settings.value(setting::kProgram, section, u"Name"_s, u"未知彩票"_s);
     const QString name = askUserName(
         parent, proposed, [&](const QString& asked) { return !asked.isEmpty() && users.isTaken(asked, place); });
     if (name.isEmpty())
-        return;
+        return {};
     const QString password = askUserPassword(parent);
     const QString before = users.users()[static_cast<std::size_t>(place)].name;
     const QString folder = folderName(name);
@@ -24,6 +24,7 @@ void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engin
     if (isNew)
         createUserFiles(engine, open.folder, name, kRenamedUserFiles);
     users.rename(place, name, password, isNew ? UserList::Workspace::New : UserList::Workspace::Standing);
+    return name;
 }
 
 } // namespace workspace

@@ -17,7 +17,8 @@ namespace workspace {
 
 /// Asks for the new name and password. An empty name ends it; the name in the list again changes the password alone.
 /// What stands in the new name's folder already is kept.
+/// \return the new name; empty when nothing was changed
 /// \param open  the workspace whose databases are open
-void renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine, const Workspace& open);
+QString renameUser(QWidget* parent, Settings& settings, UserList& users, sql::Engine& engine, const Workspace& open);
 
 } // namespace workspace
