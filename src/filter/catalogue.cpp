@@ -1,209 +1,30 @@
 #include "filter/catalogue.h"
 
-#include <array>
-
 namespace filter {
-namespace {
 
-constexpr std::string_view kSum =
-    "UPDATE [{table}] SET [canshu]=([fig1] * {w1} + [fig2] * {w2} + [fig3] * {w3} + [fig4] * {w4} + [fig5] * {w5}"
-    " + [fig6] * {w6})";
-constexpr std::string_view kSumLastDigit =
-    "UPDATE [{table}] SET [canshu]=([fig1] * {w1} + [fig2] * {w2} + [fig3] * {w3} + [fig4] * {w4} + [fig5] * {w5}"
-    " + [fig6] * {w6}) mod 10";
-constexpr std::string_view kSumWithBlue =
-    "UPDATE [{table}] SET [canshu]=([fig1] * {w1} + [fig2] * {w2} + [fig3] * {w3} + [fig4] * {w4} + [fig5] * {w5}"
-    " + [fig6] * {w6} + [fig7] * {w7})";
-// A pair counts only when both its positions are ticked.
-constexpr std::string_view kNeighbours =
-    "UPDATE [{table}] SET [canshu]=-(( [fig2] - [fig1] = 1) * {w1w2} +  ([fig3] - [fig2] = 1) * {w2w3}"
-    " + ([fig4] - [fig3] = 1) * {w3w4} + ([fig5] - [fig4] = 1) * {w4w5} + ([fig6] - [fig5] = 1) * {w5w6})";
-constexpr std::string_view kEvenReds =
-    "UPDATE [{table}] SET [canshu]=-([fig1] mod 2 = 0 ) * {w1} -([fig2] mod 2 = 0) * {w2} -([fig3] mod 2 = 0) * {w3}"
-    " -([fig4] mod 2 = 0) * {w4} -([fig5] mod 2 = 0) * {w5} -([fig6] mod 2 = 0) * {w6}";
-constexpr std::string_view kEvenNumbers =
-    "UPDATE [{table}] SET [canshu]=-([fig1] mod 2 = 0 ) * {w1} -([fig2] mod 2 = 0) * {w2} -([fig3] mod 2 = 0) * {w3}"
-    " -([fig4] mod 2 = 0) * {w4} -([fig5] mod 2 = 0) * {w5} -([fig6] mod 2 = 0) * {w6} -([fig7] mod 2 = 0) * {w7}";
-constexpr std::string_view kBigReds =
-    "UPDATE [{table}] SET [canshu]=-(([fig1] >{h}) * {w1} +  ([fig2] >{h}) * {w2} + ([fig3] >{h}) * {w3}"
-    " + ([fig4] >{h}) * {w4} + ([fig5] >{h}) * {w5} + ([fig6] >{h}) * {w6})";
-// Half of the highest red is the boundary for the blue number too, so a blue of 16 numbers is never big: deliberate.
-constexpr std::string_view kBigNumbers =
-    "UPDATE [{table}] SET [canshu]=-(([fig1] >{h}) * {w1} +  ([fig2] >{h}) * {w2} + ([fig3] >{h}) * {w3}"
-    " + ([fig4] >{h}) * {w4} + ([fig5] >{h}) * {w5} + ([fig6] >{h}) * {w6} + ([fig7] >{h}) * {w7})";
-constexpr std::string_view kBigLastDigits =
-    "UPDATE [{table}] SET [canshu]=-(([fig1] mod 10 >4) * {w1} +  ([fig2] mod 10 >4) * {w2}"
-    " + ([fig3] mod 10 >4) * {w3} + ([fig4] mod 10 >4) * {w4} + ([fig5] mod 10 >4) * {w5} + ([fig6] mod 10 >4) * "
-    "{w6})";
-constexpr std::string_view kZoneTo11 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]<=11) * {w1} +  ([fig2] <=11) * {w2} + ([fig3] <=11) * {w3}"
-    " + ([fig4] <=11) * {w4} + ([fig5] <=11) * {w5} + ([fig6] <=11) * {w6})";
-constexpr std::string_view kZoneTo22 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]>11 and [fig1]<=22) * {w1} +  ([fig2]>11 and [fig2]<=22) * {w2}"
-    " + ([fig3]>11 and [fig3]<=22) * {w3} + ([fig4]>11 and [fig4]<=22) * {w4} + ([fig5]>11 and [fig5]<=22) * {w5}"
-    " + ([fig6]>11 and [fig6]<=22) * {w6})";
-constexpr std::string_view kZoneTo33 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]>22 and [fig1]<=33) * {w1} +  ([fig2]>22 and [fig2]<=33) * {w2}"
-    " + ([fig3]>22 and [fig3]<=33) * {w3} + ([fig4]>22 and [fig4]<=33) * {w4} + ([fig5]>22 and [fig5]<=33) * {w5}"
-    " + ([fig6]>22 and [fig6]<=33) * {w6})";
-constexpr std::string_view kDivisibleBy3 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1] MOD 3 = 0) * {w1} +  ([fig2] MOD 3 = 0) * {w2} + ([fig3] MOD 3 = 0) * "
-    "{w3}"
-    " + ([fig4] MOD 3 = 0) * {w4} + ([fig5] MOD 3 = 0) * {w5} + ([fig6] MOD 3 = 0) * {w6})";
-constexpr std::string_view kSumOfLastDigits =
-    "UPDATE [{table}] SET [canshu]=(([fig1] mod 10) * {w1} + ([fig2] mod 10) * {w2} + ([fig3] mod 10) * {w3}"
-    " + ([fig4] mod 10) * {w4} + ([fig5] mod 10) * {w5} + ([fig6] mod 10) * {w6})";
-constexpr std::string_view kSumOfOddReds =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]*([fig1] mod 2 = 1) * {w1}) + ([fig2]*([fig2] mod 2 = 1) * {w2})"
-    " + ([fig3]*([fig3] mod 2 = 1) * {w3}) + ([fig4]*([fig4] mod 2 = 1) * {w4}) + ([fig5]*([fig5] mod 2 = 1) * {w5})"
-    " + ([fig6]*([fig6] mod 2 = 1) * {w6}))";
-constexpr std::string_view kSumOfEvenReds =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]*([fig1] mod 2 = 0) * {w1}) + ([fig2]*([fig2] mod 2 = 0) * {w2})"
-    " + ([fig3]*([fig3] mod 2 = 0) * {w3}) + ([fig4]*([fig4] mod 2 = 0) * {w4}) + ([fig5]*([fig5] mod 2 = 0) * {w5})"
-    " + ([fig6]*([fig6] mod 2 = 0) * {w6}))";
-constexpr std::string_view kRepeatedReds =
-    "UPDATE [{table}] SET [canshu]=-((InStr(\"{last}\",chr(32) & [fig1] & chr(32) ) > 0) * {w1}"
-    " + ( InStr(\"{last}\",chr(32) & [fig2] & chr(32)) > 0) * {w2}"
-    " + ( InStr(\"{last}\",chr(32) & [fig3] & chr(32)) > 0) * {w3}"
-    " + ( InStr(\"{last}\",chr(32) & [fig4] & chr(32)) > 0) * {w4}"
-    " + ( InStr(\"{last}\",chr(32) & [fig5] & chr(32)) > 0) * {w5}"
-    " + ( InStr(\"{last}\",chr(32) & [fig6] & chr(32)) > 0) * {w6})";
-// The blue number is looked up among the last draw's reds; its blue plays no part: deliberate.
-constexpr std::string_view kRepeatedNumbers =
-    "UPDATE [{table}] SET [canshu]=-((InStr(\"{last}\",chr(32) & [fig1] & chr(32) ) > 0) * {w1}"
-    " + ( InStr(\"{last}\",chr(32) & [fig2] & chr(32)) > 0) * {w2}"
-    " + ( InStr(\"{last}\",chr(32) & [fig3] & chr(32)) > 0) * {w3}"
-    " + ( InStr(\"{last}\",chr(32) & [fig4] & chr(32)) > 0) * {w4}"
-    " + ( InStr(\"{last}\",chr(32) & [fig5] & chr(32)) > 0) * {w5}"
-    " + ( InStr(\"{last}\",chr(32) & [fig6] & chr(32)) > 0) * {w6}"
-    " + ( InStr(\"{last}\",chr(32) & [fig7] & chr(32)) > 0) * {w7})";
-
-constexpr Defaults kCounts{0, 9, 3};
-constexpr Defaults kPosition{0, 99, 6};
-constexpr Boxes kIntervalBoxes{"Text66", 0, 1, -1, -1};
-
-constexpr Parameter statement(std::string_view option, std::string_view caption, std::string_view history, int tick,
-                              int period, Boxes boxes, Defaults defaults, std::string_view title,
-                              std::string_view text, bool wholeBet = false) {
-    return {.option = option,
-            .caption = caption,
-            .history = history,
-            .tick = tick,
-            .period = period,
-            .boxes = boxes,
-            .defaults = defaults,
-            .gridTitle = title,
-            .statement = text,
-            .wholeBet = wholeBet};
+std::string_view groupCaption(Group group) {
+    constexpr std::array<std::string_view, kGroups.size()> captions{"和值", "个数", "位置", "差值", "遗漏", "红蓝"};
+    return captions[static_cast<std::size_t>(group)];
 }
 
-constexpr Parameter computed(std::string_view option, std::string_view caption, std::string_view history, int tick,
-                             int period, Boxes boxes, Defaults defaults, std::string_view title, Compute compute) {
-    return {.option = option,
-            .caption = caption,
-            .history = history,
-            .tick = tick,
-            .period = period,
-            .boxes = boxes,
-            .defaults = defaults,
-            .gridTitle = title,
-            .statement = {},
-            .compute = compute};
+std::span<const Parameter> sixRedCatalogue() {
+    return {};
 }
 
-constexpr Parameter position(std::string_view option, std::string_view caption, std::string_view column, int tick,
-                             int period, std::string_view boxes, int oddBox, std::string_view parityReason) {
-    return {.option = option,
-            .caption = caption,
-            .history = column,
-            .tick = tick,
-            .period = period,
-            .boxes = {boxes},
-            .defaults = kPosition,
-            .gridTitle = {},
-            .statement = {},
-            .column = column,
-            .oddBox = oddBox,
-            .parityReason = parityReason};
-}
-
-// clang-format off
-// option, caption, history, tick, period, boxes, defaults, grid title, statement or function
-constexpr std::array kSixAndBlue{
-    statement("Option23", "各码数和",     "Znum",      0,  0, redHalf("Text2"),   {0, 999, 20}, "各位数和",     kSum),
-    statement("Option3",  "各码和个位",   "Sumgwnum",  1,  1, {"Text3"},          kCounts,      "各位和个位",   kSumLastDigit),
-    statement("Option2",  "连号个数",     "Lxnum",     2,  2, {"Text4"},          kCounts,      "连号个数",     kNeighbours),
-    statement("Option4",  "偶数个数",     "Onum",      3,  3, redHalf("Text5"),   kCounts,      "偶数个数",     kEvenReds),
-    statement("Option5",  "大数个数",     "Mornum",    4,  4, redHalf("Text6"),   kCounts,      "大数个数",     kBigReds),
-    statement("Option8",  "个位大数",     "Bignum",    5,  5, {"Text7"},          kCounts,      "个位大数",     kBigLastDigits),
-    statement("Option9",  "01~11区间",    "Qnum0",     6,  6, {"Text8"},          kCounts,      "1~11区间",     kZoneTo11),
-    statement("Option10", "12~22区间",    "Qnum1",     7,  7, {"Text9"},          kCounts,      "12~22区间",    kZoneTo22),
-    statement("Option11", "23~33区间",    "Qnum2",     8,  8, {"Text10"},         kCounts,      "23~33区间",    kZoneTo33),
-    statement("Option12", "3整除个数",    "Qnum3",    18,  9, {"Text11"},         kCounts,      "3整除个",      kDivisibleBy3),
-    position("Option13",  "红1位", "fig1",  9, 10, "Text12",  4, "红球1位奇偶性"),
-    position("Option14",  "红2位", "fig2", 10, 11, "Text13",  6, "红球2位奇偶性"),
-    position("Option15",  "红3位", "fig3", 11, 12, "Text14",  8, "红球3位奇偶性"),
-    position("Option16",  "红4位", "fig4", 12, 13, "Text15", 10, "红球4位奇偶性"),
-    position("Option17",  "红5位", "fig5", 13, 14, "Text16", 12, "红球5位奇偶性"),
-    position("Option18",  "红6位", "fig6", 19, 15, "Text17", 14, "红球6位奇偶性"),
-    position("Option19",  "蓝球",  "fig7", 20, 16, "Text18", 16, "蓝球奇偶性"),
-    computed("Option6",   "最大差值",     "Mxzounum", 14, 17, {"Text19"},         {0, 99, 5},   "最大差值",     computeLargestGap),
-    computed("Option7",   "首尾差值",     "Apzounum", 15, 18, {"Text20"},         {0, 99, 5},   "首尾差值",     computeSpan),
-    statement("Option20", "重上期个数",   "Cnum",     16, 19, redHalf("Text21"),  {0, 99, 3},   "重上期个数",   kRepeatedReds),
-    computed("Option24",  "复杂度AC值",   "Fcodp",    17, 21, {"Text22"},         {0, 99, 5},   "数字复杂度",   computeAcValue),
-    computed("Option30",  "个位同号数",   "Modenum",  21, 22, {"Text23"},         {0, 99, 3},   "个位同号数",   computeSameLastDigits),
-    statement("Option39", "个位数和",     "Zgnum",    28, 29, {"Text25"},         {0, 99, 5},   "个位数之和",   kSumOfLastDigits),
-    statement("Option41", "奇数之和",     "Zjnum",    26, 27, {"Text27"},         {0, 99, 10},  "红球奇数之和", kSumOfOddReds),
-    statement("Option40", "偶数之和",     "Zonum",    27, 28, {"Text24"},         {0, 99, 10},  "红球偶数之和", kSumOfEvenReds),
-    computed("Option38",  "遗漏数和",     "Zynum",    29, 30, {"Text26"},         {0, 99, 5},   "红球遗漏期数和", computeOmissionSum),
-    computed("Option42",  "遗漏极差",     "intyljz",  30, 31, {"Text28"},         {0, 99, 5},   "遗漏极差",     computeOmissionRange),
-    computed("Option66",  "自定区间",     "",         31, -1, kIntervalBoxes,     kCounts,      "自定义区间",   computeInterval),
-    statement("Option33", "红蓝各位数和", "ZnumB",    25, 23, wholeHalf("Text2"),  {0, 999, 20}, "各位数和",   kSumWithBlue,     true),
-    statement("Option31", "红蓝偶数个数", "OnumB",    22, 26, wholeHalf("Text5"),  kCounts,      "偶数个数",   kEvenNumbers,     true),
-    statement("Option32", "红蓝大数个数", "MornumB",  23, 25, wholeHalf("Text6"),  kCounts,      "大数个数",   kBigNumbers,      true),
-    statement("Option34", "红蓝重上期个", "CnumB",    24, 24, wholeHalf("Text21"), {0, 99, 3},   "重上期个数", kRepeatedNumbers, true),
-    // add a parameter here
-};
-// clang-format on
-
-template <class Field> consteval bool allDiffer(Field field) {
-    for (std::size_t first = 0; first < kSixAndBlue.size(); ++first)
-        for (std::size_t second = first + 1; second < kSixAndBlue.size(); ++second)
-            if (field(kSixAndBlue[first]) == field(kSixAndBlue[second]))
-                return false;
-    return true;
-}
-
-template <class Test> consteval bool all(Test test) {
-    for (const Parameter& parameter : kSixAndBlue)
-        if (!test(parameter))
-            return false;
-    return true;
-}
-
-// Saved settings refer to ticks, boxes and periods: they never change, and no two are alike.
-static_assert(kSixAndBlue.size() == 32);
-static_assert(allDiffer([](const Parameter& p) { return p.option; }));
-static_assert(allDiffer([](const Parameter& p) { return p.tick; }));
-static_assert(allDiffer([](const Parameter& p) { return p.period; }));
-static_assert(allDiffer([](const Parameter& p) { return std::pair(p.boxes.name, p.boxes.low); }));
-static_assert(all([](const Parameter& p) { return p.tick >= 0 && p.tick < 32; }));
-// Combo1(20) belongs to all rows together.
-static_assert(all([](const Parameter& p) { return p.period >= -1 && p.period < 32 && p.period != 20; }));
-static_assert(all([](const Parameter& p) { return p.defaults.low <= p.defaults.high; }));
-static_assert(all([](const Parameter& p) { return p.statement.empty() || p.column.empty(); }));
-static_assert(all([](const Parameter& p) { return p.column.empty() == (p.oddBox < 0); }));
-static_assert(all([](const Parameter& p) { return p.column.empty() == p.parityReason.empty(); }));
-
-} // namespace
-
-std::span<const Parameter> sixAndBlueCatalogue() {
-    return kSixAndBlue;
+std::span<const Parameter> sevenRedCatalogue() {
+    return {};
 }
 
 const Parameter* findParameter(std::span<const Parameter> catalogue, std::string_view option) {
     for (const Parameter& parameter : catalogue)
         if (parameter.option == option)
+            return &parameter;
+    return nullptr;
+}
+
+const Parameter* parameterAt(std::span<const Parameter> catalogue, int tick) {
+    for (const Parameter& parameter : catalogue)
+        if (parameter.tick == tick)
             return &parameter;
     return nullptr;
 }

@@ -9,9 +9,9 @@
 namespace filter {
 namespace {
 
-Positions tickedPositions(const RunSettings& settings) {
+Positions tickedPositions(const Workbench& bench, const RunSettings& settings) {
     Positions positions;
-    for (int position = 1; position <= 6; ++position)
+    for (int position = 1; position <= bench.reds; ++position)
         if (settings.ticked[static_cast<std::size_t>(position)])
             positions.push_back(position - 1);
     return positions;
@@ -20,7 +20,7 @@ Positions tickedPositions(const RunSettings& settings) {
 /// The reds of the last draw, each between blanks; no draw yet reads as zeros.
 std::string lastReds(const history::History& history) {
     std::string text = " ";
-    for (std::size_t slot = 1; slot <= 6; ++slot)
+    for (std::size_t slot = 1; slot <= history::kRedsDrawn; ++slot)
         text += std::to_string(history.Lshm[static_cast<std::size_t>(history.Lsnum)][slot]) + " ";
     return text;
 }
@@ -55,7 +55,9 @@ std::string fig(int position) {
 }
 
 void runKernel(const Workbench& bench, const sql::RowKernel& kernel) {
-    static const std::vector<std::string> reds{"fig1", "fig2", "fig3", "fig4", "fig5", "fig6"};
+    std::vector<std::string> reds;
+    for (int position = 1; position <= bench.reds; ++position)
+        reds.push_back("fig" + std::to_string(position));
     quietly([&] { bench.database.computeColumn(bench.table, reds, "canshu", kernel); });
 }
 
@@ -68,7 +70,7 @@ std::string largerGap(int a, int b, int c) {
 
 void computePickedNumbers(const Workbench& bench, const RunSettings& settings) {
     sql::passOver(bench.database, update(bench) + "0");
-    for (int position = 1; position <= 6; ++position)
+    for (int position = 1; position <= bench.reds; ++position)
         sql::passOver(bench.database, update(bench) + "[canshu] + 1 WHERE [unslt]=false AND \" " +
                                           settings.pickedNumbers + " \" LIKE \"* \"&" + fig(position) + "&\" *\"");
 }
@@ -90,7 +92,7 @@ std::string fillTemplate(std::string_view statement, const Workbench& bench, con
 }
 
 void computeLargestGap(const Workbench& bench, const RunSettings& settings) {
-    const Positions ticked = tickedPositions(settings);
+    const Positions ticked = tickedPositions(bench, settings);
     const int count = static_cast<int>(ticked.size());
     // Places count from 1; a place without a tick is 0, and there is no fig0.
     const auto position = [&](int place) {
@@ -109,7 +111,7 @@ void computeLargestGap(const Workbench& bench, const RunSettings& settings) {
 }
 
 void computeSpan(const Workbench& bench, const RunSettings& settings) {
-    const Positions ticked = tickedPositions(settings);
+    const Positions ticked = tickedPositions(bench, settings);
     if (!ticked.empty())
         sql::passOver(bench.database,
                       update(bench) + "(" + fig(ticked.back() + 1) + "-" + fig(ticked.front() + 1) + ")");
@@ -123,7 +125,7 @@ void computeInterval(const Workbench& bench, const RunSettings& settings) {
     const std::string above = base::numberText(base::val(settings.intervalAbove));
     const std::string to = base::numberText(base::val(settings.intervalTo));
     std::string sum;
-    for (int position = 1; position <= 6; ++position) {
+    for (int position = 1; position <= bench.reds; ++position) {
         sum += position == 1 ? "(" : position == 2 ? " +  (" : " + (";
         sum += fig(position) + ">" + above + "and " + fig(position) + "<=" + to + ")* {w" + std::to_string(position) +
                "}";
@@ -132,19 +134,19 @@ void computeInterval(const Workbench& bench, const RunSettings& settings) {
 }
 
 void computeAcValue(const Workbench& bench, const RunSettings& settings) {
-    runKernel(bench, acValueKernel(tickedPositions(settings)));
+    runKernel(bench, acValueKernel(tickedPositions(bench, settings)));
 }
 
 void computeSameLastDigits(const Workbench& bench, const RunSettings& settings) {
-    runKernel(bench, sameLastDigitsKernel(tickedPositions(settings)));
+    runKernel(bench, sameLastDigitsKernel(tickedPositions(bench, settings)));
 }
 
 void computeOmissionSum(const Workbench& bench, const RunSettings& settings) {
-    runKernel(bench, omissionSumKernel(tickedPositions(settings), bench.history));
+    runKernel(bench, omissionSumKernel(tickedPositions(bench, settings), bench.history));
 }
 
 void computeOmissionRange(const Workbench& bench, const RunSettings& settings) {
-    runKernel(bench, omissionRangeKernel(tickedPositions(settings), bench.history));
+    runKernel(bench, omissionRangeKernel(tickedPositions(bench, settings), bench.history));
 }
 
 } // namespace filter

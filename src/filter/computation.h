@@ -22,6 +22,7 @@ struct Workbench {
     std::string_view table;
     const history::History& history;
     int Bitnum;
+    int reds = history::kRedsDrawn; ///< red columns of a row: fig1 to fig{reds}, 6 or 7
 };
 
 using Compute = void (*)(const Workbench&, const RunSettings&);

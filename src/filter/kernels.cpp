@@ -13,7 +13,7 @@ using Omissions = std::array<std::int16_t, history::kMostReds + 1>;
 
 /// The numbers of one row at the ticked positions.
 struct Numbers {
-    std::array<std::int32_t, 6> number{};
+    std::array<std::int32_t, kMostPositions> number{};
     std::size_t count = 0;
 };
 

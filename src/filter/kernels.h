@@ -1,7 +1,8 @@
 // Values of a bet that no statement computes: AC value, repeated last digits, omissions.
 //
-// A kernel gets the six red columns of a batch and fills the values. In a 6+1 table the same reds stand in a row for
-// each blue, so a value is worked out once for a run of equal rows. Nothing is allocated while it runs.
+// A kernel gets the red columns of a batch (six, or seven where the table has as many) and fills the values. In a 6+1
+// table the same reds stand in a row for each blue, so a value is worked out once for a run of equal rows. Nothing is
+// allocated while it runs.
 #pragma once
 
 #include <array>
@@ -13,7 +14,10 @@
 
 namespace filter {
 
-/// Positions 1..6 whose box is ticked, ascending, as indices 0..5.
+/// The most reds that a bet has.
+inline constexpr std::size_t kMostPositions = 7;
+
+/// Positions whose box is ticked, ascending, as indices from 0 into the red columns.
 using Positions = std::vector<int>;
 
 /// AC value: distinct differences less (n - 1), n the count of positions. 01 02 03 04 05 06 gives 0; no position, 1.

@@ -9,25 +9,18 @@ std::string number(const std::string& text) {
     return base::numberText(base::val(text));
 }
 
-bool isPosition(const Parameter& parameter) {
-    return !parameter.column.empty();
-}
-bool isInterval(const Parameter& parameter) {
-    return parameter.option == kIntervalOption;
-}
-
 /// The interval parameter compares its range in both modes: there the list only feeds the value.
 bool comparesList(const Parameter& parameter, const RunSettings& settings) {
-    return settings.mode == Mode::List && !isInterval(parameter);
+    return settings.mode == Mode::List && !parameter.isInterval();
 }
 
 std::string comparedColumn(const Parameter& parameter) {
-    return "[" + std::string(isPosition(parameter) ? parameter.column : "canshu") + "]";
+    return "[" + std::string(parameter.isPosition() ? parameter.column : "canshu") + "]";
 }
 
 /// What a reason says before the value: caption and "大小:".
 std::string reasonHead(const Parameter& parameter, const RunSettings& settings) {
-    if (!isInterval(parameter))
+    if (!parameter.isInterval())
         return std::string(parameter.caption) + (parameter.wholeBet ? "全体球大小:" : "大小:");
     if (settings.mode == Mode::List)
         return std::string(kPickedNumbersCaption) + " " + settings.pickedNumbers + "大小:";
@@ -42,7 +35,7 @@ std::string condition(const Parameter& parameter, const RowInput& row, const Run
     const std::string value = comparedColumn(parameter);
     if (comparesList(parameter, settings)) {
         // Without blanks around a red position's value, 3 is found in 13 too: deliberate. The blue keeps them.
-        const bool loose = isPosition(parameter) && parameter.column != "fig7";
+        const bool loose = parameter.kind == Kind::RedPosition;
         const std::string pattern = loose ? "\"*\"&" + value + "&\"*\"" : "\"* \"&" + value + "&\" *\"";
         const std::string like = keep ? " NOT LIKE " : accumulating ? " LIKE " : "  LIKE ";
         return "\" " + row.list + " \"" + like + pattern;
@@ -66,6 +59,13 @@ std::string where(bool accumulating) {
 
 std::string snapshotStatement(std::string_view table) {
     return "UPDATE [" + std::string(table) + "] SET [preunslt]=[unslt]";
+}
+
+std::string pressText(const Parameter& parameter, const RowInput& row, const RunSettings& settings) {
+    const bool list = settings.mode == Mode::List;
+    return std::string(list && parameter.isInterval() ? kPickedNumbersCaption : parameter.caption) +
+           (settings.Baoliu != kRemove ? " 保留 " : " 排除 ") +
+           (comparesList(parameter, settings) ? row.list : number(row.low) + "~" + number(row.high));
 }
 
 std::string filterStatement(std::string_view table, const Parameter& parameter, const RowInput& row,
@@ -97,7 +97,7 @@ void ParameterRun::compute(const Parameter& parameter, const RunSettings& settin
 void ParameterRun::press(const Parameter& parameter, const RowInput& row, const RunSettings& settings) const {
     compute(parameter, settings);
     run(snapshotStatement(m_bench.table));
-    if (isPosition(parameter) && settings.mode != Mode::List) {
+    if (parameter.isPosition() && settings.mode != Mode::List) {
         run("UPDATE [" + std::string(m_bench.table) + "] SET [canshu]=(" + comparedColumn(parameter) + " mod 2)");
         run(parityStatement(m_bench.table, parameter, row, false));
     }
@@ -106,9 +106,9 @@ void ParameterRun::press(const Parameter& parameter, const RowInput& row, const 
 
 void ParameterRun::accumulate(const Parameter& parameter, const RowInput& row, const RunSettings& settings) const {
     compute(parameter, settings);
-    if (isPosition(parameter) && parameter.column != "fig7")
+    if (parameter.kind == Kind::RedPosition)
         run(snapshotStatement(m_bench.table));
-    if (isPosition(parameter) && settings.mode != Mode::List) {
+    if (parameter.isPosition() && settings.mode != Mode::List) {
         run("UPDATE [" + std::string(m_bench.table) + "] SET [canshu]=(" + comparedColumn(parameter) + " mod 2)");
         run(parityStatement(m_bench.table, parameter, row, true));
     }

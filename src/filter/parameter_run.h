@@ -18,7 +18,6 @@ namespace filter {
 
 /// The text of 自定区间 in list mode, on its button, its tick and in its reason.
 inline constexpr std::string_view kPickedNumbersCaption = "指定号码";
-inline constexpr std::string_view kIntervalOption = "Option66";
 
 class ParameterRun {
   public:
@@ -41,6 +40,8 @@ std::string filterStatement(std::string_view table, const Parameter& parameter, 
 /// The parity step of a position parameter; with both or neither of 奇 and 偶 no row is hit.
 std::string parityStatement(std::string_view table, const Parameter& parameter, const RowInput& row,
                             bool accumulating);
+/// The run in words: "偶数个数 保留 2~4".
+std::string pressText(const Parameter& parameter, const RowInput& row, const RunSettings& settings);
 std::string snapshotStatement(std::string_view table);
 
 } // namespace filter

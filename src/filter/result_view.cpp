@@ -6,28 +6,21 @@
 namespace filter {
 namespace {
 
-constexpr int kIndexTwips = 750;
-constexpr int kRedTwips = 550;
-constexpr int kBlueTwips = 650;
 constexpr int kValueTwips = 1100;
 constexpr int kReasonTwips = 12800;
-
-int numbersOf(const FilterMember& member) {
-    return member.reds + (member.blue ? 1 : 0);
-}
 
 } // namespace
 
 std::string ResultView::bracketedColumns() const {
     std::string columns = "[idx] ,[fig1]";
-    for (int number = 2; number <= numbersOf(m_member); ++number)
+    for (int number = 2; number <= m_member.numbers(); ++number)
         columns += " , [fig" + std::to_string(number) + "]";
     return columns;
 }
 
 std::string ResultView::plainColumns() const {
     std::string columns = "idx";
-    for (int number = 1; number <= numbersOf(m_member); ++number)
+    for (int number = 1; number <= m_member.numbers(); ++number)
         columns += ",fig" + std::to_string(number);
     return columns;
 }
@@ -37,16 +30,24 @@ std::string ResultView::select(const std::string& columns, const std::string& re
 }
 
 std::vector<GridColumn> ResultView::heads() const {
-    std::vector<GridColumn> columns{{"号码索引", kIndexTwips}};
-    for (int position = 1; position <= m_member.reds; ++position)
-        columns.push_back({std::to_string(position) + "位", kRedTwips});
+    const GridHeads& told = m_member.heads();
+    std::vector<GridColumn> columns{{"号码索引", told.indexTwips}};
+    for (int position = 0; position < m_member.reds; ++position)
+        columns.push_back({std::string(told.reds[static_cast<std::size_t>(position)]), told.redTwips});
     if (m_member.blue)
-        columns.push_back({"蓝球", kBlueTwips});
+        columns.push_back({"蓝球", told.blueTwips});
     return columns;
 }
 
 View ResultView::generated() const {
     return {queryQuietly(m_database, select(plainColumns(), "")), heads()};
+}
+
+View ResultView::opened() const {
+    if (m_member.opensWhole())
+        return generated();
+    return {queryQuietly(m_database, select(plainColumns(), " WHERE [unslt] = false" + std::string(m_member.order))),
+            heads()};
 }
 
 View ResultView::inPlay() const {
@@ -80,7 +81,7 @@ std::int64_t ResultView::countInPlay() const {
 }
 
 std::string ResultView::title(std::int64_t bets) const {
-    return std::string(m_member.title) + std::to_string(bets) + "注";
+    return std::string(m_member.title) + (m_member.titleCounts ? std::to_string(bets) + "注" : std::string());
 }
 
 } // namespace filter

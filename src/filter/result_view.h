@@ -34,6 +34,8 @@ class ResultView {
 
     /// All rows, right after a generation.
     View generated() const;
+    /// What a window shows first: all rows right after an enumeration, else the rows in play in the member's order.
+    View opened() const;
     /// Rows in play, without a value column: after resets, inverts and position parameters.
     View inPlay() const;
     /// Rows in play with canshu under the parameter's grid title.
@@ -44,6 +46,7 @@ class ResultView {
     View page(double page) const;
     /// Bets in play, as counted after a double click.
     std::int64_t countInPlay() const;
+    /// The window's title with the count of bets, for members whose title tells it.
     std::string title(std::int64_t bets) const;
 
   private:

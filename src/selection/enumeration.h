@@ -52,6 +52,7 @@ struct TableShape {
 struct Generated {
     std::int64_t announced = 0; ///< the count that the window's title tells
     std::int64_t written = 0;   ///< rows in the table: none with six bankers, whatever is announced
+    bool cancelled = false;     ///< given up: the table is what it was before
 };
 
 /// Called with 1, 2, 3, … each time another 64th part of the rows (at least a row) is written.

@@ -28,14 +28,14 @@ GenerationInput plainInput(int reds, std::vector<std::int32_t> blues) {
     return input;
 }
 
-class Enumeration : public testing::TestWithParam<sql::Executor> {
+class EnumerationRows : public testing::TestWithParam<sql::Executor> {
   protected:
-    Enumeration() : m_engine(sql::EngineOptions{.combinations = GetParam()}) {
+    EnumerationRows() : m_engine(sql::EngineOptions{.combinations = GetParam()}) {
         m_folder = std::filesystem::temp_directory_path() / ("enumeration_" + std::to_string(getpid()));
         std::filesystem::create_directories(m_folder);
         m_database = m_engine.create(m_folder / "filnum.mdb");
     }
-    ~Enumeration() override {
+    ~EnumerationRows() override {
         m_database.reset();
         std::error_code ignored;
         std::filesystem::remove_all(m_folder, ignored);
@@ -80,7 +80,7 @@ std::vector<Row> subsets(const std::vector<std::int32_t>& list, std::size_t size
     return found;
 }
 
-TEST_P(Enumeration, SevenRedsAndTwoBluesComeWithTheBlueVaryingFastest) {
+TEST_P(EnumerationRows, SevenRedsAndTwoBluesComeWithTheBlueVaryingFastest) {
     const Generated generated = run(kWithBlue, plainInput(7, {3, 9}));
     const std::vector<Row> found = rows(kWithBlue);
     ASSERT_EQ(found.size(), 14U);
@@ -94,14 +94,14 @@ TEST_P(Enumeration, SevenRedsAndTwoBluesComeWithTheBlueVaryingFastest) {
     EXPECT_EQ(found[13], (Row{14, 2, 3, 4, 5, 6, 7, 9}));
 }
 
-TEST_P(Enumeration, SixRedsAndOneBlueGiveOneRowAndOneStepOfProgress) {
+TEST_P(EnumerationRows, SixRedsAndOneBlueGiveOneRowAndOneStepOfProgress) {
     std::vector<int> steps;
     run(kWithBlue, plainInput(6, {5}), [&](int step) { steps.push_back(step); });
     EXPECT_EQ(rows(kWithBlue), (std::vector<Row>{{1, 1, 2, 3, 4, 5, 6, 5}}));
     EXPECT_EQ(steps, (std::vector<int>{1}));
 }
 
-TEST_P(Enumeration, TheOrderIsThatOfSubsetsOverTheListWhateverTheNumbers) {
+TEST_P(EnumerationRows, TheOrderIsThatOfSubsetsOverTheListWhateverTheNumbers) {
     GenerationInput input = plainInput(10, {16, 2, 7});
     input.chosen.reds = {2, 3, 5, 7, 11, 13, 17, 19, 23, 29};
     run(kWithBlue, input);
@@ -116,19 +116,19 @@ TEST_P(Enumeration, TheOrderIsThatOfSubsetsOverTheListWhateverTheNumbers) {
     EXPECT_EQ(rows(kWithBlue), expected);
 }
 
-TEST_P(Enumeration, RowsWithoutABlueNeedNone) {
+TEST_P(EnumerationRows, RowsWithoutABlueNeedNone) {
     const Generated generated = run(kRedsOnly, plainInput(9, {}));
     EXPECT_EQ(generated.announced, 84);
     EXPECT_EQ(rows(kRedsOnly).size(), 84U);
     EXPECT_EQ(rows(kRedsOnly)[83], (Row{84, 4, 5, 6, 7, 8, 9}));
 }
 
-TEST_P(Enumeration, FewerThanSixRedsGiveNoRow) {
+TEST_P(EnumerationRows, FewerThanSixRedsGiveNoRow) {
     EXPECT_EQ(run(kWithBlue, plainInput(5, {1})).announced, 0);
     EXPECT_TRUE(rows(kWithBlue).empty());
 }
 
-TEST_P(Enumeration, AFreshRowIsInPlayWithoutAReason) {
+TEST_P(EnumerationRows, AFreshRowIsInPlayWithoutAReason) {
     run(kWithBlue, plainInput(6, {5}));
     const sql::Rows row = m_database->query(
         "SELECT [unslt],[preunslt],[tmpunslt],[Gpslt],[canshu],[Fliter],[Errnum],[Numstring],[SKnum],[JSqihao] FROM "
@@ -139,7 +139,7 @@ TEST_P(Enumeration, AFreshRowIsInPlayWithoutAReason) {
         EXPECT_TRUE(sql::isNull(row.at(0, empty))) << row.columnName(empty);
 }
 
-TEST_P(Enumeration, AGenerationReplacesTheTableOfTheOneBefore) {
+TEST_P(EnumerationRows, AGenerationReplacesTheTableOfTheOneBefore) {
     run(kWithBlue, plainInput(8, {1, 2}));
     m_database->execute("UPDATE [zuhe] SET [unslt]=true");
     run(kBankersWithBlue, plainInput(6, {4}));
@@ -148,7 +148,7 @@ TEST_P(Enumeration, AGenerationReplacesTheTableOfTheOneBefore) {
               sql::Value(std::int64_t{1}));
 }
 
-TEST_P(Enumeration, BankersStandInTheirSortedPlaces) {
+TEST_P(EnumerationRows, BankersStandInTheirSortedPlaces) {
     GenerationInput input;
     input.chosen = {{1, 10, 25, 30, 31}, {3, 20}, {8}};
     input.Genreds = 5;
@@ -161,7 +161,7 @@ TEST_P(Enumeration, BankersStandInTheirSortedPlaces) {
     EXPECT_EQ(found[4], (Row{5, 3, 10, 20, 25, 30, 31, 8}));
 }
 
-TEST_P(Enumeration, EveryCountOfBankersGivesAscendingRowsWithAllOfThem) {
+TEST_P(EnumerationRows, EveryCountOfBankersGivesAscendingRowsWithAllOfThem) {
     for (int bankers = 0; bankers <= 5; ++bankers) {
         GenerationInput input = plainInput(7, {1, 2});
         for (auto& red : input.chosen.reds)
@@ -182,7 +182,7 @@ TEST_P(Enumeration, EveryCountOfBankersGivesAscendingRowsWithAllOfThem) {
     }
 }
 
-TEST_P(Enumeration, SixBankersWriteNothingButAnnounceOneSetForEachBlue) {
+TEST_P(EnumerationRows, SixBankersWriteNothingButAnnounceOneSetForEachBlue) {
     GenerationInput input = plainInput(8, {1, 2, 3});
     input.chosen.bankers = {9, 10, 11, 12, 13, 14};
     const Generated generated = run(kBankersWithBlue, input);
@@ -195,7 +195,7 @@ TEST_P(Enumeration, SixBankersWriteNothingButAnnounceOneSetForEachBlue) {
     EXPECT_TRUE(rows(kBankersWithBlue).empty());
 }
 
-TEST_P(Enumeration, AMultiRowRunRepeatsTheRowNumberForEachBlueAndLastsOnce) {
+TEST_P(EnumerationRows, AMultiRowRunRepeatsTheRowNumberForEachBlueAndLastsOnce) {
     GenerationInput input = plainInput(8, {7, 4});
     input.Multirows = true;
     input.Multicount = 5;
@@ -217,7 +217,7 @@ TEST_P(Enumeration, AMultiRowRunRepeatsTheRowNumberForEachBlueAndLastsOnce) {
     EXPECT_EQ(generate(*m_database, kWithBlue, input, {}).written, 56); // 8 over 6, two blues
 }
 
-TEST_P(Enumeration, AMultiRowRunWithoutBluesWritesEachRowOnce) {
+TEST_P(EnumerationRows, AMultiRowRunWithoutBluesWritesEachRowOnce) {
     GenerationInput input = plainInput(8, {7, 4});
     input.Multirows = true;
     input.Multicount = 2;
@@ -226,7 +226,7 @@ TEST_P(Enumeration, AMultiRowRunWithoutBluesWritesEachRowOnce) {
     EXPECT_EQ(rows(kRedsOnly), (std::vector<Row>{{1, 1, 2, 3, 4, 5, 6}, {2, 2, 3, 4, 5, 6, 7}}));
 }
 
-TEST_P(Enumeration, DrawnNumbersTakeThePlaceOfTheChosenOnes) {
+TEST_P(EnumerationRows, DrawnNumbersTakeThePlaceOfTheChosenOnes) {
     GenerationInput input = plainInput(9, {1});
     input.Fromdraw = true;
     input.Drawnlist = {4, 8, 15, 16, 23, 32, 33, 1};
@@ -238,7 +238,7 @@ TEST_P(Enumeration, DrawnNumbersTakeThePlaceOfTheChosenOnes) {
     EXPECT_EQ(found[6], (Row{7, 8, 15, 16, 23, 32, 33, 1}));
 }
 
-TEST_P(Enumeration, SevenRedRowsReadTheChosenNumbersWhateverWasDrawn) {
+TEST_P(EnumerationRows, SevenRedRowsReadTheChosenNumbersWhateverWasDrawn) {
     GenerationInput input = plainInput(8, {1, 2});
     input.Fromdraw = true;
     input.Drawnlist = {30, 31, 32, 33, 34, 35, 36, 37};
@@ -250,7 +250,7 @@ TEST_P(Enumeration, SevenRedRowsReadTheChosenNumbersWhateverWasDrawn) {
     EXPECT_EQ(found[1], (Row{2, 1, 2, 3, 4, 5, 6, 8}));
 }
 
-TEST_P(Enumeration, ProgressComesEverySixtyFourthPartOrEveryRow) {
+TEST_P(EnumerationRows, ProgressComesEverySixtyFourthPartOrEveryRow) {
     const auto stepsOf = [&](int reds, std::vector<std::int32_t> blues) {
         std::vector<int> steps;
         run(kWithBlue, plainInput(reds, std::move(blues)), [&](int step) { steps.push_back(step); });
@@ -264,7 +264,7 @@ TEST_P(Enumeration, ProgressComesEverySixtyFourthPartOrEveryRow) {
     EXPECT_EQ(stepsOf(20, {1, 2, 3}), 64U); // 116,280 rows, several blocks
 }
 
-TEST_P(Enumeration, BlocksJoinWithoutAGap) {
+TEST_P(EnumerationRows, BlocksJoinWithoutAGap) {
     const Generated generated = run(kWithBlue, plainInput(20, {1, 2, 3})); // 116,280 rows: two blocks
     ASSERT_EQ(generated.written, 116280);
     const sql::Rows found = m_database->query("SELECT [idx],[fig1],[fig6],[fig7] FROM [zuhe]");
@@ -277,7 +277,7 @@ TEST_P(Enumeration, BlocksJoinWithoutAGap) {
     EXPECT_EQ(found.integerAt(116279, 2), 20);
 }
 
-INSTANTIATE_TEST_SUITE_P(Executors, Enumeration, testing::Values(sql::Executor::Sqlite, sql::Executor::Column));
+INSTANTIATE_TEST_SUITE_P(Executors, EnumerationRows, testing::Values(sql::Executor::Sqlite, sql::Executor::Column));
 
 TEST(CombinationCount, FollowsTheClosedForm) {
     EXPECT_EQ(combinationCount(33, 6), 1107568);

@@ -106,7 +106,7 @@ void ParameterTable::buildRow(const Parameter& parameter, int line) {
     row.option = new PressButton(text(parameter.caption), this);
     row.option->setObjectName(text(parameter.option));
     row.option->setFixedHeight(kLineHeight);
-    if (parameter.column.empty())
+    if (parameter.weighed)
         row.option->markColoured();
     m_grid->addWidget(row.option, line, kCaption);
     connect(row.option, &PressButton::pressedAnyhow, this, [this, &parameter] { emit parameterPressed(parameter); });
@@ -114,7 +114,7 @@ void ParameterTable::buildRow(const Parameter& parameter, int line) {
     buildRange(row, line);
     if (parameter.oddBox >= 0)
         buildParity(row, line);
-    if (parameter.option == kIntervalOption)
+    if (parameter.isInterval())
         buildInterval(row, line);
     else
         buildLists(row, line);
@@ -198,7 +198,7 @@ void ParameterTable::orderTabs() {
         last = next;
     };
     for (const Row& row : m_rows) {
-        const bool interval = row.parameter->option == kIntervalOption;
+        const bool interval = row.parameter->isInterval();
         for (QWidget* control : {static_cast<QWidget*>(row.tick), static_cast<QWidget*>(row.option),
                                  static_cast<QWidget*>(row.low), static_cast<QWidget*>(row.high)})
             follow(control);
@@ -235,7 +235,7 @@ void ParameterTable::showLists(bool shown) {
     m_counts->setVisible(shown);
     m_lists->setVisible(shown);
     for (const Row& row : m_rows) {
-        if (row.parameter->option != kIntervalOption)
+        if (!row.parameter->isInterval())
             continue;
         const QString caption = text(shown ? kPickedNumbersCaption : row.parameter->caption);
         row.option->setText(caption);

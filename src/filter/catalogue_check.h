@@ -1,0 +1,65 @@
+// What every catalogue of parameters keeps to, checked while it compiles: static_assert(isSound(kCatalogue)).
+//
+// Saved settings and templates refer to ticks, boxes and periods: no two parameters share one.
+#pragma once
+
+#include <array>
+#include <utility>
+
+#include "filter/catalogue.h"
+
+namespace filter {
+
+/// Combo1(20) belongs to all rows together, so it is no row's.
+inline constexpr int kAllPeriods = 20;
+inline constexpr int kTicks = 32;
+
+namespace detail {
+
+constexpr bool shareABox(const Boxes& left, const Boxes& right) {
+    if (left.name != right.name)
+        return false;
+    for (const int mine : {left.low, left.high, left.count, left.list, left.above, left.to})
+        for (const int other : {right.low, right.high, right.count, right.list, right.above, right.to})
+            if (mine >= 0 && mine == other)
+                return true;
+    return false;
+}
+
+constexpr bool areApart(const Parameter& left, const Parameter& right) {
+    const bool samePeriod = left.period >= 0 && left.period == right.period;
+    const bool sameParity = left.oddBox >= 0 && left.oddBox == right.oddBox;
+    return left.option != right.option && left.caption != right.caption && left.tick != right.tick && !samePeriod &&
+           !sameParity && !shareABox(left.boxes, right.boxes);
+}
+
+constexpr bool isWhole(const Parameter& p) {
+    const int ways = (p.statement.empty() ? 0 : 1) + (p.compute ? 1 : 0) + (p.column.empty() ? 0 : 1);
+    const bool position = p.isPosition();
+    return ways == 1 && position == !p.column.empty() && position == (p.place >= 1 && p.place <= 7) &&
+           position == (p.oddBox >= 0) && position == !p.parityReason.empty() && position == p.gridTitle.empty() &&
+           position == !p.weighed && p.isInterval() == (p.boxes.above >= 0) && p.isInterval() == (p.boxes.list < 0);
+}
+
+constexpr bool isInRange(const Parameter& p) {
+    return p.tick >= 0 && p.tick < kTicks && p.period >= -1 && p.period < kTicks && p.period != kAllPeriods &&
+           p.defaults.low <= p.defaults.high && !p.option.empty() && !p.caption.empty() && !p.counts.empty();
+}
+
+} // namespace detail
+
+/// Each row whole, no two that share a control, group after group.
+template <std::size_t Count> consteval bool isSound(const std::array<Parameter, Count>& catalogue) {
+    for (std::size_t row = 0; row < Count; ++row) {
+        if (!detail::isWhole(catalogue[row]) || !detail::isInRange(catalogue[row]))
+            return false;
+        if (row > 0 && catalogue[row].group < catalogue[row - 1].group)
+            return false;
+        for (std::size_t other = row + 1; other < Count; ++other)
+            if (!detail::areApart(catalogue[row], catalogue[other]))
+                return false;
+    }
+    return true;
+}
+
+} // namespace filter

@@ -1,0 +1,117 @@
+#include "filter/session.h"
+
+#include <chrono>
+
+#include "base/number_text.h"
+#include "filter/past_values.h"
+#include "filter/quiet.h"
+
+namespace filter {
+namespace {
+
+class Stopwatch {
+  public:
+    double ms() const { return std::chrono::duration<double, std::milli>(Clock::now() - m_start).count(); }
+
+  private:
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point m_start = Clock::now();
+};
+
+} // namespace
+
+/// One function a step: runs it, gives the outcome without counts, and puts its words into `what`.
+struct Session::Runner {
+    const Session& session;
+    const WindowState& state;
+    std::string& what;
+
+    Outcome operator()(const Press& press) const {
+        what = pressText(*press.parameter, rowInput(state, *press.parameter), settings());
+        return {.view = session.pressed(*press.parameter, state)};
+    }
+    Outcome operator()(const ResetAll&) const { return changed("全部复位", &RowStates::resetAll); }
+    Outcome operator()(const RestoreLast&) const { return changed("上次过滤复位", &RowStates::restoreLast); }
+    Outcome operator()(const InvertAll&) const { return changed("全部组号反选", &RowStates::invertAll); }
+    Outcome operator()(const InvertLast&) const { return changed("上一步过滤反选", &RowStates::invertLast); }
+    Outcome operator()(const Toggle& toggle) const {
+        const Toggled toggled = session.m_states.toggle(toggle.idx);
+        if (toggled != Toggled::NotFound)
+            what = (toggled == Toggled::TakenOut ? "手工删除 第" : "手工恢复 第") + toggle.idx + "注";
+        return {.view = {}, .refill = false, .toggled = toggled, .left = session.m_view.countInPlay()};
+    }
+
+  private:
+    RunSettings settings() const { return runSettings(state, session.m_context.Baoliu); }
+    Outcome changed(std::string_view caption, void (RowStates::*operation)() const) const {
+        what = caption;
+        (session.m_states.*operation)();
+        return {.view = session.m_view.inPlay()};
+    }
+};
+
+Session::Session(const FilterMember& member, const SessionContext& context)
+    : m_member(member), m_context(context),
+      m_run({context.database, member.table, context.history, context.Bitnum, member.reds}),
+      m_states(context.database, member.table), m_view(context.database, member) {}
+
+Outcome Session::generate(selection::BetSource& source, workspace::Progress* progress) {
+    const Stopwatch watch;
+    const selection::Generated generated = source.fill(m_context.database, shapeOf(m_member), progress);
+    Outcome outcome{.view = m_view.opened(), .cancelled = generated.cancelled};
+    m_steps.clear();
+    m_left = outcome.view.rows.count();
+    m_titled = m_member.opensWhole() && !generated.cancelled ? generated.announced : m_left;
+    outcome.left = m_left;
+    outcome.ms = watch.ms();
+    return outcome;
+}
+
+Outcome Session::run(const Step& step, const WindowState& state) {
+    const Stopwatch watch;
+    std::string what;
+    Outcome outcome = std::visit(Runner{*this, state, what}, step);
+    if (outcome.refill)
+        outcome.left = outcome.view.rows.count();
+    outcome.taken = m_left - outcome.left;
+    outcome.ms = watch.ms();
+    m_left = outcome.left;
+    m_titled = outcome.left;
+    if (!what.empty())
+        m_steps.push_back({what, outcome.left, -outcome.taken});
+    return outcome;
+}
+
+View Session::pressed(const Parameter& parameter, const WindowState& state) const {
+    m_run.press(parameter, rowInput(state, parameter), runSettings(state, m_context.Baoliu));
+    return parameter.gridTitle.empty() ? m_view.inPlay() : m_view.inPlay(parameter.gridTitle);
+}
+
+View Session::reasons() const {
+    return m_view.reasons();
+}
+
+View Session::page(double number) const {
+    return m_view.page(number);
+}
+
+std::string Session::title() const {
+    return m_view.title(m_titled);
+}
+
+std::int64_t Session::total() const {
+    std::int64_t rows = 0;
+    quietly([&] { rows = m_context.database.rowCount(m_member.table); });
+    return rows;
+}
+
+std::optional<double> Session::pastShare(const Parameter& parameter, const WindowState& state) const {
+    const RowState& row = state.row(parameter);
+    return filter::pastShare(m_context.history, parameter, base::val(row.low), base::val(row.high));
+}
+
+std::optional<int> Session::lastValue(const Parameter& parameter) const {
+    return pastValue(m_context.history, parameter, m_context.history.Lsnum);
+}
+
+} // namespace filter

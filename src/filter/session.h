@@ -1,0 +1,87 @@
+// A filter window's work on its table, without the window: generate, run steps, show, tell what is left.
+//
+// Order: construct, generate(), then run(), reasons(), page() as they come. Each runs its statements at once and
+// passes over what the database refuses. Counting asks the database nothing beside the view that a step shows anyway,
+// so the statements of a step are those of its operation. What a step changes is in memory: whoever shows it stores
+// it.
+#pragma once
+
+#include <optional>
+
+#include "filter/parameter_run.h"
+#include "filter/result_view.h"
+#include "filter/row_states.h"
+#include "filter/step.h"
+#include "filter/window_state.h"
+
+namespace filter {
+
+/// What a session works on; all of it outlives the session.
+struct SessionContext {
+    sql::Database& database;
+    const history::History& history;
+    int Bitnum;           ///< highest red number
+    std::int16_t& Baoliu; ///< keep or remove, one flag for all filter windows
+};
+
+/// What a step did.
+struct Outcome {
+    View view;
+    bool refill = true;                  ///< false after a toggle: the grid keeps what it shows, and `view` is empty
+    Toggled toggled = Toggled::NotFound; ///< what a toggle did to its row
+    bool cancelled = false;              ///< a generation was given up: the table is what it was
+    std::int64_t left = 0;               ///< bets in play
+    std::int64_t taken = 0;              ///< bets that the step took out; negative: so many came back
+    double ms = 0;                       ///< time from the first statement to the view
+};
+
+/// A step that was run, for the list of steps.
+struct DoneStep {
+    std::string what;    ///< "偶数个数 保留 2~4", "上次过滤复位", "手工删除 第17注"
+    std::int64_t left;   ///< bets in play after it
+    std::int64_t effect; ///< change of what is left: negative when bets went, positive when bets came back
+};
+
+class Session {
+  public:
+    /// \param member  a row of kFilterMembers
+    Session(const FilterMember& member, const SessionContext& context);
+
+    /// The load step: fills the table and gives the view that a window opens with. The list of steps starts anew.
+    Outcome generate(selection::BetSource& source, workspace::Progress* progress = nullptr);
+    Outcome run(const Step& step, const WindowState& state);
+
+    /// All rows with their reasons.
+    View reasons() const;
+    /// A page of the rows in play (result_view.h).
+    View page(double number) const;
+    /// The window's title: the count that the last generation announced, then what each step left.
+    std::string title() const;
+    std::int64_t inPlay() const { return m_left; }
+    /// Bets of the table, in play or not.
+    std::int64_t total() const;
+    const std::vector<DoneStep>& steps() const { return m_steps; }
+    const FilterMember& member() const { return m_member; }
+
+    /// Share, 0 to 1, of the history's draws that lie inside the parameter's present range, both ends with it.
+    /// \return nothing for a parameter that the history lacks, and while there are no draws
+    std::optional<double> pastShare(const Parameter& parameter, const WindowState& state) const;
+    /// The last draw's value. \return nothing likewise
+    std::optional<int> lastValue(const Parameter& parameter) const;
+
+  private:
+    struct Runner;
+
+    View pressed(const Parameter& parameter, const WindowState& state) const;
+
+    const FilterMember& m_member;
+    SessionContext m_context;
+    ParameterRun m_run;
+    RowStates m_states;
+    ResultView m_view;
+    std::int64_t m_titled = 0; ///< count that the title tells
+    std::int64_t m_left = 0;
+    std::vector<DoneStep> m_steps;
+};
+
+} // namespace filter

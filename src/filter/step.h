@@ -1,0 +1,27 @@
+// One step on a combination table: what a button, a template row and a replay ask of a Session.
+#pragma once
+
+#include <string>
+#include <variant>
+
+#include "filter/catalogue.h"
+
+namespace filter {
+
+/// One parameter at once, on the rows in play.
+struct Press {
+    const Parameter* parameter;
+};
+struct ResetAll {};    ///< 全部复位
+struct RestoreLast {}; ///< 上次过滤复位
+struct InvertAll {};   ///< 全部组号反选
+struct InvertLast {};  ///< 上一步过滤反选
+/// Double click on a row: takes it out, or puts it back.
+struct Toggle {
+    std::string idx; ///< text of the row's number as the grid shows it
+};
+
+// add a step here: its meaning is one function in session.cpp
+using Step = std::variant<Press, ResetAll, RestoreLast, InvertAll, InvertLast, Toggle>;
+
+} // namespace filter

@@ -1,0 +1,37 @@
+// Where the bets of a combination table come from: one interface for all that fill a table.
+//
+// A source makes its table anew, or leaves it as it is. Until the new table is complete the old one stands: work that
+// is given up leaves the old rows with all their states, in memory and in the file.
+#pragma once
+
+#include "selection/enumeration.h"
+#include "workspace/dialogs.h"
+
+namespace selection {
+
+struct BetSource {
+    virtual ~BetSource() = default;
+    /// Fills the table of `shape`.
+    /// \param progress  told the share done, and asked whether to go on; may be null
+    /// What the database refuses is passed over, statement by statement and block by block.
+    virtual Generated fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) = 0;
+};
+
+/// Plain sets of the chosen numbers, sets around bankers (shape.bankers), or the rows of Multitable (input.Multirows,
+/// cleared when it has been used).
+class Enumeration final : public BetSource {
+  public:
+    explicit Enumeration(GenerationInput& input) : m_input(input) {}
+    Generated fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) override;
+
+  private:
+    GenerationInput& m_input;
+};
+
+/// The table as it is, filter states and all.
+class Keep final : public BetSource {
+  public:
+    Generated fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) override;
+};
+
+} // namespace selection
