@@ -11,7 +11,6 @@
 #include "mainwin/windows/history_desk.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
-#include "toolkit/progress_dialog.h"
 #include "workspace/combination_files.h"
 #include "workspace/failure.h"
 #include "workspace/paths.h"
@@ -179,12 +178,9 @@ void Program::enumerate(std::string_view form) {
     filter::FilterWindow window(
         *filter::findMember(form),
         {*workspace.dbFilnum, history, workspace.Bitnum, Baoliu, placesIn(m_context->settings)}, m_form.get());
-    {
-        toolkit::ProgressDialog progress(m_form.get());
-        progress.begin();
-        window.load(generation,
-                    [&](int step) { progress.advance(static_cast<double>(step) / selection::kProgressScale); });
-    }
+    toolkit::DialogBoxes boxes(m_form.get());
+    selection::Enumeration source(generation);
+    window.load(source, boxes.progress({}).get());
     window.exec();
     m_form->unsetCursor();
 }
