@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "base/number_text.h"
@@ -177,15 +178,25 @@ int ResultPanel::wishedWidth(std::size_t column) const {
     }
 }
 
+// A reason takes what is left, a value gives way to what the columns before it need.
+int ResultPanel::fittedLast(int wished, int room) const {
+    const GridColumn& last = m_model->view().columns.back();
+    if (last.isText)
+        return std::max(wished, room);
+    const int heading =
+        m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(last.heading));
+    return std::min(wished, std::max({room, heading + kHeadingPadding, last.widthTwips / kTwipsPerPixel}));
+}
+
 void ResultPanel::applyWidths() {
     const bool before = std::exchange(m_applying, true);
-    int room = m_grid->viewport()->width();
+    int room = m_grid->width() - m_grid->verticalScrollBar()->sizeHint().width();
     const auto& columns = m_model->view().columns;
     for (std::size_t column = 0; column < columns.size(); ++column) {
         const auto dragged = m_dragged.find(static_cast<int>(column));
         int width = dragged != m_dragged.end() ? dragged->second : wishedWidth(column);
-        if (columns[column].isText && dragged == m_dragged.end())
-            width = std::max(width, room); // a reason takes what is left
+        if (column + 1 == columns.size() && dragged == m_dragged.end())
+            width = fittedLast(width, room);
         m_grid->setColumnWidth(static_cast<int>(column), width);
         room -= width;
     }

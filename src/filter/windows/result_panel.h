@@ -51,6 +51,7 @@ class ResultPanel : public toolkit::Card {
     QHBoxLayout* buildPaging();
     void connectGrid(const FilterMember& member);
     int wishedWidth(std::size_t column) const;
+    int fittedLast(int wished, int room) const;
     /// A column that the user has dragged keeps his width from view to view.
     void applyWidths();
 

@@ -13,6 +13,7 @@ constexpr int kLargestRow = 26;
 constexpr int kRow = 21;
 constexpr int kSmallestRow = 20;
 constexpr int kGroupMargin = 2;
+constexpr int kBoxGap = 3; // right of a box that shares a column with marks
 
 int between(int narrow, int wide, int width) {
     return narrow + (wide - narrow) * (std::clamp(width, kNarrow, kWide) - kNarrow) / (kWide - kNarrow);
@@ -53,13 +54,15 @@ ColumnPlaces columnPlaces(int width) {
     places.name = next(at(106, 124) - std::max(0, kNarrow - width), 6);
     places.low = next(at(38, 50), 4);
     places.high = next(at(38, 50), 8);
-    const int half = at(35, 44);
-    places.odd = next(half, 4);
-    places.even = next(half, 6);
+    const int half = at(38, 46);
+    places.odd = next(half, 0);
+    places.even = next(half, 4);
     const int rangeEnd = places.even.left + places.even.width;
+    places.above = {places.odd.left, half - kBoxGap};
+    places.to = {places.even.left, half - kBoxGap};
     places.count = places.low;
-    places.list = {places.high.left, rangeEnd - places.high.left};
-    places.picked = {places.odd.left - 4, rangeEnd - places.odd.left + 4};
+    places.list = {places.high.left, rangeEnd - places.high.left - kBoxGap};
+    places.picked = {places.odd.left, rangeEnd - places.odd.left - kBoxGap};
     places.period = next(at(74, 84), 4);
     places.last = next(at(28, 34), 12);
     places.share = {left, width >= kShareFrom ? std::max(0, width - left) : 0};
@@ -70,8 +73,9 @@ RowPlaces rowPlaces(std::span<const Parameter> catalogue, int height) {
     for (int row = kLargestRow; row >= kRow; --row)
         if (RowPlaces places = placed(catalogue, row, kGroupMargin); places.height <= height)
             return places;
-    if (RowPlaces places = placed(catalogue, kRow, 0); places.height <= height)
-        return places;
+    for (int margin = kGroupMargin - 1; margin >= 0; --margin)
+        if (RowPlaces places = placed(catalogue, kRow, margin); places.height <= height)
+            return places;
     return placed(catalogue, kSmallestRow, 0);
 }
 

@@ -20,7 +20,7 @@ struct Span {
 };
 
 struct ColumnPlaces {
-    Span band, tick, name, low, high, count, list, picked, odd, even, period, last, share;
+    Span band, tick, name, low, high, count, list, picked, odd, even, above, to, period, last, share;
 };
 
 /// \param width  of the table's rows; the share of past draws gets a column only from a width of 560 on, else its

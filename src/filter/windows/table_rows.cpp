@@ -54,8 +54,8 @@ void TableRows::placeRow(const TableRow& row, int top) {
     put(row.high, m_columns.high);
     put(row.odd, m_columns.odd);
     put(row.even, m_columns.even);
-    put(row.above, m_columns.odd);
-    put(row.to, m_columns.even);
+    put(row.above, m_columns.above);
+    put(row.to, m_columns.to);
     put(row.count, {0, m_columns.count.width}); // in their frames
     put(row.list, {0, m_columns.list.width});
     put(row.picked, m_columns.picked);
