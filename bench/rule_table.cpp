@@ -50,7 +50,7 @@ std::int64_t RuleTable::generate() {
     for (int blue = 1; blue <= m_blues; ++blue)
         input.chosen.blues.push_back(blue);
     input.Genreds = kReds;
-    return selection::generate(*m_database, filter::shapeOf(member()), input).written;
+    return selection::Enumeration(input).fill(*m_database, filter::shapeOf(member()), nullptr).written;
 }
 
 std::int64_t RuleTable::press(std::string_view option, const filter::RowInput& row, const filter::RunSettings& run) {

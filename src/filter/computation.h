@@ -23,6 +23,7 @@ struct Workbench {
     const history::History& history;
     int Bitnum;
     int reds = history::kRedsDrawn; ///< red columns of a row: fig1 to fig{reds}, 6 or 7
+    bool blue = true;               ///< the column after them is a blue number
 };
 
 using Compute = void (*)(const Workbench&, const RunSettings&);

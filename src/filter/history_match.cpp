@@ -72,7 +72,8 @@ void Search::runRounds(std::int64_t first) const {
         if (!draw)
             continue;
         update(" [SKnum] = " + hitsOf(*draw) + " WHERE [unslt]=false");
-        update("[SKnum]= [SKnum] + 1 WHERE [unslt]=false AND [fig7] = " + std::to_string((*draw)[7]));
+        if (m_bench.blue)
+            update("[SKnum]= [SKnum] + 1 WHERE [unslt]=false AND [fig7] = " + std::to_string((*draw)[7]));
         update("[Canshu]= [SKnum],[Jsqihao] = " + std::to_string((*draw)[0]) +
                " WHERE [unslt]=false AND [SKnum] > [Canshu]");
     }
@@ -192,7 +193,7 @@ std::int64_t Search::runPass(const MatchProgress& progress) const {
     if (draws.empty() || !hasColumn(columns, "Numstring"))
         return 0;
     std::vector<std::string> inputs{"fig1", "fig2", "fig3", "fig4", "fig5", "fig6", "unslt"};
-    if (hasColumn(columns, "fig7"))
+    if (m_bench.blue)
         inputs.emplace_back("fig7");
     const std::vector<std::string> outputs{"canshu", "JSqihao", "SKnum"};
     const bool ran = quietly([&] {

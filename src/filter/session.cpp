@@ -52,16 +52,21 @@ struct Session::Runner {
 
 Session::Session(const FilterMember& member, const SessionContext& context)
     : m_member(member), m_context(context),
-      m_run({context.database, member.table, context.history, context.Bitnum, member.reds}),
+      m_run({context.database, member.table, context.history, context.Bitnum, member.reds, member.blue}),
       m_states(context.database, member.table), m_view(context.database, member) {}
 
 Outcome Session::generate(selection::BetSource& source, workspace::Progress* progress) {
     const Stopwatch watch;
     const selection::Generated generated = source.fill(m_context.database, shapeOf(m_member), progress);
-    Outcome outcome{.view = m_view.opened(), .cancelled = generated.cancelled};
-    m_steps.clear();
+    Outcome outcome{.view = generated.cancelled ? m_view.inPlay() : m_view.opened(),
+                    .cancelled = generated.cancelled};
     m_left = outcome.view.rows.count();
-    m_titled = m_member.opensWhole() && !generated.cancelled ? generated.announced : m_left;
+    m_titled = m_left;
+    if (!generated.cancelled) {
+        m_steps.clear();
+        if (m_member.opensWhole())
+            m_titled = generated.announced; // six bankers announce bets that the table does not hold
+    }
     outcome.left = m_left;
     outcome.ms = watch.ms();
     return outcome;

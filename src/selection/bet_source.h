@@ -18,7 +18,7 @@ struct BetSource {
 };
 
 /// Plain sets of the chosen numbers, sets around bankers (shape.bankers), or the rows of Multitable (input.Multirows,
-/// cleared when it has been used).
+/// cleared when it has been used). A list of reds shorter than Genreds reads as 0 there.
 class Enumeration final : public BetSource {
   public:
     explicit Enumeration(GenerationInput& input) : m_input(input) {}

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "selection/row_writer.h"
+#include "workspace/templates.h"
 
 namespace selection {
 namespace {
@@ -73,7 +74,7 @@ void enumerate(const TableShape& shape, const GenerationInput& input, RowWriter&
         for (int banker = 0; banker < bankers; ++banker)
             insertBanker(row, held++, input.chosen.bankers[static_cast<std::size_t>(banker)]);
         writer.write(row, input.chosen.blues);
-    } while (picks.next());
+    } while (!writer.isCancelled() && picks.next());
 }
 
 void writeMultitable(const GenerationInput& input, RowWriter& writer) {
@@ -98,44 +99,52 @@ void removeRows(sql::Database& database, std::string_view table) {
 
 } // namespace
 
-std::int64_t combinationCount(int n, int k) {
-    std::int64_t count = 1;
-    for (int factor = 0; factor < k; ++factor)
-        count = count * (n - factor) / (factor + 1);
-    return count;
+Generated Enumeration::fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) {
+    sql::TableHold former(database, shape.table);
+    sql::passOver(database, "DROP TABLE [" + std::string(shape.table) + "]");
+    sql::passOver(database, workspace::createCombinationTable(shape.table));
+    removeRows(database, shape.table);
+
+    const bool multirows = m_input.Multirows && shape.reds == 6;
+    const std::int64_t sets =
+        multirows ? m_input.Multicount : combinationCount(m_input.Genreds, shape.reds - bankersOf(shape, m_input));
+    const std::int64_t announced = sets * (shape.blue ? static_cast<std::int64_t>(m_input.chosen.blues.size()) : 1);
+    RowWriter writer(database, shape, announced, multirows ? nullptr : progress);
+    if (multirows)
+        writeMultitable(m_input, writer);
+    else
+        enumerate(shape, m_input, writer);
+    writer.finish();
+    if (writer.isCancelled())
+        return {.cancelled = true};
+    former.release();
+    if (multirows)
+        m_input.Multirows = false;
+    return {announced, writer.rows()};
 }
 
-std::string createStatement(const TableShape& shape) {
-    std::string statement = "CREATE TABLE [" + std::string(shape.table) + "]([idx] integer,";
-    const int numbers = shape.reds + (shape.blue ? 1 : 0);
-    for (int number = 1; number <= numbers; ++number)
-        statement += "[fig" + std::to_string(number) + "] integer,";
-    if (shape.reds == 7)
-        return statement + "[canshu] integer,[Numstring] string,[Fliter] string,[unslt] Bit,[preunslt] Bit,"
-                           "[tmpunslt] bit,[Gpslt] bit)";
-    return statement + "[canshu] integer,[Numstring] string,[SKnum] integer,[JSqihao] long,[Fliter] string,"
-                       "[unslt] Bit,[preunslt] Bit,[tmpunslt] bit,[Gpslt] bit,[Errnum] integer)";
-}
+namespace {
+
+/// Tells the steps of a generation, and always goes on.
+class StepTeller final : public workspace::Progress {
+  public:
+    explicit StepTeller(const selection::Progress& tell) : m_tell(tell) {}
+    bool advance(double) override {
+        m_tell(++m_steps);
+        return true;
+    }
+
+  private:
+    const selection::Progress& m_tell;
+    int m_steps = 0;
+};
+
+} // namespace
 
 Generated generate(sql::Database& database, const TableShape& shape, GenerationInput& input,
                    const Progress& progress) {
-    sql::passOver(database, "DROP TABLE [" + std::string(shape.table) + "]");
-    sql::passOver(database, createStatement(shape));
-    removeRows(database, shape.table);
-
-    const bool multirows = input.Multirows && shape.reds == 6;
-    const std::int64_t sets =
-        multirows ? input.Multicount : combinationCount(input.Genreds, shape.reds - bankersOf(shape, input));
-    const std::int64_t announced = sets * (shape.blue ? static_cast<std::int64_t>(input.chosen.blues.size()) : 1);
-    RowWriter writer(database, shape, announced, multirows ? Progress{} : progress);
-    if (multirows)
-        writeMultitable(input, writer);
-    else
-        enumerate(shape, input, writer);
-    writer.finish();
-    if (multirows)
-        input.Multirows = false;
-    return {announced, writer.rows()};
+    StepTeller teller(progress);
+    return Enumeration(input).fill(database, shape, progress ? &teller : nullptr);
 }
 
 } // namespace selection

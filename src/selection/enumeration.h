@@ -1,8 +1,9 @@
 // Enumeration: turns the chosen numbers into the rows of a combination table.
 //
-// generate() is the whole load step of a filter window: it drops the table, makes it anew and fills it. The former
-// rows and their filter states are lost, without a warning. Rows come in lexicographic order over places in the list
-// of reds, each set of reds once for every blue: the blue varies fastest.
+// This is the whole load step of a filter window: it drops the table, makes it anew and fills it (bet_source.h: class
+// Enumeration). The former rows and their filter states are lost, without a warning, once the new ones are complete;
+// a generation that is given up, or fails, leaves them as they were. Rows come in lexicographic order over places in
+// the list of reds, each set of reds once for every blue: the blue varies fastest.
 //
 //   reds 1..7, blues 3 9:   1: 1 2 3 4 5 6 + 3    2: 1 2 3 4 5 6 + 9    3: 1 2 3 4 5 7 + 3 …
 //   bankers 3 20 | drags 1 10 25 30 31:   1: 1 3 10 20 25 30 …
@@ -17,6 +18,7 @@
 #include <string_view>
 #include <vector>
 
+#include "selection/combinations.h"
 #include "sql/database.h"
 
 namespace selection {
@@ -58,14 +60,7 @@ struct Generated {
 /// Called with 1, 2, 3, … each time another 64th part of the rows (at least a row) is written.
 using Progress = std::function<void(int step)>;
 
-/// C(n, k) as the load step works it: k factors, each multiplied in and divided out. k of 0 or below gives 1.
-std::int64_t combinationCount(int n, int k);
-
-/// The statement that makes the table of a shape.
-std::string createStatement(const TableShape& shape);
-
-/// Drops, makes and fills the table of `shape`; clears input.Multirows. A list shorter than Genreds reads as 0 there.
-/// Errors of the database are passed over, statement by statement and block by block.
+/// Enumeration(input).fill() without a way to give up.
 Generated generate(sql::Database& database, const TableShape& shape, GenerationInput& input,
                    const Progress& progress = {});
 

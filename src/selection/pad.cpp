@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "selection/combinations.h"
+
 using namespace Qt::StringLiterals;
 
 namespace selection {
@@ -45,13 +47,6 @@ template <class List> QString listText(const List& list, int count) {
 } // namespace
 
 Pad::Pad(int reds, int blues, QObject* parent) : QObject(parent), m_reds(reds), m_blues(blues) {}
-
-std::int64_t Pad::combinations(int all, int taken) {
-    std::int64_t product = 1;
-    for (int step = 0; step < taken; ++step)
-        product = product * (all - step) / (step + 1); // whole at each step: it is C(all, step + 1)
-    return product;
-}
 
 void Pad::addRed(int number) {
     Redsel[static_cast<std::size_t>(number)] = true;
@@ -255,7 +250,7 @@ void Pad::updateAfterBlue() {
 void Pad::updateStatusText() {
     if (Redcnt + Dancnt <= kEnoughForADraw || Bluecnt == 0)
         return; // the panel keeps what it shows
-    Zunum = static_cast<std::int32_t>(combinations(Redcnt, kBetReds - Dancnt) * Bluecnt);
+    Zunum = static_cast<std::int32_t>(combinationCount(Redcnt, kBetReds - Dancnt) * Bluecnt);
     const int yuan = kYuanPerBet * Zunum;
     if (Dancnt > 0)
         m_statusText =

@@ -85,10 +85,6 @@ class Pad : public QObject {
     const QString& danText() const { return m_danText; }
     const QString& blueText() const { return m_blueText; }
 
-    /// Ways to choose `taken` of `all`: 1 for none taken, 0 when more are taken than there are. Fewer than none,
-    /// which seven bankers ask for, give 1 as well: the status text announces what the banker window announces.
-    static std::int64_t combinations(int all, int taken);
-
   signals:
     void changed();
     /// The reds were cleared: the draw stops, the seven-number wheel entries go, the size of a draw is 6 again.

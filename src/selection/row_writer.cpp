@@ -14,7 +14,7 @@ constexpr std::size_t kMostBlues = 64; // more than any rule has; room that a se
 } // namespace
 
 RowWriter::RowWriter(sql::Database& database, const TableShape& shape, std::int64_t expected,
-                     const Progress& progress)
+                     workspace::Progress* progress)
     : m_database(database), m_table(shape.table), m_blue(shape.blue), m_progress(progress),
       m_step(std::max<std::int64_t>(expected / kProgressScale, 1)) {
     const std::size_t columns = 1 + static_cast<std::size_t>(shape.reds) + (shape.blue ? 1 : 0);
@@ -73,8 +73,8 @@ void RowWriter::flush() {
 void RowWriter::report() {
     if (!m_progress)
         return;
-    while ((m_reported + 1) * m_step <= m_rows)
-        m_progress(++m_reported);
+    while (!m_cancelled && (m_reported + 1) * m_step <= m_rows)
+        m_cancelled = !m_progress->advance(static_cast<double>(++m_reported) / kProgressScale);
 }
 
 } // namespace selection

@@ -316,4 +316,28 @@ void ColumnExecutor::computeColumns(const std::string& name, std::span<const std
     sql::computeColumns(table, inputs, outputs, kernel, m_state->batchRows);
 }
 
+namespace {
+
+class HeldColumns final : public TableHold::Backend {
+  public:
+    HeldColumns(ColumnFile& file, std::string table) : m_file(file), m_table(std::move(table)) {
+        m_file.hold(m_table);
+    }
+    ~HeldColumns() override { m_file.endHold(m_table, m_released); }
+    HeldColumns(const HeldColumns&) = delete;
+    HeldColumns& operator=(const HeldColumns&) = delete;
+    void release() override { m_released = true; }
+
+  private:
+    ColumnFile& m_file;
+    std::string m_table;
+    bool m_released = false;
+};
+
+} // namespace
+
+std::unique_ptr<TableHold::Backend> ColumnExecutor::hold(const std::string& table) {
+    return std::make_unique<HeldColumns>(m_state->file, table);
+}
+
 } // namespace sql

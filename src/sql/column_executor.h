@@ -22,6 +22,7 @@ class ColumnExecutor final : public TableExecutor {
                        const RowKernel& kernel) override;
     void computeColumns(const std::string& table, std::span<const std::string> inputs,
                         std::span<const std::string> outputs, const BatchKernel& kernel) override;
+    std::unique_ptr<TableHold::Backend> hold(const std::string& table) override;
 
     /// Writes what changed to the file in one transaction. \throws SqlError; then all that was pending still is
     void store();

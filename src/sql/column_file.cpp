@@ -1,5 +1,7 @@
 #include "sql/column_file.h"
 
+#include <algorithm>
+#include <cassert>
 #include <new>
 
 #include "sql/chunk.h"
@@ -54,9 +56,43 @@ void ColumnFile::drop(const std::string& name) {
     const auto found = m_entries.find(foldedName(name));
     if (found == m_entries.end())
         return;
-    if (found->second.id != 0)
+    if (const auto held = m_held.find(found->first); held != m_held.end())
+        held->second.dropped = true;
+    else if (found->second.id != 0)
         m_dropped.push_back(found->second.id);
     m_entries.erase(found);
+}
+
+void ColumnFile::hold(const std::string& name) {
+    const std::string key = foldedName(name);
+    assert(!m_held.contains(key));
+    const auto found = m_entries.find(key);
+    m_held[key] = {found == m_entries.end() ? std::nullopt : std::optional(found->second)};
+}
+
+void ColumnFile::endHold(const std::string& name, bool replaced) {
+    const std::string key = foldedName(name);
+    const Held held = m_held.extract(key).mapped();
+    if (!held.former) {
+        if (!replaced)
+            m_entries.erase(key);
+    } else if (!held.dropped) {
+        if (held.former->table)
+            m_entries[key] = *held.former; // stored meanwhile, it may have got its id
+    } else if (!replaced) {
+        m_entries[key] = *held.former;
+    } else if (held.former->id != 0) {
+        m_dropped.push_back(held.former->id);
+    }
+}
+
+template <class Self, class Action> void ColumnFile::forEachStored(Self& self, Action action) {
+    for (auto& [key, entry] : self.m_entries)
+        if (entry.table && !self.m_held.contains(key))
+            action(entry);
+    for (auto& [key, held] : self.m_held)
+        if (held.former && held.former->table)
+            action(*held.former);
 }
 
 std::shared_ptr<ColumnTable> ColumnFile::load(const Entry& entry) {
@@ -112,19 +148,17 @@ void ColumnFile::loadColumn(const ColumnTable& table, Column& column) {
 }
 
 bool ColumnFile::storePending() const {
-    if (!m_dropped.empty())
-        return true;
-    for (const auto& [key, entry] : m_entries) {
-        if (!entry.table)
-            continue;
-        if (entry.id == 0 || entry.table->shapeDirty)
-            return true;
-        for (const Column& column : entry.table->columns)
-            if (column.dictionaryReplaced || column.storedTexts != column.dictionary->size() ||
-                std::find(column.dirtyChunks.begin(), column.dirtyChunks.end(), true) != column.dirtyChunks.end())
-                return true;
-    }
-    return false;
+    bool pending = !m_dropped.empty();
+    forEachStored(*this, [&](const Entry& entry) { pending = pending || isPending(entry); });
+    return pending;
+}
+
+bool ColumnFile::isPending(const Entry& entry) {
+    const auto changed = [](const Column& column) {
+        return column.dictionaryReplaced || column.storedTexts != column.dictionary->size() ||
+               std::ranges::find(column.dirtyChunks, true) != column.dirtyChunks.end();
+    };
+    return entry.id == 0 || entry.table->shapeDirty || std::ranges::any_of(entry.table->columns, changed);
 }
 
 void ColumnFile::requireStoreTables() {
@@ -145,9 +179,7 @@ void ColumnFile::store() {
         requireStoreTables();
         for (const std::int64_t id : m_dropped)
             removeStored(id);
-        for (auto& [key, entry] : m_entries)
-            if (entry.table)
-                storeTable(entry);
+        forEachStored(*this, [this](Entry& entry) { storeTable(entry); });
         m_file->run("COMMIT");
     } catch (...) {
         for (std::int64_t* id : m_newIds)
@@ -159,9 +191,7 @@ void ColumnFile::store() {
     m_newIds.clear();
     m_hasStoreTables = true;
     m_dropped.clear();
-    for (auto& [key, entry] : m_entries) {
-        if (!entry.table)
-            continue;
+    forEachStored(*this, [](Entry& entry) {
         entry.id = entry.table->id;
         entry.table->shapeDirty = false;
         for (Column& column : entry.table->columns) {
@@ -169,7 +199,7 @@ void ColumnFile::store() {
             column.storedTexts = column.dictionary->size();
             column.dictionaryReplaced = false;
         }
-    }
+    });
 }
 
 /// Nothing of the failed store() stays in the file, nor open on it.

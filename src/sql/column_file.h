@@ -8,6 +8,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "sql/column.h"
@@ -26,6 +27,12 @@ class ColumnFile {
     void add(std::shared_ptr<ColumnTable> table);
     void drop(const std::string& name);
 
+    /// Sets a table aside, if there is one: while it is held it can be dropped and another of its name added, and
+    /// what is stored under the name still is the held one.
+    void hold(const std::string& name);
+    /// \param replaced  whether the table that now has the name stays; else the held one is back as if never dropped
+    void endHold(const std::string& name, bool replaced);
+
     bool storePending() const;
     /// \throws SqlError when the file cannot take it; everything then still is pending
     void store();
@@ -37,6 +44,14 @@ class ColumnFile {
         std::shared_ptr<ColumnTable> table;
     };
 
+    struct Held {
+        std::optional<Entry> former; // none: there was no such table
+        bool dropped = false;
+    };
+
+    /// Every table as the file is to have it: held ones in place of those that are being made.
+    template <class Self, class Action> static void forEachStored(Self& self, Action action);
+    static bool isPending(const Entry& entry);
     void readNames();
     std::shared_ptr<ColumnTable> load(const Entry& entry);
     void loadColumn(const ColumnTable& table, Column& column);
@@ -50,6 +65,7 @@ class ColumnFile {
 
     std::shared_ptr<SqliteFile> m_file;
     std::map<std::string, Entry> m_entries; // by folded name
+    std::map<std::string, Held> m_held;     // by folded name
     std::vector<std::int64_t> m_dropped;    // ids that the file still holds
     std::vector<std::int64_t*> m_newIds;    // given in the running store(): taken back when it fails
     bool m_hasStoreTables = false;

@@ -144,6 +144,16 @@ std::int64_t Database::evaluations() const {
     return m_store->evaluations();
 }
 
+TableHold::TableHold(Database& database, std::string_view table) {
+    const std::string name = bareName(table);
+    m_backend = database.m_store->keeperOf(name).hold(name);
+}
+TableHold::~TableHold() = default;
+
+void TableHold::release() {
+    m_backend->release();
+}
+
 Transaction::~Transaction() {
     if (!m_database)
         return;

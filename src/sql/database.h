@@ -177,8 +177,28 @@ class Database {
     std::int64_t evaluations() const;
 
   private:
+    friend class TableHold;
+
     std::shared_ptr<Store> m_store;
     Listener m_listener;
+};
+
+/// Keeps a combination table safe while statements drop it and make another of its name. Unless release() is called
+/// the former table is back at the end, every column of it, as if it had never gone. What is stored meanwhile is the
+/// former table. It keeps what is dropped: changes of a table that is not dropped stay.
+/// No Transaction begins in between, and a table is held once at a time.
+class TableHold {
+  public:
+    class Backend;
+    TableHold(Database& database, std::string_view table);
+    ~TableHold();
+    TableHold(const TableHold&) = delete;
+    TableHold& operator=(const TableHold&) = delete;
+    /// The new table is complete and takes the place of the former one.
+    void release();
+
+  private:
+    std::unique_ptr<Backend> m_backend;
 };
 
 /// Commits on commit(), rolls back when it is destroyed before.

@@ -35,6 +35,13 @@ class Recordset::Backend {
     virtual void remove(std::int64_t row) = 0;
 };
 
+/// Puts the former table back when it is destroyed before release().
+class TableHold::Backend {
+  public:
+    virtual ~Backend() = default;
+    virtual void release() = 0;
+};
+
 class TableExecutor {
   public:
     virtual ~TableExecutor() = default;
@@ -50,6 +57,7 @@ class TableExecutor {
                                const std::string& output, const RowKernel& kernel) = 0;
     virtual void computeColumns(const std::string& table, std::span<const std::string> inputs,
                                 std::span<const std::string> outputs, const BatchKernel& kernel) = 0;
+    virtual std::unique_ptr<TableHold::Backend> hold(const std::string& table) = 0;
 };
 
 /// Refuses changes: the record set of a SELECT.

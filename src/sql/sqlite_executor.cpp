@@ -389,4 +389,22 @@ void SqliteExecutor::appendRows(const std::string& table, const RowBlock& block)
     step.release();
 }
 
+namespace {
+
+class HeldBySavepoint final : public TableHold::Backend {
+  public:
+    explicit HeldBySavepoint(std::shared_ptr<SqliteFile> file) : m_file(std::move(file)), m_savepoint(*m_file) {}
+    void release() override { m_savepoint.release(); }
+
+  private:
+    std::shared_ptr<SqliteFile> m_file;
+    Savepoint m_savepoint;
+};
+
+} // namespace
+
+std::unique_ptr<TableHold::Backend> SqliteExecutor::hold(const std::string&) {
+    return std::make_unique<HeldBySavepoint>(m_file);
+}
+
 } // namespace sql

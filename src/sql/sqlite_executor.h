@@ -24,6 +24,7 @@ class SqliteExecutor final : public TableExecutor {
                        const RowKernel& kernel) override;
     void computeColumns(const std::string& table, std::span<const std::string> inputs,
                         std::span<const std::string> outputs, const BatchKernel& kernel) override;
+    std::unique_ptr<TableHold::Backend> hold(const std::string& table) override;
 
   private:
     void create(const std::string& table, const std::vector<ColumnDef>& columns);

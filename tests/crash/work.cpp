@@ -133,7 +133,7 @@ void Work::generate(std::mt19937& random) {
         input.chosen.reds.push_back(red);
     for (int blue = 0; blue < 4 + below(random, 3); ++blue)
         input.chosen.blues.push_back(blue + 1);
-    selection::generate(*m_workspace.dbFilnum, filter::shapeOf(member()), input);
+    selection::Enumeration(input).fill(*m_workspace.dbFilnum, filter::shapeOf(member()), nullptr);
 }
 
 void Work::addDraws(int count) {

@@ -5,6 +5,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "workspace/templates.h"
+
 namespace filter_test {
 
 ScratchFolder::ScratchFolder() {
@@ -34,12 +36,12 @@ void BenchTable::enumerate(int highest, const std::vector<int>& blues) {
         input.chosen.reds.push_back(red);
     input.chosen.blues.assign(blues.begin(), blues.end());
     input.Genreds = highest;
-    selection::generate(*database, filter::shapeOf(member), input);
+    selection::Enumeration(input).fill(*database, filter::shapeOf(member), nullptr);
     m_statements.clear();
 }
 
 void BenchTable::hold(const std::vector<std::vector<int>>& bets) {
-    database->execute(selection::createStatement(filter::shapeOf(member)));
+    database->execute(workspace::createCombinationTable(member.table));
     std::vector<std::vector<std::int32_t>> columns(8);
     sql::RowBlock block;
     for (std::size_t column = 0; column < 8; ++column) {

@@ -82,5 +82,36 @@ TEST(Catalogue, OnlyTheParametersOfAllSevenNumbersSaySo) {
         EXPECT_EQ(p.wholeBet, p.caption.starts_with("红蓝")) << p.option;
 }
 
+TEST(Catalogue, GroupsFollowEachOtherAsTheWindowShowsThem) {
+    std::string shown;
+    const Parameter* before = nullptr;
+    for (const Parameter& p : sixAndBlueCatalogue()) {
+        if (!before || before->group != p.group)
+            shown += std::string(before ? " | " : "") + std::string(groupCaption(p.group)) + ":";
+        shown += " " + std::string(p.caption);
+        before = &p;
+    }
+    EXPECT_EQ(shown,
+              "和值: 各码数和 各码和个位 个位数和 奇数之和 偶数之和 | 个数: 连号个数 偶数个数 大数个数 个位大数 "
+              "01~11区间 12~22区间 23~33区间 3整除个数 重上期个数 个位同号数 自定区间 | 位置: 红1位 红2位 红3位 "
+              "红4位 红5位 红6位 蓝球 | 差值: 最大差值 首尾差值 复杂度AC值 | 遗漏: 遗漏数和 遗漏极差 | 红蓝: "
+              "红蓝各位数和 红蓝偶数个数 红蓝大数个数 红蓝重上期个");
+}
+
+TEST(Catalogue, TheKindSaysWhatIsComparedAndWhetherPositionBoxesCount) {
+    for (const Parameter& p : sixAndBlueCatalogue()) {
+        const Kind kind = p.caption == "蓝球"           ? Kind::Blue
+                          : p.caption == "自定区间"     ? Kind::Interval
+                          : p.column.starts_with("fig") ? Kind::RedPosition
+                                                        : Kind::Value;
+        EXPECT_EQ(p.kind, kind) << p.option;
+        EXPECT_EQ(p.weighed, !p.isPosition()) << p.option;
+        EXPECT_EQ(p.place > 0 ? "fig" + std::to_string(p.place) : "", p.column) << p.option;
+        EXPECT_TRUE(p.counts.ends_with("。")) << p.option;
+        EXPECT_EQ(parameterAt(sixAndBlueCatalogue(), p.tick), &p);
+    }
+    EXPECT_EQ(parameterAt(sixAndBlueCatalogue(), 32), nullptr);
+}
+
 } // namespace
 } // namespace filter

@@ -10,6 +10,7 @@
 #include "filter/bench_table.h"
 #include "filter/draw_bits.h"
 #include "filter/history_match.h"
+#include "workspace/templates.h"
 
 namespace filter_test {
 namespace {
@@ -112,12 +113,12 @@ class RandomMatch {
         std::mt19937 random(m_statementSeed);
         const bool blue = random() % 3 != 0;
         const std::string_view name = blue ? "zuhe" : "zuheR";
-        db->execute(selection::createStatement({.table = name, .reds = 6, .blue = blue, .bankers = false}));
+        db->execute(workspace::createCombinationTable(name));
         fill(*db, name);
         for (const std::string& statement : disorder(random, name))
             sql::passOver(*db, statement);
         sql::Transaction together(*db); // SQLite waits for the disk after every statement otherwise
-        match({*db, name, history, 33}, filter, draws);
+        match({*db, name, history, 33, 6, blue}, filter, draws);
         together.commit();
         return contents(*db, name);
     }

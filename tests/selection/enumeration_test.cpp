@@ -286,22 +286,16 @@ TEST(CombinationCount, FollowsTheClosedForm) {
     EXPECT_EQ(combinationCount(6, 6), 1);
     EXPECT_EQ(combinationCount(5, 6), 0);
     EXPECT_EQ(combinationCount(8, 0), 1);
+    EXPECT_EQ(combinationCount(0, 0), 1);
+    EXPECT_EQ(combinationCount(2, 3), 0);
     EXPECT_EQ(combinationCount(8, -1), 1);
 }
 
-TEST(CreateStatement, NamesTheColumnsOfEachTable) {
-    EXPECT_EQ(createStatement(kWithBlue),
-              "CREATE TABLE [zuhe]([idx] integer,[fig1] integer,[fig2] integer,[fig3] integer,[fig4] integer,[fig5] "
-              "integer,[fig6] integer,[fig7] integer,[canshu] integer,[Numstring] string,[SKnum] integer,[JSqihao] "
-              "long,[Fliter] string,[unslt] Bit,[preunslt] Bit,[tmpunslt] bit,[Gpslt] bit,[Errnum] integer)");
-    EXPECT_EQ(createStatement(kRedsOnly),
-              "CREATE TABLE [zuheR]([idx] integer,[fig1] integer,[fig2] integer,[fig3] integer,[fig4] integer,[fig5] "
-              "integer,[fig6] integer,[canshu] integer,[Numstring] string,[SKnum] integer,[JSqihao] long,[Fliter] "
-              "string,[unslt] Bit,[preunslt] Bit,[tmpunslt] bit,[Gpslt] bit,[Errnum] integer)");
-    EXPECT_EQ(createStatement(kSevenReds),
-              "CREATE TABLE [zuhef]([idx] integer,[fig1] integer,[fig2] integer,[fig3] integer,[fig4] integer,[fig5] "
-              "integer,[fig6] integer,[fig7] integer,[canshu] integer,[Numstring] string,[Fliter] string,[unslt] "
-              "Bit,[preunslt] Bit,[tmpunslt] bit,[Gpslt] bit)");
+TEST(CombinationCount, FollowsPascalsTriangle) {
+    for (int all = 1; all <= 38; ++all)
+        for (int taken = 1; taken < all; ++taken)
+            EXPECT_EQ(combinationCount(all, taken),
+                      combinationCount(all - 1, taken - 1) + combinationCount(all - 1, taken));
 }
 
 } // namespace

@@ -323,18 +323,6 @@ TEST(Pad, ANarrowerRuleTakesItsNumbersOffThePad) {
     EXPECT_EQ(pad.Redcnt, 2);
 }
 
-TEST(Pad, CombinationsFollowPascalsTriangle) {
-    EXPECT_EQ(Pad::combinations(33, 6), 1'107'568);
-    EXPECT_EQ(Pad::combinations(7, 0), 1);
-    EXPECT_EQ(Pad::combinations(0, 0), 1);
-    EXPECT_EQ(Pad::combinations(2, 3), 0);
-    EXPECT_EQ(Pad::combinations(5, -1), 1);
-    for (int all = 1; all <= 38; ++all)
-        for (int taken = 1; taken < all; ++taken)
-            EXPECT_EQ(Pad::combinations(all, taken),
-                      Pad::combinations(all - 1, taken - 1) + Pad::combinations(all - 1, taken));
-}
-
 /// The pad, slowly: nothing but ordered lists of numbers.
 struct SlowPad {
     int reds;
