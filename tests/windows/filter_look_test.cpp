@@ -1,5 +1,6 @@
 // What the filter window shows of a press: headline, steps, marks of rows; and what the keyboard does in its table.
 #include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -7,6 +8,7 @@
 
 #include "filter/windows/row_controls.h"
 #include "filter/windows/step_list.h"
+#include "toolkit/colours.h"
 #include "toolkit/grid_cell.h"
 #include "toolkit/head_line.h"
 #include "toolkit/segments.h"
@@ -179,6 +181,7 @@ TEST_F(FilterWindowLookTest, AllRowsFitTheSmallestUsefulWindowAndGrowWithIt) {
     m_window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
     QApplication::processEvents();
+    EXPECT_EQ(m_window->width(), 1264) << "it shrinks in one go";
     EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
     part<QLineEdit>(u"Text21(6)"_s).setFocus();
     EXPECT_FALSE(part<PressButton>(u"Option34"_s).visibleRegion().isEmpty()) << "the focus is brought into sight";
@@ -190,6 +193,17 @@ TEST_F(FilterWindowLookTest, ANameTellsWhatItCountsAndThePastInItsRange) {
     EXPECT_TRUE(tip.startsWith(u"蓝球号码。"_s)) << tip.toStdString();
     EXPECT_TRUE(tip.contains(u"上期 6"_s)) << tip.toStdString();
     EXPECT_TRUE(tip.contains(u"历史各期落在 7~99 之内的有 0.0 %"_s)) << tip.toStdString();
+}
+
+TEST_F(FilterWindowLookTest, ColoursFollowThePalette) {
+    auto& tick = part<QCheckBox>(u"ChkBt(1)"_s);
+    EXPECT_EQ(tick.palette().color(QPalette::WindowText), toolkit::colours(false).red);
+    QPalette dark = m_window->palette();
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    m_window->setPalette(dark);
+    EXPECT_EQ(tick.palette().color(QPalette::WindowText), toolkit::colours(true).red);
+    EXPECT_EQ(part<QLabel>(u"ModeExplains"_s).palette().color(QPalette::WindowText), toolkit::colours(true).quiet);
 }
 
 TEST_F(FilterWindowLookTest, ASegmentShowsItsTextUpToTheBracketAndKeepsIt) {

@@ -24,6 +24,7 @@ constexpr int kIdleMs = 600;
 constexpr int kLatestMs = 2000;
 constexpr QSize kUsefulSize{1264, 762}; // fills a work area of 1280 x 800 with its frame and title
 constexpr int kMargin = 8;
+constexpr int kFirst = 1000; // stretch: these columns take their widest before the grid grows
 // Widths of the window and of its first two columns: they grow evenly from the one to the other.
 constexpr struct { int window, table, middle; } kNarrow{1280, 442, 236}, kWide{1920, 640, 300};
 
@@ -87,11 +88,11 @@ void FilterWindow::layOut() {
     auto* line = new QHBoxLayout(this);
     line->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     line->setSpacing(kMargin);
-    line->addWidget(m_table);
-    line->addWidget(m_middle);
+    line->addWidget(m_table, kFirst);
+    line->addWidget(m_middle, kFirst);
     line->addWidget(m_results, 1);
-    m_table->setFixedWidth(kNarrow.table);
-    m_middle->setFixedWidth(kNarrow.middle);
+    m_table->setMinimumWidth(kNarrow.table);
+    m_middle->setMinimumWidth(kNarrow.middle);
 }
 
 QWidget* FilterWindow::buildMiddle() {
@@ -107,8 +108,8 @@ QWidget* FilterWindow::buildMiddle() {
 }
 
 void FilterWindow::resizeEvent(QResizeEvent* event) {
-    m_table->setFixedWidth(between(kNarrow.table, kWide.table, width()));
-    m_middle->setFixedWidth(between(kNarrow.middle, kWide.middle, width()));
+    m_table->setMaximumWidth(between(kNarrow.table, kWide.table, width()));
+    m_middle->setMaximumWidth(between(kNarrow.middle, kWide.middle, width()));
     QDialog::resizeEvent(event);
 }
 

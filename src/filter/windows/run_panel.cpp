@@ -1,5 +1,6 @@
 #include "filter/windows/run_panel.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QVBoxLayout>
 
@@ -33,16 +34,34 @@ RunPanel::RunPanel(const FilterMember& member, QWidget* parent) : Card(u"RunCard
     buildKeep();
     if (member.features.weights)
         buildPositions(member);
+    applyColours();
 }
 
 QLabel* RunPanel::makeCaption(const QString& name, const QString& caption) {
     auto* label = new QLabel(caption, this);
     label->setObjectName(name);
-    label->setForegroundRole(QPalette::PlaceholderText);
-    QPalette quiet = label->palette();
-    quiet.setColor(QPalette::PlaceholderText, toolkit::colours(palette()).quiet);
-    label->setPalette(quiet);
+    m_captions << label;
     return label;
+}
+
+void RunPanel::applyColours() {
+    const toolkit::Colours& look = toolkit::colours(palette());
+    const auto dye = [](QWidget* widget, const QColor& ink) {
+        QPalette own;
+        own.setColor(QPalette::WindowText, ink);
+        widget->setPalette(own);
+    };
+    for (QLabel* caption : m_captions)
+        dye(caption, look.quiet);
+    for (std::size_t position = 1; position < m_positions.size(); ++position)
+        if (m_positions[position])
+            dye(m_positions[position], position == 7 ? look.blue : look.red);
+}
+
+void RunPanel::changeEvent(QEvent* event) {
+    Card::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        applyColours();
 }
 
 void RunPanel::buildModes() {
@@ -123,15 +142,11 @@ void RunPanel::buildPositions(const FilterMember& member) {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(0);
     grid->setVerticalSpacing(2);
-    const auto& look = toolkit::colours(palette());
     for (int position = 1; position <= (member.blue ? 7 : 6); ++position) {
         auto* tick = new QCheckBox(position == 7 ? u"蓝球"_s : u"红%1"_s.arg(position), group);
         tick->setObjectName(indexedName(u"ChkBt"_s, position));
         tick->setToolTip(u"彩色参数是否按照所选位计算过滤"_s);
         tick->setChecked(true);
-        QPalette ink = tick->palette();
-        ink.setColor(QPalette::WindowText, position == 7 ? look.blue : look.red);
-        tick->setPalette(ink);
         grid->addWidget(tick, (position - 1) / kColumns, (position - 1) % kColumns);
         m_positions[static_cast<std::size_t>(position)] = tick;
     }

@@ -26,12 +26,18 @@ class RunPanel : public toolkit::Card {
     void modePressed(filter::Mode mode);
     void keepClicked();
 
+  protected:
+    void changeEvent(QEvent* event) override;
+
   private:
+    void applyColours();
     void buildModes();
     void buildKeep();
     void buildPositions(const FilterMember& member);
     void chooseMode(Mode mode);
     QLabel* makeCaption(const QString& name, const QString& caption);
+
+    QList<QLabel*> m_captions;
 
     toolkit::Segment* m_range = nullptr;
     toolkit::Segment* m_mean = nullptr;
