@@ -22,10 +22,11 @@ struct GridColumn {
     bool isText = false; ///< stands at the left, heading too; numbers stand in the middle
 };
 
-/// A view: its rows and the heading of each column.
+/// A view: its rows, the heading of each column, and in a view of all rows whether each is out.
 struct View {
     sql::Rows rows;
     std::vector<GridColumn> columns;
+    sql::Rows states{}; ///< unslt of the same rows; empty where all rows are in play
 };
 
 class ResultView {

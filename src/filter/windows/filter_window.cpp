@@ -1,16 +1,13 @@
 #include "filter/windows/filter_window.h"
 
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollArea>
-#include <QScrollBar>
+#include <QVBoxLayout>
 
 #include "filter/windows/parameter_table.h"
 #include "filter/windows/result_panel.h"
 #include "filter/windows/run_panel.h"
+#include "filter/windows/step_list.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/messages.h"
 #include "workspace/failure.h"
@@ -26,6 +23,15 @@ constexpr int kIdleMs = 600;
 // However quickly one press follows another: at the latest this long after the first of them all are stored.
 constexpr int kLatestMs = 2000;
 constexpr QSize kUsefulSize{1264, 762}; // fills a work area of 1280 x 800 with its frame and title
+constexpr int kMargin = 8;
+constexpr int kFirst = 1000; // stretch: these columns take their widest before the grid grows
+// Widths of the window and of its first two columns: they grow evenly from the one to the other.
+constexpr struct { int window, table, middle; } kNarrow{1280, 442, 236}, kWide{1920, 640, 300};
+
+int between(int narrow, int wide, int window) {
+    return narrow + (wide - narrow) * (std::clamp(window, kNarrow.window, kWide.window) - kNarrow.window) /
+                        (kWide.window - kNarrow.window);
+}
 
 const QString kStillThere = u"结果仍在程序中，没有丢失；请排除原因后再操作一次，程序会重新写入。"_s;
 
@@ -37,10 +43,9 @@ QString text(std::string_view utf8) {
 
 FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& context, QWidget* parent)
     : QDialog(parent, Qt::Window), m_member(member), m_context(context),
-      m_run({context.dbFilnum, member.table, context.history, context.Bitnum}),
-      m_states(context.dbFilnum, member.table), m_view(context.dbFilnum, m_member),
-      m_table(new ParameterTable(member.catalogue(), this)), m_panel(new RunPanel(member.blue, this)),
-      m_results(new ResultPanel(this)) {
+      m_session(member, {context.dbFilnum, context.history, context.Bitnum, context.Baoliu}),
+      m_table(new ParameterTable(member.catalogue(), this)), m_panel(new RunPanel(member, this)),
+      m_steps(new StepList(this)), m_results(new ResultPanel(member, this)) {
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
@@ -52,13 +57,25 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
         timer->setInterval(wait);
         connect(timer, &QTimer::timeout, this, &FilterWindow::storeNow);
     }
+    connectParts();
+    for (const Parameter& parameter : member.catalogue())
+        showPast(parameter);
+}
+
+void FilterWindow::connectParts() {
     connect(m_table, &ParameterTable::parameterPressed, this, &FilterWindow::press);
-    connect(m_panel, &RunPanel::modePressed, this, &FilterWindow::changeMode);
+    connect(m_table, &ParameterTable::rangeEdited, this, &FilterWindow::showPast);
+    connect(m_panel, &RunPanel::modePressed, this, [this](Mode mode) { m_table->showLists(mode == Mode::List); });
     connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::setBaoliu);
+    connect(m_results, &ResultPanel::stepWanted, this, &FilterWindow::run);
     connect(m_results, &ResultPanel::rowDoubleClicked, this, &FilterWindow::toggleRow);
+    connect(m_results, &ResultPanel::reasonsWanted, this, [this] {
+        const toolkit::BusyCursor busy;
+        m_results->show(m_session.reasons(), ResultPanel::Shows::Reasons);
+    });
     connect(m_results, &ResultPanel::pageWanted, this, [this] {
         const toolkit::BusyCursor busy;
-        m_results->show(m_view.page(m_results->pageNumber()));
+        m_results->show(m_session.page(m_results->pageNumber()), ResultPanel::Shows::Page);
     });
 }
 
@@ -67,134 +84,81 @@ FilterWindow::~FilterWindow() {
 }
 
 void FilterWindow::layOut() {
-    m_tableArea = new QScrollArea(this);
-    m_tableArea->setObjectName(u"ParameterRows"_s);
-    m_tableArea->setWidgetResizable(true);
-    m_tableArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_tableArea->setWidget(m_table);
-    fitTableArea();
-
+    m_middle = buildMiddle();
     auto* line = new QHBoxLayout(this);
-    line->setContentsMargins(8, 8, 8, 8);
-    line->addWidget(m_tableArea);
-    line->addWidget(buildMiddle());
+    line->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    line->setSpacing(kMargin);
+    line->addWidget(m_table, kFirst);
+    line->addWidget(m_middle, kFirst);
     line->addWidget(m_results, 1);
-}
-
-void FilterWindow::changeMode(Mode mode) {
-    m_table->showLists(mode == Mode::List);
-    fitTableArea();
-}
-
-/// The columns that list mode shows make the table wider: its area follows.
-void FilterWindow::fitTableArea() {
-    m_table->layout()->activate();
-    m_tableArea->setFixedWidth(m_table->minimumSizeHint().width() +
-                               m_tableArea->verticalScrollBar()->sizeHint().width() + 4);
+    m_table->setMinimumWidth(kNarrow.table);
+    m_middle->setMinimumWidth(kNarrow.middle);
 }
 
 QWidget* FilterWindow::buildMiddle() {
-    auto* content = new QWidget(this);
-    auto* column = new QVBoxLayout(content);
+    auto* middle = new QWidget(this);
+    auto* column = new QVBoxLayout(middle);
     column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(kMargin);
     column->addWidget(m_panel);
-    column->addWidget(buildReasonChoice());
-    addStateButtons(column);
-    column->addStretch();
-    auto* area = new QScrollArea(this);
-    area->setObjectName(u"RunControls"_s);
-    area->setFrameShape(QFrame::NoFrame);
-    area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    area->setWidget(content);
-    area->setFixedWidth(content->minimumSizeHint().width() + 2);
-    return area;
+    auto* steps = new toolkit::Card(u"StepCard"_s, u"步骤"_s, middle);
+    steps->body().addWidget(m_steps, 1);
+    column->addWidget(steps, 1);
+    return middle;
 }
 
-QWidget* FilterWindow::buildReasonChoice() {
-    auto* box = new QGroupBox(u"过滤缘故显示"_s, this);
-    box->setObjectName(u"FrameReasons"_s);
-    auto* column = new QVBoxLayout(box);
-    auto* left = new QRadioButton(u"过滤剩余"_s, box);
-    left->setObjectName(u"optZzuhe(0)"_s);
-    left->setChecked(true);
-    auto* all = new QRadioButton(u"所有组合(含被过滤)显示"_s, box);
-    all->setObjectName(u"optZzuhe(1)"_s);
-    column->addWidget(left);
-    column->addWidget(all);
-    connect(all, &QRadioButton::clicked, this, [this] {
-        const toolkit::BusyCursor busy;
-        m_results->show(m_view.reasons());
-    });
-    return box;
+void FilterWindow::resizeEvent(QResizeEvent* event) {
+    m_table->setMaximumWidth(between(kNarrow.table, kWide.table, width()));
+    m_middle->setMaximumWidth(between(kNarrow.middle, kWide.middle, width()));
+    QDialog::resizeEvent(event);
 }
 
-QPushButton* FilterWindow::makeButton(const QString& name, const QString& caption, const QString& toolTip) {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setToolTip(toolTip);
-    button->setAutoDefault(false);
-    return button;
+void FilterWindow::showPast(const Parameter& parameter) {
+    m_table->showPast(parameter, m_session.lastValue(parameter), m_session.pastShare(parameter, state()));
 }
 
-void FilterWindow::addStateButtons(QVBoxLayout* column) {
-    const struct {
-        QString name, caption, toolTip;
-        void (RowStates::*operation)() const;
-    } buttons[] = {
-        {u"Command1"_s, u"全部复位(&S)"_s, u"回收所有被滤掉的组合"_s, &RowStates::resetAll},
-        {u"cmdRetn"_s, u"上次过滤复位(&T)"_s, u"回收上次过滤被滤掉的组合"_s, &RowStates::restoreLast},
-        {u"Command2"_s, u"全部组号反选(&U)"_s, u"反选所有被滤掉的组合"_s, &RowStates::invertAll},
-        {u"Command3"_s, u"上一步过滤反选(&R)"_s, u"反选上次被滤掉的组合"_s, &RowStates::invertLast},
-    };
-    for (const auto& row : buttons) {
-        QPushButton* button = makeButton(row.name, row.caption, row.toolTip);
-        column->addWidget(button);
-        connect(button, &QPushButton::clicked, this, [this, operation = row.operation] { changeStates(operation); });
-    }
-    QPushButton* print = makeButton(u"CmdPrint"_s, u"打印预览(&P)"_s, {});
-    print->setEnabled(false); // there is no print preview in this program yet
-    column->addWidget(print);
-}
-
-void FilterWindow::load(selection::GenerationInput& input, const selection::Progress& progress) {
+bool FilterWindow::load(selection::BetSource& source, workspace::Progress* progress) {
     const toolkit::BusyCursor busy;
-    const selection::Generated generated =
-        selection::generate(m_context.dbFilnum, shapeOf(m_member), input, progress);
-    m_results->show(m_view.generated());
-    setWindowTitle(QString::fromStdString(m_view.title(generated.announced)));
+    const Outcome outcome = m_session.generate(source, progress);
+    showOutcome(outcome);
     scheduleStore();
+    return !outcome.cancelled;
+}
+
+WindowState FilterWindow::state() const {
+    WindowState state;
+    m_panel->read(state);
+    m_table->read(state);
+    return state;
 }
 
 void FilterWindow::press(const Parameter& parameter) {
-    const toolkit::BusyCursor busy;
-    m_table->markUsed(parameter);
-    RunSettings settings = m_panel->settings();
-    settings.Baoliu = m_context.Baoliu;
-    m_table->readInterval(settings);
-    m_run.press(parameter, m_table->input(parameter), settings);
-    showCounted(parameter.column.empty() ? m_view.inPlay(parameter.gridTitle) : m_view.inPlay());
-    scheduleStore();
+    m_table->markRun(parameter);
+    run(Press{&parameter});
 }
 
-void FilterWindow::changeStates(void (RowStates::*operation)() const) {
+Outcome FilterWindow::run(const Step& step) {
     const toolkit::BusyCursor busy;
-    (m_states.*operation)();
-    showCounted(m_view.inPlay());
+    Outcome outcome = m_session.run(step, state());
+    showOutcome(outcome);
     scheduleStore();
+    return outcome;
 }
 
 void FilterWindow::toggleRow(int row) {
-    const Toggled toggled = m_states.toggle(m_results->indexText(row).toStdString());
-    if (row >= 0 && toggled != Toggled::NotFound)
-        m_results->setGrey(row, toggled == Toggled::TakenOut);
-    setWindowTitle(QString::fromStdString(m_view.title(m_view.countInPlay())));
-    scheduleStore();
+    const Outcome outcome = run(Toggle{m_results->indexText(row).toStdString()});
+    if (row >= 0 && outcome.toggled != Toggled::NotFound)
+        m_results->setGrey(row, outcome.toggled == Toggled::TakenOut);
 }
 
-void FilterWindow::showCounted(View view) {
-    m_results->show(std::move(view));
-    setWindowTitle(QString::fromStdString(m_view.title(m_results->shownRows())));
+void FilterWindow::showOutcome(const Outcome& outcome) {
+    if (outcome.refill)
+        m_results->show(outcome.view, ResultPanel::Shows::Left);
+    const auto& steps = m_session.steps();
+    m_results->tell(outcome, m_session.total(),
+                    steps.empty() ? QString() : QString::fromStdString(steps.back().what));
+    m_steps->show(steps);
+    setWindowTitle(QString::fromStdString(m_session.title()));
 }
 
 void FilterWindow::setBaoliu() {

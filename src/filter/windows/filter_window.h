@@ -1,21 +1,17 @@
 // A filter window of the family: the parameters at the left, what steers a run in the middle, the bets at the right.
 //
-// Order: construct, load() (the generator) or showTable(), then show. Every press runs its statements at once behind
-// the hourglass and shows what is left. What a press changed reaches the file when the window has been idle for a
-// moment, at the latest two seconds after it, and always before it closes.
+// It runs nothing itself: it reads its controls into a WindowState, hands steps to its Session and shows what came of
+// them. Order: construct, load(), then show. Every press runs at once behind the hourglass and shows what is left.
+// What a press changed reaches the file when the window has been idle for a moment, at the latest two seconds after
+// it, and always before it closes.
 #pragma once
 
 #include <QDialog>
 #include <QTimer>
 
-#include "filter/member.h"
-#include "filter/parameter_run.h"
-#include "filter/result_view.h"
-#include "filter/row_states.h"
+#include "filter/session.h"
 #include "toolkit/window_place.h"
 
-class QPushButton;
-class QScrollArea;
 class QVBoxLayout;
 
 namespace filter {
@@ -23,6 +19,7 @@ namespace filter {
 class ParameterTable;
 class ResultPanel;
 class RunPanel;
+class StepList;
 
 /// What a filter window works on; all of it outlives the window.
 struct FilterContext {
@@ -40,42 +37,42 @@ class FilterWindow : public QDialog {
     FilterWindow(const FilterMember& member, const FilterContext& context, QWidget* parent = nullptr);
     ~FilterWindow() override;
 
-    /// The load step: drops, makes and fills the table, then shows it. Clears input.Multirows.
-    void load(selection::GenerationInput& input, const selection::Progress& progress = {});
+    /// The load step: the source fills the table (or leaves it), then the table is shown.
+    /// \return false when it was given up: the table is the former one, and there is nothing to open
+    bool load(selection::BetSource& source, workspace::Progress* progress = nullptr);
     /// Writes what presses have changed to the file, if anything. A failure is told once for the same changes.
     void storeNow();
     void done(int result) override;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void layOut();
     QWidget* buildMiddle();
-    QWidget* buildReasonChoice();
-    void addStateButtons(QVBoxLayout* column);
-    QPushButton* makeButton(const QString& name, const QString& caption, const QString& toolTip);
+    void connectParts();
 
-    void changeMode(Mode mode);
-    void fitTableArea();
     void press(const Parameter& parameter);
-    void changeStates(void (RowStates::*operation)() const);
+    /// Runs a step behind the hourglass and shows what came of it.
+    Outcome run(const Step& step);
     void toggleRow(int row);
-    void showCounted(View view);
+    void showOutcome(const Outcome& outcome);
+    WindowState state() const;
+    void showPast(const Parameter& parameter);
     void setBaoliu();
     void scheduleStore();
 
     const FilterMember& m_member;
     FilterContext m_context;
-    ParameterRun m_run;
-    RowStates m_states;
-    ResultView m_view;
+    Session m_session;
     QTimer m_idle;              ///< started anew by each press
     QTimer m_latest;            ///< started by the first press that is not stored yet
     bool m_failureTold = false; ///< that what is pending could not be stored
     ParameterTable* m_table;
-    QScrollArea* m_tableArea = nullptr;
     RunPanel* m_panel;
+    StepList* m_steps;
+    QWidget* m_middle = nullptr; ///< the column of m_panel and m_steps
     ResultPanel* m_results;
 };
 

@@ -1,21 +1,26 @@
 #include "filter/windows/parameter_table.h"
 
-#include <QLabel>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QVBoxLayout>
 
 #include "filter/parameter_run.h"
+#include "filter/windows/table_rows.h"
+#include "toolkit/colours.h"
 
 using namespace Qt::StringLiterals;
 
 namespace filter {
 namespace {
 
-constexpr int kLineHeight = 21; // 33 lines with their gaps fit a work area of 1280 x 800
-constexpr int kNumberWidth = 38;
-constexpr int kListWidth = 96;
-constexpr int kPeriodWidth = 74;
+constexpr int kTitleHeight = 30;
+constexpr int kHeadHeight = 22;
 constexpr int kMostPeriod = 200; // draws; the boxes offer 10, 20, … up to this
-
-enum Column { kTick, kCaption, kLow, kHigh, kOdd, kEven, kCounts, kLists, kPeriod };
+constexpr qreal kCorner = 6;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -23,229 +28,345 @@ QString text(std::string_view utf8) {
 std::string utf8(const QLineEdit* box) {
     return box ? box->text().toStdString() : std::string();
 }
-
-void keepHeights(QGridLayout* layout, int lines) {
-    for (int line = 0; line < lines; ++line)
-        layout->setRowMinimumHeight(line, kLineHeight);
-    layout->setRowStretch(lines, 1);
+bool isTicked(const QCheckBox* box) {
+    return box && box->isChecked();
+}
+void fill(QLineEdit* box, const std::string& content) {
+    if (box)
+        box->setText(QString::fromStdString(content));
+}
+void tick(QCheckBox* box, bool on) {
+    if (box)
+        box->setChecked(on);
 }
 
 } // namespace
 
 ParameterTable::ParameterTable(std::span<const Parameter> catalogue, QWidget* parent)
-    : QWidget(parent), m_grid(new QGridLayout(this)) {
-    const int lines = static_cast<int>(catalogue.size()) + 1;
-    m_grid->setContentsMargins(4, 2, 4, 2);
-    m_grid->setHorizontalSpacing(3);
-    m_grid->setVerticalSpacing(1);
-    keepHeights(m_grid, lines);
-    m_counts = makeFrame(u"Frame11"_s, kCounts, lines, &m_countGrid);
-    m_lists = makeFrame(u"Frame13"_s, kLists, lines, &m_listGrid);
-    buildHeads();
-    m_rows.reserve(catalogue.size());
-    int line = 1;
+    : QWidget(parent), m_area(new QScrollArea(this)) {
+    m_rows = new TableRows(catalogue, m_area);
+    m_rows->rows().reserve(catalogue.size());
     for (const Parameter& parameter : catalogue)
-        buildRow(parameter, line++);
-    m_grid->setColumnStretch(kPeriod + 1, 1);
+        buildRow(parameter);
     orderTabs();
+    m_area->setObjectName(u"ParameterRows"_s);
+    m_area->setFrameShape(QFrame::NoFrame);
+    m_area->setFocusPolicy(Qt::NoFocus);
+    m_area->setWidgetResizable(true);
+    m_area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_area->setWidget(m_rows);
+    m_area->viewport()->setAutoFillBackground(false);
+    m_rows->setAutoFillBackground(false);
     showLists(false);
+    write(defaultState(catalogue));
 }
 
-QFrame* ParameterTable::makeFrame(const QString& name, int column, int lines, QGridLayout** layout) {
-    auto* frame = new QFrame(this);
-    frame->setObjectName(name);
-    *layout = new QGridLayout(frame);
-    (*layout)->setContentsMargins(0, 0, 0, 0);
-    (*layout)->setVerticalSpacing(m_grid->verticalSpacing());
-    keepHeights(*layout, lines);
-    m_grid->addWidget(frame, 0, column, lines + 1, 1);
-    return frame;
-}
-
-void ParameterTable::buildHeads() {
-    const struct {
-        int column;
-        QString heading;
-    } heads[] = {{kCaption, u"参数"_s}, {kLow, u"下限"_s}, {kHigh, u"上限"_s}, {kPeriod, u"检索期数"_s}};
-    const auto label = [this](const QString& heading) {
-        auto* head = new QLabel(heading, this);
-        head->setObjectName(u"Head"_s + heading);
-        head->setAlignment(Qt::AlignCenter);
-        head->setFixedHeight(kLineHeight);
-        QFont bold = head->font();
-        bold.setBold(true);
-        head->setFont(bold);
-        return head;
-    };
-    for (const auto& head : heads)
-        m_grid->addWidget(label(head.heading), 0, head.column);
-    m_grid->addWidget(label(u"奇偶/区间"_s), 0, kOdd, 1, 2);
-    m_countGrid->addWidget(label(u"个数"_s), 0, 0);
-    m_listGrid->addWidget(label(u"最值表"_s), 0, 0);
-}
-
-QLineEdit* ParameterTable::makeBox(const QString& name, const QString& content, const QString& accessible, int width,
-                                   QWidget* parent) {
+QLineEdit* ParameterTable::makeBox(const QString& name, const QString& accessible, QWidget* parent) {
     auto* box = new KeyedEdit(kNumberKeys.toString(), parent);
     box->setObjectName(name);
-    box->setText(content);
     box->setAccessibleName(accessible);
-    box->setFixedHeight(kLineHeight);
-    box->setFixedWidth(width);
+    box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return box;
 }
 
-void ParameterTable::buildRow(const Parameter& parameter, int line) {
-    Row row;
+void ParameterTable::buildRow(const Parameter& parameter) {
+    TableRow row;
     row.parameter = &parameter;
-    row.tick = new TickBox(text(parameter.caption), this);
+    row.tick = new TickBox(text(parameter.caption), m_rows);
     row.tick->setObjectName(indexedName(u"Check1"_s, parameter.tick));
-    row.tick->setFixedHeight(kLineHeight);
-    m_grid->addWidget(row.tick, line, kTick, Qt::AlignCenter);
-
-    row.option = new PressButton(text(parameter.caption), this);
-    row.option->setObjectName(text(parameter.option));
-    row.option->setFixedHeight(kLineHeight);
-    if (parameter.weighed)
-        row.option->markColoured();
-    m_grid->addWidget(row.option, line, kCaption);
-    connect(row.option, &PressButton::pressedAnyhow, this, [this, &parameter] { emit parameterPressed(parameter); });
-
-    buildRange(row, line);
+    buildName(row);
+    buildRange(row);
     if (parameter.oddBox >= 0)
-        buildParity(row, line);
+        buildParity(row);
     if (parameter.isInterval())
-        buildInterval(row, line);
+        buildInterval(row);
     else
-        buildLists(row, line);
+        buildLists(row);
     if (parameter.period >= 0)
-        buildPeriod(row, line);
-    m_rows.push_back(row);
+        buildPeriod(row);
+    for (QWidget* control : row.controls())
+        if (control)
+            control->installEventFilter(this);
+    m_rows->rows().push_back(row);
 }
 
-void ParameterTable::buildRange(Row& row, int line) {
+void ParameterTable::buildName(TableRow& row) {
+    const Parameter& parameter = *row.parameter;
+    row.name = new PressButton(text(parameter.caption), m_rows);
+    row.name->setObjectName(text(parameter.option));
+    row.name->setToolTip(text(parameter.counts));
+    if (parameter.weighed)
+        row.name->markColoured();
+    connect(row.name, &PressButton::pressedAnyhow, this, [this, &parameter] { emit parameterPressed(parameter); });
+}
+
+void ParameterTable::buildRange(TableRow& row) {
     const Parameter& p = *row.parameter;
     const QString family = text(p.boxes.name);
     const QString caption = text(p.caption);
-    row.low = makeBox(indexedName(family, p.boxes.low), QString::number(p.defaults.low), caption + u" 下限"_s,
-                      kNumberWidth, this);
-    row.high = makeBox(indexedName(family, p.boxes.high), QString::number(p.defaults.high), caption + u" 上限"_s,
-                       kNumberWidth, this);
-    m_grid->addWidget(row.low, line, kLow);
-    m_grid->addWidget(row.high, line, kHigh);
+    row.low = makeBox(indexedName(family, p.boxes.low), caption + u" 下限"_s, m_rows);
+    row.high = makeBox(indexedName(family, p.boxes.high), caption + u" 上限"_s, m_rows);
+    for (const QLineEdit* box : {row.low, row.high})
+        connect(box, &QLineEdit::textChanged, this, [this, &p] { emit rangeEdited(p); });
 }
 
-void ParameterTable::buildParity(Row& row, int line) {
+void ParameterTable::buildParity(TableRow& row) {
     const Parameter& p = *row.parameter;
-    const auto make = [&](const QString& caption, int index, int column) {
-        auto* box = new QCheckBox(caption, this);
+    const auto make = [&](const QString& caption, int index) {
+        auto* box = new QCheckBox(caption, m_rows);
         box->setObjectName(indexedName(u"Check2"_s, index));
         box->setAccessibleName(text(p.caption) + u" "_s + caption);
-        box->setFixedHeight(kLineHeight);
-        m_grid->addWidget(box, line, column, Qt::AlignCenter);
         return box;
     };
-    row.odd = make(u"奇"_s, p.oddBox, kOdd);
-    row.even = make(u"偶"_s, p.oddBox + 1, kEven);
+    row.odd = make(u"奇"_s, p.oddBox);
+    row.even = make(u"偶"_s, p.oddBox + 1);
 }
 
-void ParameterTable::buildInterval(const Row& row, int line) {
-    const QString family = text(row.parameter->boxes.name);
-    m_intervalAbove = makeBox(indexedName(family, 3), u"0"_s, u"区间下端（不含）"_s, kNumberWidth, this);
-    m_intervalTo = makeBox(indexedName(family, 2), u"9"_s, u"区间上端（含）"_s, kNumberWidth, this);
-    m_intervalAbove->setToolTip(m_intervalAbove->accessibleName());
-    m_intervalTo->setToolTip(m_intervalTo->accessibleName());
-    m_pickedNumbers = makeBox(u"TxtZdqj"_s, {}, u"指定号码"_s, kListWidth, m_lists);
-    m_grid->addWidget(m_intervalAbove, line, kOdd);
-    m_grid->addWidget(m_intervalTo, line, kEven);
-    m_listGrid->addWidget(m_pickedNumbers, line, 0);
+void ParameterTable::buildInterval(TableRow& row) {
+    const Boxes& boxes = row.parameter->boxes;
+    const QString family = text(boxes.name);
+    row.above = makeBox(indexedName(family, boxes.above), u"区间下端（不含）"_s, m_rows);
+    row.to = makeBox(indexedName(family, boxes.to), u"区间上端（含）"_s, m_rows);
+    row.above->setToolTip(row.above->accessibleName());
+    row.to->setToolTip(row.to->accessibleName());
+    row.picked = makeBox(u"TxtZdqj"_s, u"指定号码"_s, m_rows);
+    row.picked->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 
-void ParameterTable::buildLists(Row& row, int line) {
+void ParameterTable::buildLists(TableRow& row) {
     const Parameter& p = *row.parameter;
     const QString family = text(p.boxes.name);
     const QString caption = text(p.caption);
-    row.count = makeBox(indexedName(family, p.boxes.count), QString::number(p.defaults.count), caption + u" 个数"_s,
-                        kNumberWidth, m_counts);
-    row.list = makeBox(indexedName(family, p.boxes.list), {}, caption + u" 最值表"_s, kListWidth, m_lists);
-    m_countGrid->addWidget(row.count, line, 0);
-    m_listGrid->addWidget(row.list, line, 0);
+    row.count = makeBox(indexedName(family, p.boxes.count), caption + u" 个数"_s, m_rows->counts());
+    row.list = makeBox(indexedName(family, p.boxes.list), caption + u" 最值表"_s, m_rows->lists());
+    row.list->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    connect(row.list, &QLineEdit::textChanged, row.list, &QWidget::setToolTip);
 }
 
-void ParameterTable::buildPeriod(Row& row, int line) {
-    auto* box = new QComboBox(this);
+void ParameterTable::buildPeriod(TableRow& row) {
+    auto* box = new QuietCombo(m_rows);
     box->setObjectName(indexedName(u"Combo1"_s, row.parameter->period));
     box->addItem(u"前所有期"_s, 0);
     for (int draws = 10; draws <= kMostPeriod; draws += 10)
         box->addItem(u"前%1期"_s.arg(draws), draws);
     box->setPlaceholderText(u"所有期"_s);
     box->setCurrentIndex(-1);
-    box->setToolTip(u"选择检索期数范围来检索历史号码参数最值或均值差幅自动设置过滤条件"_s);
+    box->setToolTip(u"选择检索期数范围来检索历史号码参数最值或均值差幅自动设置过滤条件\n还需历史号码检索功能"_s);
     box->setAccessibleName(text(row.parameter->caption) + u" 检索期数"_s);
-    box->setFixedSize(kPeriodWidth, kLineHeight);
     box->setEnabled(false); // the search through the history that it starts is not in this program yet
-    m_grid->addWidget(box, line, kPeriod);
     row.period = box;
 }
 
 void ParameterTable::orderTabs() {
     QWidget* last = nullptr;
-    const auto follow = [&last](QWidget* next) {
-        if (!next)
-            return;
-        if (last)
-            setTabOrder(last, next);
-        last = next;
-    };
-    for (const Row& row : m_rows) {
-        const bool interval = row.parameter->isInterval();
-        for (QWidget* control : {static_cast<QWidget*>(row.tick), static_cast<QWidget*>(row.option),
-                                 static_cast<QWidget*>(row.low), static_cast<QWidget*>(row.high)})
-            follow(control);
-        follow(interval ? static_cast<QWidget*>(m_intervalAbove) : row.odd);
-        follow(interval ? static_cast<QWidget*>(m_intervalTo) : row.even);
-        follow(row.count);
-        follow(interval ? m_pickedNumbers : row.list);
-        follow(row.period);
-    }
+    for (const TableRow& row : m_rows->rows())
+        for (QWidget* next : row.controls()) {
+            if (!next)
+                continue;
+            if (last)
+                setTabOrder(last, next);
+            last = next;
+        }
 }
 
-const ParameterTable::Row* ParameterTable::rowOf(const Parameter& parameter) const {
-    for (const Row& row : m_rows)
+TableRow* ParameterTable::rowOf(const Parameter& parameter) {
+    for (TableRow& row : m_rows->rows())
         if (row.parameter == &parameter)
             return &row;
     return nullptr;
 }
 
-RowInput ParameterTable::input(const Parameter& parameter) const {
-    const Row* row = rowOf(parameter);
-    if (!row)
-        return {};
-    return {utf8(row->low), utf8(row->high), utf8(row->list), row->odd && row->odd->isChecked(),
-            row->even && row->even->isChecked()};
-}
-
-void ParameterTable::readInterval(RunSettings& settings) const {
-    settings.intervalAbove = utf8(m_intervalAbove);
-    settings.intervalTo = utf8(m_intervalTo);
-    settings.pickedNumbers = utf8(m_pickedNumbers);
-}
-
-void ParameterTable::showLists(bool shown) {
-    m_counts->setVisible(shown);
-    m_lists->setVisible(shown);
-    for (const Row& row : m_rows) {
+void ParameterTable::read(WindowState& state) const {
+    for (const TableRow& row : m_rows->rows()) {
+        state.row(*row.parameter) = {.low = utf8(row.low),
+                                     .high = utf8(row.high),
+                                     .count = utf8(row.count),
+                                     .list = utf8(row.list),
+                                     .odd = isTicked(row.odd),
+                                     .even = isTicked(row.even),
+                                     .ticked = isTicked(row.tick),
+                                     .period = row.period ? row.period->currentIndex() : -1};
         if (!row.parameter->isInterval())
             continue;
-        const QString caption = text(shown ? kPickedNumbersCaption : row.parameter->caption);
-        row.option->setText(caption);
-        row.tick->setText(caption);
+        state.intervalAbove = utf8(row.above);
+        state.intervalTo = utf8(row.to);
+        state.pickedNumbers = utf8(row.picked);
     }
 }
 
-void ParameterTable::markUsed(const Parameter& parameter) {
-    if (const Row* row = rowOf(parameter))
-        row->option->markUsed();
+void ParameterTable::write(const WindowState& state) {
+    for (const TableRow& row : m_rows->rows()) {
+        const RowState& given = state.row(*row.parameter);
+        fill(row.low, given.low);
+        fill(row.high, given.high);
+        fill(row.count, given.count);
+        fill(row.list, given.list);
+        tick(row.odd, given.odd);
+        tick(row.even, given.even);
+        tick(row.tick, given.ticked);
+        if (row.period)
+            row.period->setCurrentIndex(given.period);
+        fill(row.above, state.intervalAbove);
+        fill(row.to, state.intervalTo);
+        fill(row.picked, state.pickedNumbers);
+    }
+}
+
+void ParameterTable::showLists(bool shown) {
+    m_lists = shown;
+    m_rows->showLists(shown);
+    for (const TableRow& row : m_rows->rows()) {
+        if (!row.parameter->isInterval())
+            continue;
+        const QString caption = text(shown ? kPickedNumbersCaption : row.parameter->caption);
+        row.name->setText(caption);
+        row.tick->setText(caption);
+    }
+    update();
+}
+
+void ParameterTable::markRun(const Parameter& parameter) {
+    for (const TableRow& row : m_rows->rows()) {
+        const bool run = row.parameter == &parameter;
+        row.name->setChecked(run);
+        if (run)
+            row.name->markUsed();
+    }
+}
+
+void ParameterTable::showPast(const Parameter& parameter, std::optional<int> last, std::optional<double> share) {
+    TableRow* row = rowOf(parameter);
+    if (!row)
+        return;
+    row->last = last;
+    row->share = share;
+    QStringList lines{text(parameter.counts)};
+    if (last)
+        lines << u"上期 %1"_s.arg(*last);
+    if (share)
+        lines << u"历史各期落在 %1~%2 之内的有 %3 %"_s.arg(row->low->text(), row->high->text())
+                     .arg(*share * 100, 0, 'f', 1);
+    row->name->setToolTip(lines.join(u'\n'));
+    m_rows->update();
+}
+
+/// Up and down go to the same kind of control in the next row that has one, and press nothing.
+bool ParameterTable::moveFrom(const QWidget* control, int step) {
+    const std::vector<TableRow>& rows = m_rows->rows();
+    const int count = static_cast<int>(rows.size());
+    for (int row = 0; row < count; ++row) {
+        const auto here = rows[static_cast<std::size_t>(row)].controls();
+        const auto at = std::find(here.begin(), here.end(), control);
+        if (at == here.end())
+            continue;
+        for (int next = row + step; next >= 0 && next < count; next += step) {
+            QWidget* target =
+                rows[static_cast<std::size_t>(next)].controls()[static_cast<std::size_t>(at - here.begin())];
+            if (!target || !target->isVisible() || !target->isEnabled())
+                continue;
+            target->setFocus(step < 0 ? Qt::BacktabFocusReason : Qt::TabFocusReason);
+            m_area->ensureWidgetVisible(target, 0, 0);
+            return true;
+        }
+        return true; // the first or the last: it stays
+    }
+    return false;
+}
+
+void ParameterTable::pressRowOf(const QWidget* control) {
+    for (const TableRow& row : m_rows->rows()) {
+        const auto controls = row.controls();
+        if (std::find(controls.begin(), controls.end(), control) != controls.end())
+            emit parameterPressed(*row.parameter);
+    }
+}
+
+bool ParameterTable::eventFilter(QObject* watched, QEvent* event) {
+    auto* control = qobject_cast<QWidget*>(watched);
+    if (!control || qobject_cast<QComboBox*>(control))
+        return false;
+    if (event->type() == QEvent::FocusIn) {
+        m_area->ensureWidgetVisible(control, 0, 0);
+        return false;
+    }
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const auto* pressed = static_cast<QKeyEvent*>(event);
+    const bool box = qobject_cast<QLineEdit*>(control);
+    switch (pressed->key()) {
+    case Qt::Key_Up:
+        return moveFrom(control, -1);
+    case Qt::Key_Down:
+        return moveFrom(control, 1);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (box && !pressed->isAutoRepeat())
+            pressRowOf(control);
+        return box;
+    default:
+        return false;
+    }
+}
+
+void ParameterTable::fitRows() {
+    const QRect inner = rect().adjusted(1, kTitleHeight + kHeadHeight, -1, -1);
+    m_area->setGeometry(inner);
+    m_rows->place(inner.width(), inner.height());
+    if (m_rows->height() > inner.height())
+        m_rows->place(inner.width() - m_area->verticalScrollBar()->sizeHint().width(), inner.height());
+}
+
+void ParameterTable::resizeEvent(QResizeEvent*) {
+    fitRows();
+}
+
+void ParameterTable::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const toolkit::Colours& look = toolkit::colours(palette());
+    const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    painter.setPen(look.line);
+    painter.setBrush(look.card);
+    painter.drawRoundedRect(frame, kCorner, kCorner);
+    painter.fillRect(QRect(1, kTitleHeight, width() - 2, kHeadHeight), look.head);
+
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setPen(look.text);
+    painter.setFont(bold);
+    const QRect title(11, 0, width() - 22, kTitleHeight);
+    painter.drawText(title, Qt::AlignLeft | Qt::AlignVCenter, u"参数"_s);
+    painter.setFont(font());
+    painter.setPen(look.quiet);
+    painter.drawText(title.adjusted(QFontMetrics(bold).horizontalAdvance(u"参数"_s) + 10, 0, 0, 0),
+                     Qt::AlignLeft | Qt::AlignVCenter, u"按下名称即过滤"_s);
+
+    paintHeads(painter);
+}
+
+void ParameterTable::paintHeads(QPainter& painter) const {
+    const ColumnPlaces& at = m_rows->columns();
+    painter.setPen(toolkit::colours(palette()).text);
+    const auto head = [&](int left, int right, Qt::Alignment side, const QString& caption) {
+        painter.drawText(QRect(left + 1, kTitleHeight, right - left, kHeadHeight), side | Qt::AlignVCenter, caption);
+    };
+    const auto over = [&](const Span& span, const QString& caption) {
+        head(span.left, span.left + span.width, Qt::AlignHCenter, caption);
+    };
+    head(at.band.left + 9, at.name.left, Qt::AlignLeft, u"勾选"_s);
+    head(at.name.left + 7, at.low.left, Qt::AlignLeft, u"参数"_s);
+    if (m_lists) {
+        over(at.count, u"个数"_s);
+        head(at.list.left + 4, at.period.left, Qt::AlignLeft, u"最值表"_s);
+    } else {
+        over(at.low, u"下限"_s);
+        over(at.high, u"上限"_s);
+        head(at.odd.left, at.period.left, Qt::AlignLeft, u"奇偶/区间"_s);
+    }
+    head(at.period.left + 2, at.last.left, Qt::AlignLeft, u"检索期数"_s);
+    over(at.last, u"上期"_s);
+    if (at.share.width > 0)
+        head(at.share.left, at.share.left + at.share.width, Qt::AlignLeft, u"历史占比"_s);
 }
 
 } // namespace filter

@@ -1,21 +1,26 @@
-// The dense table of a filter window: one row a parameter with its tick, option button, range, parity or interval,
-// count, list and period, in aligned columns.
+// The dense table of a filter window: one row a parameter with its tick, name, range, parity or interval, count,
+// list, period and last value, in aligned columns and titled groups, under headings that stay.
 //
-// It is built from the catalogue. The count boxes stand in Frame11 and the lists in Frame13, two columns that show
-// only in list mode; they keep the row heights of the table, so that their boxes stay in line. A press on a parameter
-// comes out as a signal; the boxes are read when a run asks for them.
+// It is built from the catalogue. The count boxes stand in Frame11 and the lists in Frame13, which take the place of
+// range and parity in list mode. A press on a name, or Enter in a box of its row, comes out as a signal; the boxes
+// are read when a run asks for them. Arrows move from row to row and press nothing.
 #pragma once
 
+#include <optional>
 #include <vector>
 
-#include <QComboBox>
-#include <QGridLayout>
 #include <QWidget>
 
-#include "filter/catalogue.h"
+#include "filter/window_state.h"
 #include "filter/windows/row_controls.h"
+#include "filter/windows/row_places.h"
+
+class QScrollArea;
 
 namespace filter {
+
+class TableRows;
+struct TableRow;
 
 class ParameterTable : public QWidget {
     Q_OBJECT
@@ -23,53 +28,45 @@ class ParameterTable : public QWidget {
   public:
     ParameterTable(std::span<const Parameter> catalogue, QWidget* parent);
 
-    /// What the boxes of a row hold now.
-    RowInput input(const Parameter& parameter) const;
-    /// Puts the interval's ends and the picked numbers into `settings`.
-    void readInterval(RunSettings& settings) const;
-    /// Shows or hides counts, lists and picked numbers, and titles the interval parameter.
+    /// Puts what the rows hold into `state`.
+    void read(WindowState& state) const;
+    /// Fills the rows with `state`.
+    void write(const WindowState& state);
+    /// Shows counts, lists and picked numbers in the place of ranges, or hides them; titles the interval parameter.
     void showLists(bool shown);
-    void markUsed(const Parameter& parameter);
+    /// Marks a parameter as used, and as the one that was run last.
+    void markRun(const Parameter& parameter);
+    /// What past draws say of a row, for its last column and its tool tip.
+    void showPast(const Parameter& parameter, std::optional<int> last, std::optional<double> share);
 
   signals:
     void parameterPressed(const filter::Parameter& parameter);
+    void rangeEdited(const filter::Parameter& parameter);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
-    struct Row {
-        const Parameter* parameter = nullptr;
-        TickBox* tick = nullptr;
-        PressButton* option = nullptr;
-        QLineEdit* low = nullptr;
-        QLineEdit* high = nullptr;
-        QLineEdit* count = nullptr;
-        QLineEdit* list = nullptr;
-        QCheckBox* odd = nullptr;
-        QCheckBox* even = nullptr;
-        QComboBox* period = nullptr;
-    };
-
-    void buildHeads();
-    void buildRow(const Parameter& parameter, int line);
-    void buildRange(Row& row, int line);
-    void buildParity(Row& row, int line);
-    void buildInterval(const Row& row, int line);
-    void buildLists(Row& row, int line);
-    void buildPeriod(Row& row, int line);
+    void buildRow(const Parameter& parameter);
+    void buildName(TableRow& row);
+    void buildRange(TableRow& row);
+    void buildParity(TableRow& row);
+    void buildInterval(TableRow& row);
+    void buildLists(TableRow& row);
+    void buildPeriod(TableRow& row);
     void orderTabs();
-    QLineEdit* makeBox(const QString& name, const QString& text, const QString& accessible, int width,
-                       QWidget* parent);
-    QFrame* makeFrame(const QString& name, int column, int lines, QGridLayout** layout);
-    const Row* rowOf(const Parameter& parameter) const;
+    QLineEdit* makeBox(const QString& name, const QString& accessible, QWidget* parent);
+    void fitRows();
+    void paintHeads(QPainter& painter) const;
+    TableRow* rowOf(const Parameter& parameter);
+    bool moveFrom(const QWidget* control, int rows);
+    void pressRowOf(const QWidget* control);
 
-    QGridLayout* m_grid;
-    QFrame* m_counts = nullptr; ///< Frame11
-    QFrame* m_lists = nullptr;  ///< Frame13
-    QGridLayout* m_countGrid = nullptr;
-    QGridLayout* m_listGrid = nullptr;
-    QLineEdit* m_intervalAbove = nullptr;
-    QLineEdit* m_intervalTo = nullptr;
-    QLineEdit* m_pickedNumbers = nullptr;
-    std::vector<Row> m_rows;
+    TableRows* m_rows;
+    QScrollArea* m_area;
+    bool m_lists = false; ///< whether lists stand in the place of ranges
 };
 
 } // namespace filter

@@ -1,7 +1,10 @@
 #include "filter/windows/result_panel.h"
 
-#include <QHBoxLayout>
+#include <utility>
+
 #include <QHeaderView>
+#include <QLabel>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "base/number_text.h"
@@ -14,64 +17,195 @@ namespace {
 
 constexpr int kTwipsPerPixel = 15;
 constexpr int kHeadingPadding = 10; // pixels left and right of a heading, together
+constexpr int kRowHeight = 22;
+constexpr int kTickRoom = 22; // in front of the numbers, where a view has marks
+// Widths with no reason beside them, in which eight columns and a value fill the grid of a window of 1280 pixels.
+constexpr int kIndexWidth = 84;
+constexpr int kRedWidth = 48;
+constexpr int kBlueWidth = 56;
+constexpr int kValueWidth = 100;
+
+const QString kAdvice = u"没有剩余组合：“上次过滤复位”可退回一步"_s;
 
 } // namespace
 
-ResultPanel::ResultPanel(QWidget* parent)
-    : QWidget(parent), m_model(new RowsModel(this)), m_grid(new toolkit::DataGrid(this)),
-      m_page(new KeyedEdit(kDigitKeys.toString(), this)), m_turn(new QPushButton(u"翻页(&U)"_s, this)) {
+ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
+    : Card(u"ResultCard"_s, {}, parent), m_head(new toolkit::HeadLine(this)), m_model(new RowsModel(member, this)),
+      m_grid(new toolkit::DataGrid(this)), m_page(new KeyedEdit(kDigitKeys.toString(), this)) {
+    m_head->setObjectName(u"HeadLine"_s);
+    body().addWidget(m_head);
+    body().addLayout(buildStates());
+    body().addLayout(buildShown(member));
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"组合"_s);
     m_grid->setModel(m_model);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_grid->setFrameShape(QFrame::NoFrame);
+    m_grid->verticalHeader()->setDefaultSectionSize(std::max(kRowHeight, fontMetrics().height() + 2));
+    body().addWidget(m_grid, 1);
+    body().addLayout(buildPaging());
+    connectGrid(member);
+}
+
+QHBoxLayout* ResultPanel::buildStates() {
+    using Look = toolkit::FlatButton::Look;
+    const auto make = [this](const QString& name, const QString& caption, const QString& toolTip, Look look,
+                             const Step& step) {
+        auto* button = new toolkit::FlatButton(caption, look, this);
+        button->setObjectName(name);
+        button->setToolTip(toolTip);
+        connect(button, &QPushButton::clicked, this, [this, step] { emit stepWanted(step); });
+        return button;
+    };
+    auto* reset = make(u"Command1"_s, u"全部复位(&S)"_s, u"回收所有被滤掉的组合"_s, Look::Plain, ResetAll{});
+    auto* restore =
+        make(u"cmdRetn"_s, u"上次过滤复位(&T)"_s, u"回收上次过滤被滤掉的组合"_s, Look::Plain, RestoreLast{});
+    auto* invert = make(u"Command2"_s, u"全部组号反选(&U)"_s, u"反选所有被滤掉的组合"_s, Look::Step, InvertAll{});
+    auto* invertLast =
+        make(u"Command3"_s, u"上一步过滤反选(&R)"_s, u"反选上次被滤掉的组合"_s, Look::Step, InvertLast{});
+    auto* line = new QHBoxLayout;
+    line->setSpacing(6);
+    line->addLayout(toolkit::joined<toolkit::FlatButton>({reset, restore}));
+    line->addLayout(toolkit::joined<toolkit::FlatButton>({invert, invertLast}));
+    line->addStretch();
+    return line;
+}
+
+QHBoxLayout* ResultPanel::buildShown(const FilterMember& member) {
+    auto* line = new QHBoxLayout;
+    if (member.features.reasons) {
+        auto* caption = new QLabel(u"过滤缘故显示"_s, this);
+        caption->setObjectName(u"FrameReasonsHeading"_s);
+        auto* group = new QWidget(this);
+        group->setObjectName(u"FrameReasons"_s);
+        auto* left = new toolkit::Segment(u"过滤剩余"_s, group);
+        left->setObjectName(u"optZzuhe(0)"_s);
+        left->setChecked(true);
+        auto* all = new toolkit::Segment(u"所有组合(含被过滤)显示"_s, group);
+        all->setObjectName(u"optZzuhe(1)"_s);
+        all->showWhole();
+        auto* pair = toolkit::joined<toolkit::Segment>({left, all});
+        pair->setContentsMargins(0, 0, 0, 0);
+        group->setLayout(pair);
+        connect(all, &QRadioButton::clicked, this, &ResultPanel::reasonsWanted);
+        line->addWidget(caption);
+        line->addWidget(group);
+    }
+    line->addStretch();
+    auto* print = new toolkit::FlatButton(u"打印预览(&P)"_s, toolkit::FlatButton::Look::Plain, this);
+    print->setObjectName(u"CmdPrint"_s);
+    print->setToolTip(u"还需打印预览功能"_s);
+    print->setEnabled(false); // there is no print preview in this program yet
+    line->addWidget(print);
+    return line;
+}
+
+QHBoxLayout* ResultPanel::buildPaging() {
+    auto* caption = new QLabel(u"页"_s, this);
+    caption->setObjectName(u"PageHeading"_s);
     m_page->setObjectName(u"Text1"_s);
     m_page->setAccessibleName(u"页号"_s);
     m_page->setText(u"1"_s);
-    m_page->setMaximumWidth(80);
-    m_turn->setObjectName(u"Command111"_s);
-    m_turn->setAutoDefault(false);
+    m_page->setAlignment(Qt::AlignRight);
+    m_page->setFixedSize(50, 24);
+    auto* turn = new toolkit::FlatButton(u"翻页(&U)"_s, toolkit::FlatButton::Look::Plain, this);
+    turn->setObjectName(u"Command111"_s);
+    connect(turn, &QPushButton::clicked, this, &ResultPanel::pageWanted);
+    connect(m_page, &QLineEdit::returnPressed, this, &ResultPanel::pageWanted);
+    auto* line = new QHBoxLayout;
+    line->addStretch();
+    line->addWidget(caption);
+    line->addWidget(m_page);
+    line->addWidget(turn);
+    return line;
+}
 
-    auto* paging = new QHBoxLayout;
-    paging->addStretch();
-    paging->addWidget(m_page);
-    paging->addWidget(m_turn);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(m_grid, 1);
-    column->addLayout(paging);
-
-    connect(m_turn, &QPushButton::clicked, this, &ResultPanel::pageWanted);
+void ResultPanel::connectGrid(const FilterMember& member) {
+    QHeaderView* header = m_grid->horizontalHeader();
+    connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (!m_applying)
+            m_dragged[column] = width;
+    });
+    if (!member.features.doubleClick)
+        return;
     connect(m_grid, &toolkit::DataGrid::doubleClicked, this, [this](const QModelIndex& cell) {
         m_grid->setCurrentIndex(m_model->index(cell.row(), 0));
         emit rowDoubleClicked(cell.row());
     });
-    connect(m_grid->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        if (!m_applying)
-            m_dragged[column] = width;
-    });
-    connect(m_grid->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
-            [this] { emit rowDoubleClicked(-1); });
+    connect(header, &QHeaderView::sectionDoubleClicked, this, [this] { emit rowDoubleClicked(-1); });
 }
 
-void ResultPanel::show(View view) {
+void ResultPanel::show(View view, Shows shows) {
+    m_shows = shows;
     m_applying = true; // the header resizes columns of its own when their count changes
     m_model->show(std::move(view));
+    m_grid->setEmptyText(shows == Shows::Page ? u"这一页没有剩余组合：换一个页号，或按任一过滤看全部剩余"_s
+                         : shows == Shows::Left ? kAdvice
+                                                : u"没有组合：先在组合排列里生成"_s);
     m_grid->scrollToTop();
     applyWidths();
     m_applying = false;
+    m_head->tellShown(shows == Shows::Reasons ? u"全部含缘故"_s : shows == Shows::Page ? u"剩余的一页"_s : u"剩余"_s);
+}
+
+void ResultPanel::tell(const Outcome& outcome, std::int64_t total, const QString& step) {
+    m_head->tell({.total = total,
+                  .left = outcome.left,
+                  .taken = outcome.taken,
+                  .step = step,
+                  .ms = outcome.ms,
+                  .shows = m_head->shown(),
+                  .advice = total > 0 ? kAdvice : u"没有组合：先在组合排列里生成"_s});
+}
+
+int ResultPanel::wishedWidth(std::size_t column) const {
+    const View& view = m_model->view();
+    const GridColumn& told = view.columns[column];
+    const int heading =
+        m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(told.heading));
+    const int width = std::max(told.widthTwips / kTwipsPerPixel, heading + kHeadingPadding);
+    if (m_shows == Shows::Reasons)
+        return column == 0 ? width + kTickRoom : width;
+    switch (m_model->styleOf(static_cast<int>(column))) {
+    case toolkit::CellStyle::Plain:
+        return std::max(width, kIndexWidth);
+    case toolkit::CellStyle::Red:
+        return std::max(width, kRedWidth);
+    case toolkit::CellStyle::Blue:
+        return std::max(width, kBlueWidth);
+    default:
+        return std::max(width, kValueWidth);
+    }
+}
+
+// A reason takes what is left, a value gives way to what the columns before it need.
+int ResultPanel::fittedLast(int wished, int room) const {
+    const GridColumn& last = m_model->view().columns.back();
+    if (last.isText)
+        return std::max(wished, room);
+    const int heading =
+        m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(last.heading));
+    return std::min(wished, std::max({room, heading + kHeadingPadding, last.widthTwips / kTwipsPerPixel}));
 }
 
 void ResultPanel::applyWidths() {
+    const bool before = std::exchange(m_applying, true);
+    int room = m_grid->width() - m_grid->verticalScrollBar()->sizeHint().width();
     const auto& columns = m_model->view().columns;
-    for (int column = 0; column < static_cast<int>(columns.size()); ++column) {
-        const GridColumn& told = columns[static_cast<std::size_t>(column)];
-        const int heading =
-            m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(told.heading));
-        const auto dragged = m_dragged.find(column);
-        m_grid->setColumnWidth(column, dragged != m_dragged.end()
-                                           ? dragged->second
-                                           : std::max(told.widthTwips / kTwipsPerPixel, heading + kHeadingPadding));
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        const auto dragged = m_dragged.find(static_cast<int>(column));
+        int width = dragged != m_dragged.end() ? dragged->second : wishedWidth(column);
+        if (column + 1 == columns.size() && dragged == m_dragged.end())
+            width = fittedLast(width, room);
+        m_grid->setColumnWidth(static_cast<int>(column), width);
+        room -= width;
     }
+    m_applying = before;
+}
+
+void ResultPanel::resizeEvent(QResizeEvent* event) {
+    Card::resizeEvent(event);
+    applyWidths();
 }
 
 QString ResultPanel::indexText(int row) const {

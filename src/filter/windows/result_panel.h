@@ -1,47 +1,67 @@
-// The right of a filter window: the grid of bets and its paging.
+// The right of a filter window: the headline, the buttons that undo and invert, the grid of bets and its paging.
 #pragma once
 
 #include <map>
 
 #include <QLineEdit>
-#include <QPushButton>
-#include <QWidget>
+#include <QRadioButton>
 
+#include "filter/session.h"
 #include "filter/windows/rows_model.h"
+#include "toolkit/card.h"
 #include "toolkit/data_grid.h"
+#include "toolkit/head_line.h"
+#include "toolkit/segments.h"
 
 namespace filter {
 
-class ResultPanel : public QWidget {
+class ResultPanel : public toolkit::Card {
     Q_OBJECT
 
   public:
-    explicit ResultPanel(QWidget* parent);
+    ResultPanel(const FilterMember& member, QWidget* parent);
 
-    void show(View view);
+    /// Which rows a view holds, for the headline.
+    enum class Shows { Left, Reasons, Page };
+    void show(View view, Shows shows);
     using QWidget::show;
-    std::int64_t shownRows() const { return m_model->view().rows.count(); }
+    /// What the last step left and did. \param step  its words, empty for the opening of the table
+    void tell(const Outcome& outcome, std::int64_t total, const QString& step);
+
     /// Text of the number cell of a row; of the heading for -1.
     QString indexText(int row) const;
+    /// A row was taken out or put back by hand.
     void setGrey(int row, bool grey) { m_model->setGrey(row, grey); }
     /// The page number that the box holds.
     double pageNumber() const;
 
   signals:
+    void stepWanted(const filter::Step& step);
+    void reasonsWanted();
     void pageWanted();
     /// \param row  row of the grid, -1 for the headings
     void rowDoubleClicked(int row);
 
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
   private:
+    QHBoxLayout* buildStates();
+    QHBoxLayout* buildShown(const FilterMember& member);
+    QHBoxLayout* buildPaging();
+    void connectGrid(const FilterMember& member);
+    int wishedWidth(std::size_t column) const;
+    int fittedLast(int wished, int room) const;
     /// A column that the user has dragged keeps his width from view to view.
     void applyWidths();
 
+    toolkit::HeadLine* m_head;
     RowsModel* m_model;
     toolkit::DataGrid* m_grid;
     QLineEdit* m_page;
+    Shows m_shows = Shows::Left;
     std::map<int, int> m_dragged; ///< widths by column
     bool m_applying = false;
-    QPushButton* m_turn;
 };
 
 } // namespace filter

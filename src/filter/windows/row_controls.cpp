@@ -2,15 +2,34 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QRegularExpressionValidator>
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
-#include "toolkit/look.h"
+#include "toolkit/colours.h"
 
 using namespace Qt::StringLiterals;
 
 namespace filter {
+
+namespace {
+
+constexpr qreal kCorner = 3;
+constexpr int kCaptionLeft = 7;
+constexpr qreal kDot = 6;
+constexpr int kDotRoom = 12; // the dot and its margins, right of the longest caption
+constexpr int kChevronRoom = 14;
+
+void paintFocus(QPainter& painter, const QRect& control, const toolkit::Colours& look) {
+    painter.save();
+    painter.setPen(QPen(look.focus, 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(control).adjusted(1, 1, -1, -1), kCorner - 1, kCorner - 1);
+    painter.restore();
+}
+
+} // namespace
 
 QString indexedName(const QString& name, int index) {
     return u"%1(%2)"_s.arg(name).arg(index);
@@ -29,56 +48,122 @@ void TickBox::paintEvent(QPaintEvent*) {
     painter.drawControl(QStyle::CE_CheckBox, option);
 }
 
-void PressButton::setGround(const QColor& colour) {
-    QPalette tinted = palette();
-    tinted.setColor(QPalette::AlternateBase, colour); // the mark itself is drawn with Base and Button
-    setPalette(tinted);
-    setBackgroundRole(QPalette::AlternateBase);
-    setAutoFillBackground(true);
+PressButton::PressButton(const QString& caption, QWidget* parent) : QAbstractButton(parent) {
+    setText(caption);
+    setCheckable(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_Hover);
 }
 
 void PressButton::markColoured() {
-    setGround(toolkit::isDark(palette()) ? QColor(58, 52, 40) : QColor(255, 243, 219));
+    m_coloured = true;
+    update();
 }
 
 void PressButton::markUsed() {
-    if (toolkit::isDark(palette()))
-        setGround(QColor(214, 222, 255)); // pure blue cannot be read on a dark ground
-    QPalette used = palette();
-    used.setColor(QPalette::Base, Qt::white); // the mark: a dark one without a dot would look chosen there
-    used.setColor(QPalette::WindowText, QColor(0, 0, 255));
-    setPalette(used);
+    m_used = true;
+    update();
+}
+
+QSize PressButton::sizeHint() const {
+    return {fontMetrics().horizontalAdvance(text()) + kCaptionLeft + kDotRoom, fontMetrics().height()};
 }
 
 void PressButton::act() {
     setFocus();
-    setChecked(true);
+    repaint(); // a long run follows: the press is seen at once
     emit pressedAnyhow();
 }
 
 void PressButton::mousePressEvent(QMouseEvent* event) {
     event->accept();
+    m_held = true;
     act();
+}
+
+void PressButton::mouseDoubleClickEvent(QMouseEvent* event) {
+    event->accept();
 }
 
 void PressButton::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
+    m_held = false;
+    update();
 }
 
 void PressButton::keyPressEvent(QKeyEvent* event) {
     const int key = event->key();
     if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter) {
-        QRadioButton::keyPressEvent(event);
+        event->ignore(); // arrows belong to the table
         return;
     }
     if (!event->isAutoRepeat())
         act();
 }
 
+void PressButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const toolkit::Colours& look = toolkit::colours(palette());
+    const bool lit = isChecked() || underMouse();
+    painter.setPen(lit || m_held ? look.accentText : m_coloured ? look.warmEdge : look.capEdge);
+    painter.setBrush(m_held ? look.tintDeep : lit ? look.tint : m_coloured ? look.warm : look.head);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+    if (hasFocus())
+        paintFocus(painter, rect(), look);
+    painter.setPen(m_used ? look.used : look.text);
+    painter.drawText(rect().adjusted(kCaptionLeft, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, text());
+    if (!m_used)
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look.used);
+    painter.drawEllipse(QRectF(width() - 5 - kDot, (height() - kDot) / 2, kDot, kDot));
+}
+
 KeyedEdit::KeyedEdit(const QString& allowed, QWidget* parent) : QLineEdit(parent) {
     setMaxLength(kLongestText);
     setValidator(new QRegularExpressionValidator(QRegularExpression(allowed), this));
+    setFrame(false);
+    QPalette clear = palette();
+    clear.setBrush(QPalette::Base, Qt::NoBrush); // the ground is painted here, with round corners
+    setPalette(clear);
     connect(this, &QLineEdit::inputRejected, this, [] { QApplication::beep(); });
+}
+
+void KeyedEdit::paintEvent(QPaintEvent* event) {
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const toolkit::Colours& look = toolkit::colours(palette());
+        painter.setPen(isEnabled() ? look.edge : look.line);
+        painter.setBrush(isEnabled() ? look.field : Qt::transparent);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+        if (hasFocus())
+            paintFocus(painter, rect(), look);
+    }
+    QLineEdit::paintEvent(event);
+}
+
+void QuietCombo::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const toolkit::Colours& look = toolkit::colours(palette());
+    const bool chosen = currentIndex() > 0;
+    if (isEnabled() && (underMouse() || hasFocus())) {
+        painter.setPen(look.edge);
+        painter.setBrush(look.field);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+    }
+    if (hasFocus())
+        paintFocus(painter, rect(), look);
+    const QColor ink = !isEnabled() ? look.off : chosen ? look.text : look.quiet;
+    painter.setPen(ink);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawText(rect().adjusted(2, 0, -kChevronRoom, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                     currentIndex() < 0 ? placeholderText() : currentText());
+    const QPointF tip(width() - kChevronRoom / 2.0, height() / 2.0 + 2);
+    painter.setPen(QPen(ink, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF{tip + QPointF(-3, -3), tip, tip + QPointF(3, -3)});
 }
 
 } // namespace filter

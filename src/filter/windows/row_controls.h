@@ -1,9 +1,9 @@
-// The small controls of a parameter's row: tick, option button, number box.
+// The small controls of a parameter's row: tick, name, number box, period.
 #pragma once
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLineEdit>
-#include <QRadioButton>
 
 namespace filter {
 
@@ -23,29 +23,42 @@ class TickBox : public QCheckBox {
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// An option button that acts on the press itself, whichever mouse button it is; space and enter act like a left
-/// press.
-class PressButton : public QRadioButton {
+/// The name of a parameter as the thing to press. It acts on the press itself, whichever mouse button it is; space
+/// and enter act like a left press, and the second press of a double click does nothing: it would take the step back
+/// out of reach. It is checked while its parameter is the one that was run last.
+class PressButton : public QAbstractButton {
     Q_OBJECT
 
   public:
-    using QRadioButton::QRadioButton;
-    /// A tinted ground: this parameter honours the position boxes.
+    explicit PressButton(const QString& caption, QWidget* parent);
+
+    /// A warm ground: this parameter honours the position boxes.
     void markColoured();
-    /// Blue caption: this parameter has been used. It stays so until the window closes.
+    /// Blue caption and a dot: this parameter has been used. It stays so until the window closes.
     void markUsed();
+    bool isColoured() const { return m_coloured; }
+    bool isUsed() const { return m_used; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
   signals:
     void pressedAnyhow();
 
   protected:
+    void nextCheckState() override {}
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
-    void setGround(const QColor& colour);
     void act();
+
+    bool m_coloured = false;
+    bool m_used = false;
+    bool m_held = false; ///< by the mouse
 };
 
 /// A box that takes the keys of `allowed` (a character class) and backspace; any other key is swallowed with a beep.
@@ -55,6 +68,20 @@ class KeyedEdit : public QLineEdit {
 
   public:
     KeyedEdit(const QString& allowed, QWidget* parent);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// A choice that shows text and chevron only, its frame under the mouse or with the focus.
+class QuietCombo : public QComboBox {
+    Q_OBJECT
+
+  public:
+    using QComboBox::QComboBox;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 inline constexpr int kLongestText = 32767;

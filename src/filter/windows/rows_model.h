@@ -1,6 +1,7 @@
 // The model of the result grid: lazy rows of a view. Nothing is copied; cells are read when they are painted.
 //
-// DisplayRole is the text, UserRole the bare value. A row taken out by hand keeps its place with a grey first cell.
+// DisplayRole is the text, UserRole the bare value; how a cell looks stands in the roles of toolkit/grid_cell.h. A
+// row taken out by hand keeps its place with a grey first cell and is seen as out at once.
 #pragma once
 
 #include <unordered_set>
@@ -8,6 +9,7 @@
 #include <QAbstractTableModel>
 
 #include "filter/result_view.h"
+#include "toolkit/grid_cell.h"
 
 namespace filter {
 
@@ -15,12 +17,13 @@ class RowsModel : public QAbstractTableModel {
     Q_OBJECT
 
   public:
-    using QAbstractTableModel::QAbstractTableModel;
+    RowsModel(const FilterMember& member, QObject* parent);
 
     /// Shows another view; grey cells are forgotten.
     void show(View view);
     const View& view() const { return m_view; }
     void setGrey(int row, bool grey);
+    toolkit::CellStyle styleOf(int column) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -29,7 +32,10 @@ class RowsModel : public QAbstractTableModel {
 
   private:
     QVariant alignment(int column) const;
+    toolkit::RowState stateOf(int row) const;
+    QVariant valueAt(const QModelIndex& index) const;
 
+    const FilterMember& m_member;
     View m_view;
     std::unordered_set<int> m_grey;
 };

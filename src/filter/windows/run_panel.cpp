@@ -1,113 +1,163 @@
 #include "filter/windows/run_panel.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QVBoxLayout>
 
 #include "filter/windows/row_controls.h"
+#include "toolkit/colours.h"
 
 using namespace Qt::StringLiterals;
 
 namespace filter {
 namespace {
 
-constexpr int kMargin = 5; // the middle column stays narrow, for the grid's sake
+constexpr int kLineHeight = 24;
+constexpr int kColumns = 4; // of position boxes
 
-QRadioButton* makeOption(const QString& name, const QString& caption, QGroupBox* box) {
-    auto* option = new QRadioButton(caption, box);
-    option->setObjectName(name);
-    return option;
+toolkit::Segment* makeSegment(const QString& name, const QString& caption, QWidget* group) {
+    auto* segment = new toolkit::Segment(caption, group);
+    segment->setObjectName(name);
+    return segment;
 }
 
-QGroupBox* makeBox(const QString& name, const QString& title, QWidget* parent) {
-    auto* box = new QGroupBox(title, parent);
-    box->setObjectName(name);
-    return box;
+QWidget* makeGroup(const QString& name, QWidget* parent) {
+    auto* group = new QWidget(parent); // options of one parent exclude each other
+    group->setObjectName(name);
+    return group;
 }
 
 } // namespace
 
-RunPanel::RunPanel(bool blue, QWidget* parent) : QWidget(parent) {
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(buildModes());
-    column->addWidget(buildKeep());
-    column->addWidget(buildPositions(blue));
+RunPanel::RunPanel(const FilterMember& member, QWidget* parent) : Card(u"RunCard"_s, {}, parent) {
+    buildModes();
+    buildKeep();
+    if (member.features.weights)
+        buildPositions(member);
+    applyColours();
 }
 
-QGroupBox* RunPanel::buildModes() {
-    QGroupBox* box = makeBox(u"FrameModes"_s, u"参数过滤设置"_s, this);
-    auto* grid = new QGridLayout(box);
-    grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    m_range = makeOption(u"Option22"_s, u"范围查询"_s, box);
-    m_mean = makeOption(u"Option21"_s, u"均值差幅"_s, box);
-    m_list = makeOption(u"Option36"_s, u"最值查询(出现概率最大的若干个参数)"_s, box);
+QLabel* RunPanel::makeCaption(const QString& name, const QString& caption) {
+    auto* label = new QLabel(caption, this);
+    label->setObjectName(name);
+    m_captions << label;
+    return label;
+}
+
+void RunPanel::applyColours() {
+    const toolkit::Colours& look = toolkit::colours(palette());
+    const auto dye = [](QWidget* widget, const QColor& ink) {
+        QPalette own;
+        own.setColor(QPalette::WindowText, ink);
+        widget->setPalette(own);
+    };
+    for (QLabel* caption : m_captions)
+        dye(caption, look.quiet);
+    for (std::size_t position = 1; position < m_positions.size(); ++position)
+        if (m_positions[position])
+            dye(m_positions[position], position == 7 ? look.blue : look.red);
+}
+
+void RunPanel::changeEvent(QEvent* event) {
+    Card::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        applyColours();
+}
+
+void RunPanel::buildModes() {
+    body().addWidget(makeCaption(u"FrameModesHeading"_s, u"参数过滤设置"_s));
+    QWidget* group = makeGroup(u"FrameModes"_s, this);
+    m_range = makeSegment(u"Option22"_s, u"范围查询"_s, group);
+    m_mean = makeSegment(u"Option21"_s, u"均值差幅"_s, group);
+    m_list = makeSegment(u"Option36"_s, u"最值查询(出现概率最大的若干个参数)"_s, group);
     m_range->setChecked(true);
-    m_percent = new QComboBox(box); // shown with 均值差幅, and without effect on it
+    auto* line = toolkit::joined<toolkit::Segment>({m_range, m_mean, m_list}, true);
+    line->setContentsMargins(0, 0, 0, 0);
+    group->setLayout(line);
+    body().addWidget(group);
+
+    m_explains = makeCaption(u"ModeExplains"_s, {});
+    m_percent = new QComboBox(this); // shown with 均值差幅, and without effect on it
     m_percent->setObjectName(u"Combo2"_s);
     m_percent->setAccessibleName(u"均值差幅百分比"_s);
     m_percent->addItems(u"100 90 80 75 70 66 60 50 40 33 30 25 20 16 12 10 05"_s.split(u' '));
     m_percent->setVisible(false);
-    grid->addWidget(m_range, 0, 0);
-    grid->addWidget(m_mean, 1, 0);
-    grid->addWidget(m_percent, 1, 1);
-    grid->addWidget(m_list, 2, 0, 1, 2);
-    connect(m_range, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            emit modePressed(Mode::Range);
-    });
-    connect(m_mean, &QRadioButton::toggled, this, [this](bool on) {
-        if (!on)
-            return;
-        m_percent->show();
-        emit modePressed(Mode::Mean);
-    });
-    connect(m_list, &QRadioButton::toggled, this, [this](bool on) {
-        if (on)
-            emit modePressed(Mode::List);
-    });
-    return box;
+    m_explains->setFixedHeight(kLineHeight);
+    m_percent->setFixedHeight(kLineHeight);
+    auto* below = new QHBoxLayout;
+    below->addWidget(m_explains, 1);
+    below->addWidget(m_percent);
+    body().addLayout(below);
+    chooseMode(Mode::Range);
+    for (const auto& [segment, mode] :
+         {std::pair(m_range, Mode::Range), std::pair(m_mean, Mode::Mean), std::pair(m_list, Mode::List)})
+        connect(segment, &toolkit::Segment::toggled, this, [this, chosen = mode](bool on) {
+            if (on)
+                chooseMode(chosen);
+        });
 }
 
-QGroupBox* RunPanel::buildKeep() {
-    QGroupBox* box = makeBox(u"FrameKeep"_s, u"参数过滤项设置"_s, this);
-    auto* line = new QHBoxLayout(box);
-    line->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    m_keep = makeOption(u"Option1(0)"_s, u"保留"_s, box);
-    auto* remove = makeOption(u"Option1(1)"_s, u"排除"_s, box);
+void RunPanel::chooseMode(Mode mode) {
+    switch (mode) {
+    case Mode::Range:
+        m_explains->setText(u"按 下限 ~ 上限 比较"_s);
+        break;
+    case Mode::Mean:
+        m_explains->setText(u"均值两侧的幅度 (%)"_s);
+        m_percent->show();
+        break;
+    case Mode::List:
+        m_explains->setText(u"(出现概率最大的若干个参数)"_s);
+        break;
+    }
+    emit modePressed(mode);
+}
+
+void RunPanel::buildKeep() {
+    QWidget* group = makeGroup(u"FrameKeep"_s, this);
+    m_keep = makeSegment(u"Option1(0)"_s, u"保留"_s, group);
+    auto* remove = makeSegment(u"Option1(1)"_s, u"排除"_s, group);
     m_keep->setChecked(true);
-    line->addWidget(m_keep);
-    line->addWidget(remove);
-    for (QRadioButton* option : {m_keep, remove}) {
-        connect(option, &QRadioButton::clicked, this, &RunPanel::keepClicked);
-        connect(option, &QRadioButton::toggled, this, [this](bool on) {
+    auto* pair = toolkit::joined<toolkit::Segment>({m_keep, remove}, true);
+    pair->setContentsMargins(0, 0, 0, 0);
+    group->setLayout(pair);
+    auto* line = new QHBoxLayout;
+    line->addWidget(makeCaption(u"FrameKeepHeading"_s, u"参数过滤项设置"_s));
+    line->addWidget(group, 1);
+    body().addLayout(line);
+    for (toolkit::Segment* option : {m_keep, remove}) {
+        connect(option, &toolkit::Segment::clicked, this, &RunPanel::keepClicked);
+        connect(option, &toolkit::Segment::toggled, this, [this](bool on) {
             if (on)
                 emit keepClicked();
         });
     }
-    return box;
 }
 
-QGroupBox* RunPanel::buildPositions(bool blue) {
-    QGroupBox* box = makeBox(u"FramePositions"_s, u"彩色参数计算位"_s, this);
-    auto* grid = new QGridLayout(box);
-    grid->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    for (int position = 1; position <= (blue ? 7 : 6); ++position) {
-        auto* tick = new QCheckBox(position == 7 ? u"蓝球"_s : u"红%1"_s.arg(position), box);
+void RunPanel::buildPositions(const FilterMember& member) {
+    body().addSpacing(4);
+    body().addWidget(makeCaption(u"FramePositionsHeading"_s, u"彩色参数计算位"_s));
+    QWidget* group = makeGroup(u"FramePositions"_s, this);
+    auto* grid = new QGridLayout(group);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(0);
+    grid->setVerticalSpacing(2);
+    for (int position = 1; position <= (member.blue ? 7 : 6); ++position) {
+        auto* tick = new QCheckBox(position == 7 ? u"蓝球"_s : u"红%1"_s.arg(position), group);
         tick->setObjectName(indexedName(u"ChkBt"_s, position));
         tick->setToolTip(u"彩色参数是否按照所选位计算过滤"_s);
         tick->setChecked(true);
-        grid->addWidget(tick, (position - 1) / 4, (position - 1) % 4);
+        grid->addWidget(tick, (position - 1) / kColumns, (position - 1) % kColumns);
         m_positions[static_cast<std::size_t>(position)] = tick;
     }
-    return box;
+    body().addWidget(group);
 }
 
-RunSettings RunPanel::settings() const {
-    RunSettings settings;
-    settings.mode = m_list->isChecked() ? Mode::List : m_mean->isChecked() ? Mode::Mean : Mode::Range;
+void RunPanel::read(WindowState& state) const {
+    state.mode = m_list->isChecked() ? Mode::List : m_mean->isChecked() ? Mode::Mean : Mode::Range;
+    state.keep = keeps();
     for (std::size_t position = 1; position < m_positions.size(); ++position)
-        settings.ticked[position] = m_positions[position] && m_positions[position]->isChecked();
-    return settings;
+        state.weights[position] = m_positions[position] && m_positions[position]->isChecked();
 }
 
 } // namespace filter

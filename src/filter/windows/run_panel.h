@@ -3,39 +3,48 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
-#include <QRadioButton>
-#include <QWidget>
+#include <QLabel>
 
-#include "filter/run_settings.h"
+#include "filter/member.h"
+#include "filter/window_state.h"
+#include "toolkit/card.h"
+#include "toolkit/segments.h"
 
 namespace filter {
 
-class RunPanel : public QWidget {
+class RunPanel : public toolkit::Card {
     Q_OBJECT
 
   public:
-    /// \param blue  whether there is a box for the blue number
-    RunPanel(bool blue, QWidget* parent);
+    RunPanel(const FilterMember& member, QWidget* parent);
 
-    /// Mode and position boxes as they stand. Baoliu is not read here: other runs may leave it reversed.
-    RunSettings settings() const;
+    /// Puts mode, choice and position boxes into `state`.
+    void read(WindowState& state) const;
     bool keeps() const { return m_keep->isChecked(); }
 
   signals:
     void modePressed(filter::Mode mode);
     void keepClicked();
 
-  private:
-    QGroupBox* buildModes();
-    QGroupBox* buildKeep();
-    QGroupBox* buildPositions(bool blue);
+  protected:
+    void changeEvent(QEvent* event) override;
 
-    QRadioButton* m_range = nullptr;
-    QRadioButton* m_mean = nullptr;
-    QRadioButton* m_list = nullptr;
+  private:
+    void applyColours();
+    void buildModes();
+    void buildKeep();
+    void buildPositions(const FilterMember& member);
+    void chooseMode(Mode mode);
+    QLabel* makeCaption(const QString& name, const QString& caption);
+
+    QList<QLabel*> m_captions;
+
+    toolkit::Segment* m_range = nullptr;
+    toolkit::Segment* m_mean = nullptr;
+    toolkit::Segment* m_list = nullptr;
+    QLabel* m_explains = nullptr; ///< what the chosen mode compares
     QComboBox* m_percent = nullptr;
-    QRadioButton* m_keep = nullptr;
+    toolkit::Segment* m_keep = nullptr;
     std::array<QCheckBox*, 8> m_positions{};
 };
 

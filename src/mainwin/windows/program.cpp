@@ -66,7 +66,8 @@ void Program::openDesks() {
     m_historyDesk = std::make_unique<HistoryDesk>(*m_context, settings, engine, m_form->historyPanel());
     connect(m_historyDesk.get(), &HistoryDesk::noted, m_form.get(), &Form1::showHistoryNote);
     connect(m_historyDesk.get(), &HistoryDesk::filesReplaced, this, &Program::reopen);
-    m_selectionDesk = std::make_unique<SelectionDesk>(*m_context, SelectionDesk::Inputs{generation, Baoliu}, *m_form);
+    m_selectionDesk =
+        std::make_unique<SelectionDesk>(*m_context, SelectionDesk::Inputs{engine, generation, Baoliu}, *m_form);
     m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
     m_drawDesk = std::make_unique<DrawDesk>(*m_context);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::ruleChanged, m_form.get(), &Form1::showRule);

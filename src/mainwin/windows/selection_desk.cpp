@@ -2,7 +2,8 @@
 
 #include "filter/windows/filter_window.h"
 #include "mainwin/windows/places.h"
-#include "toolkit/progress_dialog.h"
+#include "toolkit/dialog_boxes.h"
+#include "workspace/combination_files.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,24 +36,22 @@ SelectionDesk::SelectionDesk(MainContext& context, const Inputs& inputs, QWidget
 void SelectionDesk::enumerate(std::string_view form) {
     selection::Pad& pad = m_context.pad;
     selection::GenerationInput& generation = m_inputs.generation;
-    const workspace::Workspace& workspace = m_context.workspace;
+    workspace::Workspace& workspace = m_context.workspace;
     m_window.setCursor(Qt::WaitCursor);
     pad.sortReds();
     pad.Genreds = pad.Redcnt;
     generation.Genreds = pad.Redcnt;
     generation.chosen = {listOf(pad.Redlist, pad.Redcnt), listOf(pad.Danlist, pad.Dancnt),
                          listOf(pad.Bluelist, pad.Bluecnt)};
-    filter::FilterWindow window(*filter::findMember(form),
-                                {*workspace.dbFilnum, m_context.book.history(), workspace.Bitnum, m_inputs.Baoliu,
+    const filter::FilterMember& member = *filter::findMember(form);
+    filter::FilterWindow window(member,
+                                {workspace::combinationFile(m_inputs.engine, workspace, member.file),
+                                 m_context.book.history(), workspace.Bitnum, m_inputs.Baoliu,
                                  placesIn(m_context.settings)},
                                 &m_window);
-    {
-        toolkit::ProgressDialog progress(&m_window);
-        progress.begin();
-        window.load(generation,
-                    [&](int step) { progress.advance(static_cast<double>(step) / selection::kProgressScale); });
-    }
-    window.exec();
+    selection::Enumeration source(generation);
+    if (window.load(source, toolkit::DialogBoxes(&m_window).progress({}).get()))
+        window.exec();
     m_window.unsetCursor();
 }
 

@@ -16,6 +16,7 @@ class SelectionDesk : public QObject {
   public:
     /// What a generation works on; all of it outlives the desk.
     struct Inputs {
+        sql::Engine& engine;
         selection::GenerationInput& generation;
         std::int16_t& Baoliu; ///< keep or remove, one flag for all filter windows
     };

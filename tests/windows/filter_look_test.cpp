@@ -1,0 +1,218 @@
+// What the filter window shows of a press: headline, steps, marks of rows; and what the keyboard does in its table.
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+#include "filter/windows/row_controls.h"
+#include "filter/windows/step_list.h"
+#include "toolkit/colours.h"
+#include "toolkit/grid_cell.h"
+#include "toolkit/head_line.h"
+#include "toolkit/segments.h"
+#include "windows/filter_window_support.h"
+
+using namespace Qt::StringLiterals;
+using test_support::press;
+using test_support::typeInto;
+using toolkit::CellStyle;
+using toolkit::HeadLine;
+
+namespace filter {
+namespace {
+
+const QString kForm = u"GAgan"_s;
+
+int roleOf(const QModelIndex& cell, int role) {
+    return cell.data(role).toInt();
+}
+
+TEST_F(FilterWindowLookTest, TheHeadlineTellsWhatIsLeftAfterEachStep) {
+    auto& head = part<HeadLine>(u"HeadLine"_s);
+    EXPECT_EQ(head.leftText(), u"14 注 (100.0 %)"_s);
+    EXPECT_EQ(head.takenText(), QString());
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    EXPECT_EQ(head.leftText(), u"7 注 (50.0 %)"_s);
+    EXPECT_EQ(head.takenText(), u"本次滤去 7 注"_s);
+    EXPECT_TRUE(head.stepText().startsWith(u"蓝球 保留 9~99"_s)) << head.stepText().toStdString();
+    EXPECT_EQ(head.totalText(), u"共 14 注    表中: 剩余"_s);
+    press(kForm, u"cmdRetn"_s);
+    EXPECT_EQ(head.leftText(), u"14 注 (100.0 %)"_s);
+    EXPECT_EQ(head.takenText(), u"本次恢复 7 注"_s);
+    press(kForm, u"optZzuhe(1)"_s);
+    EXPECT_TRUE(head.totalText().endsWith(u"表中: 全部含缘故"_s));
+    press(kForm, u"Command2"_s);
+    EXPECT_EQ(head.leftText(), u"0 注 (0.0 %)"_s);
+    EXPECT_EQ(head.stepText(), u"没有剩余组合：“上次过滤复位”可退回一步"_s);
+    EXPECT_TRUE(head.totalText().endsWith(u"表中: 剩余"_s));
+}
+
+TEST_F(FilterWindowLookTest, ADoubleClickRenewsTheHeadlineAndTheSteps) {
+    const QPoint place = grid().visualRect(cell(4, 3)).center();
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(part<HeadLine>(u"HeadLine"_s).takenText(), u"本次滤去 1 注"_s);
+    EXPECT_EQ(part<StepList>(u"StepList"_s).lines(), QStringList{u"1\t手工删除 第5注\t−1"_s});
+    EXPECT_EQ(roleOf(cell(4, 3), toolkit::kRowStateRole), static_cast<int>(toolkit::RowState::Out));
+    EXPECT_EQ(roleOf(cell(3, 3), toolkit::kRowStateRole), static_cast<int>(toolkit::RowState::Plain));
+}
+
+TEST_F(FilterWindowLookTest, TheStepsAreListedAndTheOldestFold) {
+    auto& steps = part<StepList>(u"StepList"_s);
+    EXPECT_TRUE(steps.lines().isEmpty());
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"cmdRetn"_s);
+    EXPECT_EQ(steps.lines(), (QStringList{u"1\t蓝球 保留 9~99\t−7"_s, u"2\t上次过滤复位\t+7"_s}));
+    steps.setMinimumHeight(0);
+    steps.resize(200, 60); // three places
+    press(kForm, u"Command1"_s);
+    steps.resize(200, 60);
+    EXPECT_EQ(steps.lines().size(), 3);
+    press(kForm, u"Command1"_s);
+    steps.resize(200, 60);
+    EXPECT_EQ(steps.lines(), (QStringList{u"… 更早 2 步"_s, u"3\t全部复位\t0"_s, u"4\t全部复位\t0"_s}));
+    EXPECT_TRUE(steps.toolTip().contains(u"蓝球 保留 9~99"_s)) << "the folded ones can be read";
+}
+
+TEST_F(FilterWindowLookTest, CellsHaveTheStyleOfTheirColumn) {
+    press(kForm, u"Option23"_s);
+    EXPECT_EQ(roleOf(cell(0, 0), toolkit::kCellStyleRole), static_cast<int>(CellStyle::Plain));
+    EXPECT_EQ(roleOf(cell(0, 1), toolkit::kCellStyleRole), static_cast<int>(CellStyle::Red));
+    EXPECT_EQ(roleOf(cell(0, 6), toolkit::kCellStyleRole), static_cast<int>(CellStyle::Red));
+    EXPECT_EQ(roleOf(cell(0, 7), toolkit::kCellStyleRole), static_cast<int>(CellStyle::Blue));
+    EXPECT_EQ(roleOf(cell(0, 8), toolkit::kCellStyleRole), static_cast<int>(CellStyle::Number));
+    press(kForm, u"optZzuhe(1)"_s);
+    EXPECT_EQ(roleOf(cell(0, 9), toolkit::kCellStyleRole), static_cast<int>(CellStyle::Text));
+}
+
+// After an inversion every row has a reason, in play or not: the mark follows the state, not the text.
+TEST_F(FilterWindowLookTest, TheReasonViewMarksWhatIsInPlayByItsState) {
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"Command2"_s);
+    press(kForm, u"optZzuhe(1)"_s);
+    ASSERT_EQ(grid().model()->rowCount(), 14);
+    for (int row = 0; row < 14; ++row) {
+        EXPECT_TRUE(cell(row, 9).data().toString().startsWith(u"全部反选-"_s));
+        const toolkit::RowState wanted =
+            cell(row, 7).data().toInt() == 3 ? toolkit::RowState::InPlay : toolkit::RowState::Out;
+        EXPECT_EQ(roleOf(cell(row, 0), toolkit::kRowStateRole), static_cast<int>(wanted)) << row;
+    }
+}
+
+TEST_F(FilterWindowLookTest, EnterInABoxPressesItsRow) {
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    QTest::keyClick(&part<QLineEdit>(u"Text18(0)"_s), Qt::Key_Return);
+    EXPECT_EQ(grid().model()->rowCount(), 7);
+    EXPECT_TRUE(part<PressButton>(u"Option19"_s).isUsed());
+    EXPECT_TRUE(part<PressButton>(u"Option19"_s).isChecked());
+}
+
+TEST_F(FilterWindowLookTest, EnterInThePageBoxTurnsThePage) {
+    typeInto(kForm, u"Text1"_s, u"2"_s);
+    QTest::keyClick(&part<QLineEdit>(u"Text1"_s), Qt::Key_Enter);
+    EXPECT_EQ(grid().model()->rowCount(), 0);
+}
+
+TEST_F(FilterWindowLookTest, ArrowsMoveBetweenRowsAndPressNothing) {
+    press(kForm, u"Option23"_s);
+    m_statements.clear();
+    QTest::keyClick(&part<PressButton>(u"Option23"_s), Qt::Key_Down);
+    EXPECT_EQ(m_window->focusWidget(), &part<PressButton>(u"Option3"_s));
+    QTest::keyClick(&part<PressButton>(u"Option3"_s), Qt::Key_Up);
+    QTest::keyClick(&part<PressButton>(u"Option23"_s), Qt::Key_Up);
+    EXPECT_EQ(m_window->focusWidget(), &part<PressButton>(u"Option23"_s)) << "the first row stays";
+    part<QLineEdit>(u"Text2(1)"_s).setFocus();
+    QTest::keyClick(&part<QLineEdit>(u"Text2(1)"_s), Qt::Key_Down);
+    EXPECT_EQ(m_window->focusWidget(), &part<QLineEdit>(u"Text3(1)"_s));
+    EXPECT_TRUE(m_statements.empty());
+    EXPECT_TRUE(part<PressButton>(u"Option23"_s).isChecked()) << "the mark stays with what was run last";
+}
+
+TEST_F(FilterWindowLookTest, OnlyTheParameterThatRanLastIsChosen) {
+    press(kForm, u"Option23"_s);
+    press(kForm, u"Option4"_s);
+    EXPECT_FALSE(part<PressButton>(u"Option23"_s).isChecked());
+    EXPECT_TRUE(part<PressButton>(u"Option4"_s).isChecked());
+}
+
+// It would take the snapshot again, and then nothing could be restored.
+TEST_F(FilterWindowLookTest, TheSecondPressOfADoubleClickDoesNothing) {
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    auto& name = part<PressButton>(u"Option19"_s);
+    QTest::mouseClick(&name, Qt::LeftButton);
+    QTest::mouseDClick(&name, Qt::LeftButton);
+    const auto presses = std::count_if(m_statements.begin(), m_statements.end(), [](const std::string& statement) {
+        return statement == "UPDATE [zuhe] SET [preunslt]=[unslt]";
+    });
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(FilterWindowLookTest, ListsTakeThePlaceOfRangesButNotOfPickedNumbers) {
+    press(kForm, u"Option36"_s);
+    EXPECT_FALSE(part<QLineEdit>(u"Text2(0)"_s).isVisible());
+    EXPECT_FALSE(part<QWidget>(u"Check2(4)"_s).isVisible());
+    EXPECT_TRUE(part<QLineEdit>(u"Text2(4)"_s).isVisible());
+    EXPECT_TRUE(part<QLineEdit>(u"Text66(0)"_s).isVisible());
+    EXPECT_TRUE(part<QLineEdit>(u"Text66(1)"_s).isVisible());
+    press(kForm, u"Option22"_s);
+    EXPECT_TRUE(part<QLineEdit>(u"Text2(0)"_s).isVisible());
+    EXPECT_FALSE(part<QLineEdit>(u"TxtZdqj"_s).isVisible());
+}
+
+TEST_F(FilterWindowLookTest, AllRowsFitTheSmallestUsefulWindowAndGrowWithIt) {
+    m_window->resize(1264, 720);
+    QApplication::processEvents();
+    auto& area = part<QScrollArea>(u"ParameterRows"_s);
+    EXPECT_EQ(area.verticalScrollBar()->maximum(), 0);
+    EXPECT_LE(grid().horizontalScrollBar()->maximum(), 0);
+    const int narrow = part<PressButton>(u"Option23"_s).height();
+    const int left = part<QWidget>(u"MSFlexGrid1"_s).mapTo(m_window.get(), QPoint()).x();
+    m_window->resize(1904, 1030);
+    QApplication::processEvents();
+    EXPECT_GT(part<PressButton>(u"Option23"_s).height(), narrow);
+    EXPECT_GT(part<QWidget>(u"MSFlexGrid1"_s).mapTo(m_window.get(), QPoint()).x(), left);
+    press(kForm, u"Option36"_s);
+    m_window->resize(1264, 500);
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    QApplication::processEvents();
+    EXPECT_EQ(m_window->width(), 1264) << "it shrinks in one go";
+    EXPECT_GT(area.verticalScrollBar()->maximum(), 0);
+    part<QLineEdit>(u"Text21(6)"_s).setFocus();
+    EXPECT_FALSE(part<PressButton>(u"Option34"_s).visibleRegion().isEmpty()) << "the focus is brought into sight";
+}
+
+TEST_F(FilterWindowLookTest, ANameTellsWhatItCountsAndThePastInItsRange) {
+    typeInto(kForm, u"Text18(0)"_s, u"7"_s);
+    const QString tip = part<PressButton>(u"Option19"_s).toolTip();
+    EXPECT_TRUE(tip.startsWith(u"蓝球号码。"_s)) << tip.toStdString();
+    EXPECT_TRUE(tip.contains(u"上期 6"_s)) << tip.toStdString();
+    EXPECT_TRUE(tip.contains(u"历史各期落在 7~99 之内的有 0.0 %"_s)) << tip.toStdString();
+}
+
+TEST_F(FilterWindowLookTest, ColoursFollowThePalette) {
+    auto& tick = part<QCheckBox>(u"ChkBt(1)"_s);
+    EXPECT_EQ(tick.palette().color(QPalette::WindowText), toolkit::colours(false).red);
+    QPalette dark = m_window->palette();
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    m_window->setPalette(dark);
+    EXPECT_EQ(tick.palette().color(QPalette::WindowText), toolkit::colours(true).red);
+    EXPECT_EQ(part<QLabel>(u"ModeExplains"_s).palette().color(QPalette::WindowText), toolkit::colours(true).quiet);
+}
+
+TEST_F(FilterWindowLookTest, ASegmentShowsItsTextUpToTheBracketAndKeepsIt) {
+    auto& list = part<toolkit::Segment>(u"Option36"_s);
+    EXPECT_EQ(list.shownText(), u"最值查询"_s);
+    QTest::mouseClick(&list, Qt::LeftButton, {}, list.rect().center());
+    EXPECT_TRUE(list.isChecked()) << "all of it can be pressed";
+    EXPECT_EQ(part<QLabel>(u"ModeExplains"_s).text(), u"(出现概率最大的若干个参数)"_s);
+}
+
+} // namespace
+} // namespace filter
