@@ -123,28 +123,4 @@ Generated Enumeration::fill(sql::Database& database, const TableShape& shape, wo
     return {announced, writer.rows()};
 }
 
-namespace {
-
-/// Tells the steps of a generation, and always goes on.
-class StepTeller final : public workspace::Progress {
-  public:
-    explicit StepTeller(const selection::Progress& tell) : m_tell(tell) {}
-    bool advance(double) override {
-        m_tell(++m_steps);
-        return true;
-    }
-
-  private:
-    const selection::Progress& m_tell;
-    int m_steps = 0;
-};
-
-} // namespace
-
-Generated generate(sql::Database& database, const TableShape& shape, GenerationInput& input,
-                   const Progress& progress) {
-    StepTeller teller(progress);
-    return Enumeration(input).fill(database, shape, progress ? &teller : nullptr);
-}
-
 } // namespace selection

@@ -13,7 +13,6 @@
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,12 +55,5 @@ struct Generated {
     std::int64_t written = 0;   ///< rows in the table: none with six bankers, whatever is announced
     bool cancelled = false;     ///< given up: the table is what it was before
 };
-
-/// Called with 1, 2, 3, … each time another 64th part of the rows (at least a row) is written.
-using Progress = std::function<void(int step)>;
-
-/// Enumeration(input).fill() without a way to give up.
-Generated generate(sql::Database& database, const TableShape& shape, GenerationInput& input,
-                   const Progress& progress = {});
 
 } // namespace selection

@@ -13,7 +13,7 @@
 #include "crash/work.h"
 #include "history/store.h"
 #include "scratch_folder.h"
-#include "selection/enumeration.h"
+#include "selection/bet_source.h"
 #include "workspace/setting_names.h"
 #include "workspace/templates.h"
 #include "workspace/user_files.h"
@@ -133,7 +133,7 @@ void fill(sql::Database& db) {
     input.chosen.reds.resize(18);
     std::iota(input.chosen.reds.begin(), input.chosen.reds.end(), 1);
     input.chosen.blues = {1, 2, 3};
-    selection::generate(db, {"zuhe", 6, true, false}, input);
+    selection::Enumeration(input).fill(db, {"zuhe", 6, true, false}, nullptr);
 }
 
 void scatter(sql::Database& db, int seed) {

@@ -1,6 +1,6 @@
 // Rows of a generation: order, idx, counts, progress; against hand-worked rows and a slow way of choosing.
 #include "executor_names.h"
-#include "selection/enumeration.h"
+#include "selection/bet_source.h"
 
 #include <filesystem>
 #include <numeric>
@@ -10,6 +10,23 @@
 
 namespace selection {
 namespace {
+
+/// Called with 1, 2, 3, … as the rows are written.
+using Progress = std::function<void(int step)>;
+
+Generated generate(sql::Database& database, const TableShape& shape, GenerationInput& input,
+                   const Progress& progress) {
+    struct StepTeller final : workspace::Progress {
+        explicit StepTeller(const selection::Progress& tell) : m_tell(tell) {}
+        bool advance(double) override {
+            m_tell(++m_steps);
+            return true;
+        }
+        const selection::Progress& m_tell;
+        int m_steps = 0;
+    } teller(progress);
+    return Enumeration(input).fill(database, shape, progress ? &teller : nullptr);
+}
 
 constexpr TableShape kWithBlue{"zuhe", 6, true, false};
 constexpr TableShape kRedsOnly{"zuheR", 6, false, false};

@@ -37,7 +37,8 @@ TEST_F(MainWindow, ItsPartsComeBackAsWideAsTheyWereDragged) {
     form->close();
     open();
     EXPECT_EQ(sizes(), dragged);
-    stored.clear();
+    for (workspace::SettingChange place : settings.valuesOf(application()))
+        settings.write({{place.application, place.section, place.key, std::nullopt}});
     open();
     EXPECT_EQ(sizes(), first);
 }
