@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "filter/windows/parameter_table.h"
 #include "filter/windows/row_controls.h"
 #include "filter/windows/step_list.h"
 #include "toolkit/colours.h"
@@ -193,6 +194,21 @@ TEST_F(FilterWindowLookTest, ANameTellsWhatItCountsAndThePastInItsRange) {
     EXPECT_TRUE(tip.startsWith(u"蓝球号码。"_s)) << tip.toStdString();
     EXPECT_TRUE(tip.contains(u"上期 6"_s)) << tip.toStdString();
     EXPECT_TRUE(tip.contains(u"历史各期落在 7~99 之内的有 0.0 %"_s)) << tip.toStdString();
+}
+
+TEST_F(FilterWindowLookTest, AHighWindowTellsTheRowOfTheFocusUnderTheTable) {
+    auto& table = *m_window->findChild<ParameterTable*>();
+    EXPECT_TRUE(table.toldLines().isEmpty());
+    m_window->resize(1904, 1030);
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    QApplication::processEvents();
+    part<QLineEdit>(u"Text18(1)"_s).setFocus();
+    EXPECT_EQ(table.toldLines().value(0), u"蓝球"_s);
+    EXPECT_EQ(table.toldLines().value(1), u"蓝球号码。"_s);
+    EXPECT_TRUE(table.toldLines().value(2).startsWith(u"上期 6"_s));
+    part<PressButton>(u"Option23"_s).setFocus();
+    EXPECT_EQ(table.toldLines().value(0), u"各码数和"_s);
 }
 
 TEST_F(FilterWindowLookTest, ColoursFollowThePalette) {
