@@ -211,6 +211,18 @@ TEST_F(FilterWindowLookTest, AHighWindowTellsTheRowOfTheFocusUnderTheTable) {
     EXPECT_EQ(table.toldLines().value(0), u"各码数和"_s);
 }
 
+TEST_F(FilterWindowLookTest, AReasonCanBeReadBesideTheNumbersInASmallWindow) {
+    m_window->resize(1264, 720);
+    QApplication::processEvents();
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"optZzuhe(1)"_s);
+    const QString reason = cell(0, 9).data().toString();
+    const int seen = grid().viewport()->width() - grid().columnViewportPosition(9);
+    EXPECT_GE(seen, grid().fontMetrics().horizontalAdvance(reason) + 6) << reason.toStdString();
+    EXPECT_GE(grid().columnWidth(9), 853);
+}
+
 TEST_F(FilterWindowLookTest, ColoursFollowThePalette) {
     auto& tick = part<QCheckBox>(u"ChkBt(1)"_s);
     EXPECT_EQ(tick.palette().color(QPalette::WindowText), toolkit::colours(false).red);
