@@ -36,9 +36,10 @@ constexpr bool areApart(const Parameter& left, const Parameter& right) {
 // Whether there is a function is left to a test: GCC's sanitizers take no function's address for a constant.
 constexpr bool isWhole(const Parameter& p) {
     const bool position = p.isPosition();
-    return (p.statement.empty() || !position) && position == !p.column.empty() && position == (p.place >= 1 && p.place <= 7) &&
-           position == (p.oddBox >= 0) && position == !p.parityReason.empty() && position == p.gridTitle.empty() &&
-           position == !p.weighed && p.isInterval() == (p.boxes.above >= 0) && p.isInterval() == (p.boxes.list < 0);
+    return (p.statement.empty() || !position) && position == !p.column.empty() &&
+           position == (p.place >= 1 && p.place <= 7) && position == (p.oddBox >= 0) &&
+           position == !p.parityReason.empty() && position == p.gridTitle.empty() && position == !p.weighed &&
+           p.isInterval() == (p.boxes.above >= 0) && p.isInterval() == (p.boxes.list < 0);
 }
 
 constexpr bool isInRange(const Parameter& p) {

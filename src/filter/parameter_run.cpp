@@ -63,9 +63,13 @@ std::string snapshotStatement(std::string_view table) {
 
 std::string pressText(const Parameter& parameter, const RowInput& row, const RunSettings& settings) {
     const bool list = settings.mode == Mode::List;
+    const bool parity = parameter.isPosition() && !list && row.odd != row.even;
     return std::string(list && parameter.isInterval() ? kPickedNumbersCaption : parameter.caption) +
            (settings.Baoliu != kRemove ? " 保留 " : " 排除 ") +
-           (comparesList(parameter, settings) ? row.list : number(row.low) + "~" + number(row.high));
+           (comparesList(parameter, settings) ? row.list : number(row.low) + "~" + number(row.high)) +
+           (!parity   ? ""
+            : row.odd ? " 奇"
+                      : " 偶");
 }
 
 std::string filterStatement(std::string_view table, const Parameter& parameter, const RowInput& row,

@@ -40,7 +40,7 @@ std::string filterStatement(std::string_view table, const Parameter& parameter, 
 /// The parity step of a position parameter; with both or neither of 奇 and 偶 no row is hit.
 std::string parityStatement(std::string_view table, const Parameter& parameter, const RowInput& row,
                             bool accumulating);
-/// The run in words: "偶数个数 保留 2~4".
+/// The run in words: "偶数个数 保留 2~4", "红1位 保留 1~24 奇" where parity takes rows out too.
 std::string pressText(const Parameter& parameter, const RowInput& row, const RunSettings& settings);
 std::string snapshotStatement(std::string_view table);
 

@@ -17,6 +17,7 @@ WindowState defaultState(std::span<const Parameter> catalogue) {
     }
     state.toleranceCount = "1";
     state.tolerancePercent = "10";
+    state.percent = "100";
     return state;
 }
 

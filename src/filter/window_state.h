@@ -40,6 +40,8 @@ struct WindowState {
     bool tolerance = false;       ///< Check3: violations up to a count are allowed
     std::string toleranceCount;   ///< TxtRc(0)
     std::string tolerancePercent; ///< TxtRc(1)
+    int allPeriods = -1;          ///< item of Combo1(20), the period of all rows together; -1: none chosen
+    std::string percent;          ///< Combo2, shown with 均值差幅 and without effect
 
     RowState& row(const Parameter& parameter) { return rows[static_cast<std::size_t>(parameter.tick)]; }
     const RowState& row(const Parameter& parameter) const { return rows[static_cast<std::size_t>(parameter.tick)]; }

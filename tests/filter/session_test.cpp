@@ -354,10 +354,12 @@ TEST_P(Sessions, ShowAllRowsAfterAGenerationAndThoseInPlayAfterAKeep) {
     EXPECT_NE(session.title().find("合计：56注"), std::string::npos);
     WindowState state = filter::defaultState(table.member.catalogue());
     state.row(parameter("Option13")).low = "2";
-    EXPECT_EQ(session.run(filter::Press{&parameter("Option13")}, state).left, 14); // 7 over 6, two blues
+    state.row(parameter("Option13")).even = true;
+    EXPECT_EQ(session.run(filter::Press{&parameter("Option13")}, state).left, 12); // 2 and five of 3 to 8, two blues
+    EXPECT_EQ(session.steps().back().what, "红1位 保留 2~99 偶");
     Session again(*filter::findMember("GAganMb"), {*table.database, table.history, table.Bitnum, Baoliu});
-    EXPECT_EQ(again.generate(keepTable).view.rows.count(), 14);
-    EXPECT_EQ(again.inPlay(), 14);
+    EXPECT_EQ(again.generate(keepTable).view.rows.count(), 12);
+    EXPECT_EQ(again.inPlay(), 12);
     EXPECT_EQ(again.total(), 56);
     Session bankers(*filter::findMember("Gdanagan"), {*table.database, table.history, table.Bitnum, Baoliu});
     EXPECT_EQ(bankers.generate(enumeration).left, 0); // six bankers: none is written, but a title is told
