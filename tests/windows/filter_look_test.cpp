@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include "filter/windows/parameter_table.h"
 #include "filter/windows/row_controls.h"
 #include "filter/windows/step_list.h"
 #include "toolkit/colours.h"
@@ -193,6 +194,33 @@ TEST_F(FilterWindowLookTest, ANameTellsWhatItCountsAndThePastInItsRange) {
     EXPECT_TRUE(tip.startsWith(u"蓝球号码。"_s)) << tip.toStdString();
     EXPECT_TRUE(tip.contains(u"上期 6"_s)) << tip.toStdString();
     EXPECT_TRUE(tip.contains(u"历史各期落在 7~99 之内的有 0.0 %"_s)) << tip.toStdString();
+}
+
+TEST_F(FilterWindowLookTest, AHighWindowTellsTheRowOfTheFocusUnderTheTable) {
+    auto& table = *m_window->findChild<ParameterTable*>();
+    EXPECT_TRUE(table.toldLines().isEmpty());
+    m_window->resize(1904, 1030);
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    QApplication::processEvents();
+    part<QLineEdit>(u"Text18(1)"_s).setFocus();
+    EXPECT_EQ(table.toldLines().value(0), u"蓝球"_s);
+    EXPECT_EQ(table.toldLines().value(1), u"蓝球号码。"_s);
+    EXPECT_TRUE(table.toldLines().value(2).startsWith(u"上期 6"_s));
+    part<PressButton>(u"Option23"_s).setFocus();
+    EXPECT_EQ(table.toldLines().value(0), u"各码数和"_s);
+}
+
+TEST_F(FilterWindowLookTest, AReasonCanBeReadBesideTheNumbersInASmallWindow) {
+    m_window->resize(1264, 720);
+    QApplication::processEvents();
+    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
+    press(kForm, u"Option19"_s);
+    press(kForm, u"optZzuhe(1)"_s);
+    const QString reason = cell(0, 9).data().toString();
+    const int seen = grid().viewport()->width() - grid().columnViewportPosition(9);
+    EXPECT_GE(seen, grid().fontMetrics().horizontalAdvance(reason) + 6) << reason.toStdString();
+    EXPECT_GE(grid().columnWidth(9), 853);
 }
 
 TEST_F(FilterWindowLookTest, ColoursFollowThePalette) {

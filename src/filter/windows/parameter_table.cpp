@@ -21,6 +21,9 @@ constexpr int kTitleHeight = 30;
 constexpr int kHeadHeight = 22;
 constexpr int kMostPeriod = 200; // draws; the boxes offer 10, 20, … up to this
 constexpr qreal kCorner = 6;
+constexpr int kStripFrom = 920; // height of the table from which there is room for the strip
+constexpr int kStripHeight = 84;
+constexpr int kStripMargin = 10;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -38,6 +41,20 @@ void fill(QLineEdit* box, const std::string& content) {
 void tick(QCheckBox* box, bool on) {
     if (box)
         box->setChecked(on);
+}
+
+/// What a row's parameter counts, and what past draws say of it.
+QStringList describe(const TableRow& row) {
+    QStringList lines{text(row.parameter->counts)};
+    QStringList past;
+    if (row.last)
+        past << u"上期 %1"_s.arg(*row.last);
+    if (row.share)
+        past << u"历史各期落在 %1~%2 之内的有 %3 %"_s.arg(row.low->text(), row.high->text())
+                    .arg(*row.share * 100, 0, 'f', 1);
+    if (!past.isEmpty())
+        lines << past.join(u"    "_s);
+    return lines;
 }
 
 } // namespace
@@ -240,14 +257,52 @@ void ParameterTable::showPast(const Parameter& parameter, std::optional<int> las
         return;
     row->last = last;
     row->share = share;
-    QStringList lines{text(parameter.counts)};
-    if (last)
-        lines << u"上期 %1"_s.arg(*last);
-    if (share)
-        lines << u"历史各期落在 %1~%2 之内的有 %3 %"_s.arg(row->low->text(), row->high->text())
-                     .arg(*share * 100, 0, 'f', 1);
-    row->name->setToolTip(lines.join(u'\n'));
+    row->name->setToolTip(describe(*row).join(u'\n'));
     m_rows->update();
+    update();
+}
+
+int ParameterTable::stripHeight() const {
+    return height() >= kStripFrom ? kStripHeight : 0;
+}
+
+QStringList ParameterTable::toldLines() const {
+    if (stripHeight() == 0)
+        return {};
+    if (!m_told)
+        return {u"指向一个参数，这里说明它统计什么"_s};
+    return QStringList{m_told->name->text()} + describe(*m_told);
+}
+
+void ParameterTable::tellRowOf(const QWidget* control) {
+    for (const TableRow& row : m_rows->rows()) {
+        const auto controls = row.controls();
+        if (std::find(controls.begin(), controls.end(), control) != controls.end())
+            m_told = &row;
+    }
+    update();
+}
+
+void ParameterTable::paintStrip(QPainter& painter) const {
+    const toolkit::Colours& look = toolkit::colours(palette());
+    const int top = height() - stripHeight();
+    painter.setPen(look.line);
+    painter.drawLine(1, top, width() - 2, top);
+    const int line = fontMetrics().height() + 2;
+    int base = top + 6;
+    painter.setPen(m_told ? look.text : look.quiet);
+    QFont ink = font();
+    ink.setBold(m_told);
+    for (const QString& told : toldLines()) {
+        painter.setFont(ink);
+        painter.drawText(QRect(kStripMargin, base, width() - 2 * kStripMargin, line),
+                         Qt::AlignLeft | Qt::AlignVCenter,
+                         painter.fontMetrics().elidedText(told, Qt::ElideRight, width() - 2 * kStripMargin));
+        base += line;
+        ink.setBold(false);
+        painter.setPen(look.quiet);
+    }
+    painter.setFont(font());
 }
 
 /// Up and down go to the same kind of control in the next row that has one, and press nothing.
@@ -283,6 +338,8 @@ void ParameterTable::pressRowOf(const QWidget* control) {
 
 bool ParameterTable::eventFilter(QObject* watched, QEvent* event) {
     auto* control = qobject_cast<QWidget*>(watched);
+    if (control && (event->type() == QEvent::FocusIn || event->type() == QEvent::Enter))
+        tellRowOf(control);
     if (!control || qobject_cast<QComboBox*>(control))
         return false;
     if (event->type() == QEvent::FocusIn) {
@@ -309,7 +366,7 @@ bool ParameterTable::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ParameterTable::fitRows() {
-    const QRect inner = rect().adjusted(1, kTitleHeight + kHeadHeight, -1, -1);
+    const QRect inner = rect().adjusted(1, kTitleHeight + kHeadHeight, -1, -1 - stripHeight());
     m_area->setGeometry(inner);
     m_rows->place(inner.width(), inner.height());
     if (m_rows->height() > inner.height())
@@ -341,6 +398,8 @@ void ParameterTable::paintEvent(QPaintEvent*) {
     painter.drawText(title.adjusted(QFontMetrics(bold).horizontalAdvance(u"参数"_s) + 10, 0, 0, 0),
                      Qt::AlignLeft | Qt::AlignVCenter, u"按下名称即过滤"_s);
 
+    if (stripHeight() > 0)
+        paintStrip(painter);
     paintHeads(painter);
 }
 

@@ -39,6 +39,9 @@ class ParameterTable : public QWidget {
     /// What past draws say of a row, for its last column and its tool tip.
     void showPast(const Parameter& parameter, std::optional<int> last, std::optional<double> share);
 
+    /// What the strip under the rows tells of the row under the mouse or the focus; empty while there is no strip.
+    QStringList toldLines() const;
+
   signals:
     void parameterPressed(const filter::Parameter& parameter);
     void rangeEdited(const filter::Parameter& parameter);
@@ -59,6 +62,9 @@ class ParameterTable : public QWidget {
     void orderTabs();
     QLineEdit* makeBox(const QString& name, const QString& accessible, QWidget* parent);
     void fitRows();
+    int stripHeight() const;
+    void tellRowOf(const QWidget* control);
+    void paintStrip(QPainter& painter) const;
     void paintHeads(QPainter& painter) const;
     TableRow* rowOf(const Parameter& parameter);
     bool moveFrom(const QWidget* control, int rows);
@@ -66,7 +72,8 @@ class ParameterTable : public QWidget {
 
     TableRows* m_rows;
     QScrollArea* m_area;
-    bool m_lists = false; ///< whether lists stand in the place of ranges
+    const TableRow* m_told = nullptr; ///< the row that the strip tells
+    bool m_lists = false;             ///< whether lists stand in the place of ranges
 };
 
 } // namespace filter

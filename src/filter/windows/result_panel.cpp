@@ -19,11 +19,13 @@ constexpr int kTwipsPerPixel = 15;
 constexpr int kHeadingPadding = 10; // pixels left and right of a heading, together
 constexpr int kRowHeight = 22;
 constexpr int kTickRoom = 22; // in front of the numbers, where a view has marks
-// Widths with no reason beside them, in which eight columns and a value fill the grid of a window of 1280 pixels.
-constexpr int kIndexWidth = 84;
-constexpr int kRedWidth = 48;
-constexpr int kBlueWidth = 56;
-constexpr int kValueWidth = 100;
+
+struct Widths {
+    int index, red, blue, value;
+};
+constexpr Widths kAlone{84, 48, 56, 100};        // eight columns and a value fill the grid of a window of 1280 pixels
+constexpr Widths kBesideReasons{56, 32, 38, 44}; // there, so that a reason can be read without scrolling
+constexpr int kRoomy = 800;                      // width of a grid that has room for both
 
 const QString kAdvice = u"没有剩余组合：“上次过滤复位”可退回一步"_s;
 
@@ -163,18 +165,20 @@ int ResultPanel::wishedWidth(std::size_t column) const {
     const GridColumn& told = view.columns[column];
     const int heading =
         m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(told.heading));
-    const int width = std::max(told.widthTwips / kTwipsPerPixel, heading + kHeadingPadding);
-    if (m_shows == Shows::Reasons)
-        return column == 0 ? width + kTickRoom : width;
+    const bool reasons = m_shows == Shows::Reasons;
+    const Widths& widths = reasons && m_grid->width() < kRoomy ? kBesideReasons : kAlone;
+    const int width = std::max(&widths == &kAlone ? told.widthTwips / kTwipsPerPixel : 0, heading + kHeadingPadding);
     switch (m_model->styleOf(static_cast<int>(column))) {
     case toolkit::CellStyle::Plain:
-        return std::max(width, kIndexWidth);
+        return std::max(width, widths.index) + (reasons ? kTickRoom : 0);
     case toolkit::CellStyle::Red:
-        return std::max(width, kRedWidth);
+        return std::max(width, widths.red);
     case toolkit::CellStyle::Blue:
-        return std::max(width, kBlueWidth);
+        return std::max(width, widths.blue);
+    case toolkit::CellStyle::Text:
+        return std::max(told.widthTwips / kTwipsPerPixel, width);
     default:
-        return std::max(width, kValueWidth);
+        return std::max(width, widths.value);
     }
 }
 

@@ -156,6 +156,7 @@ void RunPanel::buildPositions(const FilterMember& member) {
 void RunPanel::read(WindowState& state) const {
     state.mode = m_list->isChecked() ? Mode::List : m_mean->isChecked() ? Mode::Mean : Mode::Range;
     state.keep = keeps();
+    state.percent = m_percent->currentText().toStdString();
     for (std::size_t position = 1; position < m_positions.size(); ++position)
         state.weights[position] = m_positions[position] && m_positions[position]->isChecked();
 }
