@@ -12,17 +12,17 @@ namespace selection {
 namespace {
 
 /// Called with 1, 2, 3, … as the rows are written.
-using Progress = std::function<void(int step)>;
+using TellStep = std::function<void(int step)>;
 
 Generated generate(sql::Database& database, const TableShape& shape, GenerationInput& input,
-                   const Progress& progress) {
+                   const TellStep& progress) {
     struct StepTeller final : workspace::Progress {
-        explicit StepTeller(const selection::Progress& tell) : m_tell(tell) {}
+        explicit StepTeller(const TellStep& tell) : m_tell(tell) {}
         bool advance(double) override {
             m_tell(++m_steps);
             return true;
         }
-        const selection::Progress& m_tell;
+        const TellStep& m_tell;
         int m_steps = 0;
     } teller(progress);
     return Enumeration(input).fill(database, shape, progress ? &teller : nullptr);
@@ -58,7 +58,7 @@ class EnumerationRows : public testing::TestWithParam<sql::Executor> {
         std::filesystem::remove_all(m_folder, ignored);
     }
 
-    Generated run(const TableShape& shape, GenerationInput input, const Progress& progress = {}) {
+    Generated run(const TableShape& shape, GenerationInput input, const TellStep& progress = {}) {
         return generate(*m_database, shape, input, progress);
     }
 

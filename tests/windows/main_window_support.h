@@ -70,6 +70,7 @@ class MainWindow : public ::testing::Test {
             book.replace(history);
     }
 
+    QString application() const { return workspace::setting::ofUser(workspace.Username); }
     /// \param path  "section/key" of the user's settings
     QString stored(const QString& path) {
         return settings.value(application(), path.section(u'/', 0, 0), path.section(u'/', 1));
@@ -148,9 +149,6 @@ class MainWindow : public ::testing::Test {
         action(*form, u"mnuDan"_s)->trigger();
         menu->close();
     }
-
-  private:
-    QString application() const { return workspace::setting::ofUser(workspace.Username); }
 };
 
 inline const history::Draw kFirstDraw{2003001, 10, 11, 12, 13, 26, 28, 11};
