@@ -65,8 +65,11 @@ View ResultView::reasons() const {
     View view{queryQuietly(m_database, select(bracketedColumns() + " ,[canshu],[fliter]", "")), heads()};
     view.columns.push_back({"参数", kValueTwips});
     view.columns.push_back({"过滤缘故", kReasonTwips, true});
-    view.states = queryQuietly(m_database, select("[unslt]", ""));
     return view;
+}
+
+sql::Rows ResultView::states() const {
+    return queryQuietly(m_database, select("[unslt]", ""));
 }
 
 View ResultView::page(double page) const {

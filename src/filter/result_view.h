@@ -43,6 +43,8 @@ class ResultView {
     View inPlay(std::string_view gridTitle) const;
     /// All rows with the value and the reason.
     View reasons() const;
+    /// Whether each row is out, in the order of reasons().
+    sql::Rows states() const;
     /// Rows in play with idx in page `page`, 1 the first: (page - 1) * 10000 + 1 to page * 10000. Page 0 is empty.
     View page(double page) const;
     /// Bets in play, as counted after a double click.

@@ -93,7 +93,9 @@ View Session::pressed(const Parameter& parameter, const WindowState& state) cons
 }
 
 View Session::reasons() const {
-    return m_view.reasons();
+    View view = m_view.reasons();
+    view.states = m_view.states();
+    return view;
 }
 
 View Session::page(double number) const {
