@@ -36,7 +36,7 @@ QString twoDigits(std::int32_t number) {
 } // namespace
 
 WindowUser::Draws WindowUser::draws() const {
-    const auto held = history::drawsOf(m_program->history);
+    const auto held = history::drawsOf(m_program->book.history());
     return {held.begin(), held.end()};
 }
 
