@@ -48,8 +48,8 @@ std::shared_ptr<ColumnTable> ColumnFile::find(const std::string& name) {
 }
 
 void ColumnFile::add(std::shared_ptr<ColumnTable> table) {
-    Entry entry{table->name, 0, table};
-    m_entries[foldedName(table->name)] = std::move(entry);
+    const std::string name = table->name;
+    m_entries[foldedName(name)] = Entry{name, 0, std::move(table)};
 }
 
 void ColumnFile::drop(const std::string& name) {

@@ -1,5 +1,6 @@
 #include "filter/windows/filter_window.h"
 
+#include <QScreen>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -23,6 +24,7 @@ constexpr int kIdleMs = 600;
 // However quickly one press follows another: at the latest this long after the first of them all are stored.
 constexpr int kLatestMs = 2000;
 constexpr QSize kUsefulSize{1264, 762}; // fills a work area of 1280 x 800 with its frame and title
+constexpr qreal kRoomyShare = 0.95; // of a larger work area: the columns and the grid use the room
 constexpr int kMargin = 8;
 constexpr int kFirst = 1000; // stretch: these columns take their widest before the grid grows
 // Widths of the window and of its first two columns: they grow evenly from the one to the other.
@@ -49,7 +51,7 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
-    toolkit::placeOver(*this, kUsefulSize);
+    toolkit::placeOver(*this, kUsefulSize.expandedTo(screen()->availableSize() * kRoomyShare));
     toolkit::keepPlace(*this, m_context.places);
     setBaoliu();
     for (const auto& [timer, wait] : {std::pair(&m_idle, kIdleMs), std::pair(&m_latest, kLatestMs)}) {
