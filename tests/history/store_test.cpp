@@ -13,6 +13,7 @@
 #include "history/draws_support.h"
 #include "history/statistics.h"
 #include "same_history.h"
+#include "workspace/combination_files.h"
 
 namespace {
 
@@ -48,6 +49,18 @@ TEST_F(Store, AnEmptyWorkspaceLoadsAsAnEmptyHistory) {
     EXPECT_EQ(empty.Lsnum, 0);
     EXPECT_EQ(empty.Lshm, std::vector<Draw>{Draw{}});
     EXPECT_EQ(empty.Ylnow, History().Ylnow);
+}
+
+/// The files of combinations stand side by side: which one was opened last says nothing about where draws go.
+TEST_F(Store, ADrawGoesToTheFileThatHoldsFigAfterASixRedTableWasTheLast) {
+    using workspace::CombinationFile;
+    sql::Database& sixReds = combinationFile(fresh.engine, fresh.workspace, CombinationFile::SixReds);
+    const std::vector<std::int32_t> one{1};
+    sixReds.appendRows("zuheR", {{"idx"}, {one}});
+    storeDraw(history, fresh.workspace, randomDraws(1).front());
+    EXPECT_EQ(history.Lsnum, 1);
+    EXPECT_EQ(combinationFile(fresh.engine, fresh.workspace, CombinationFile::WithBlue).rowCount("fig"), 1);
+    EXPECT_FALSE(sixReds.hasTable("fig"));
 }
 
 TEST_F(Store, WhatIsStoredIsLoadedAtTheNextStart) {
