@@ -1,6 +1,7 @@
 #include "toolkit/look.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QPalette>

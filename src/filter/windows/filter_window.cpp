@@ -1,8 +1,8 @@
 #include "filter/windows/filter_window.h"
 
-#include <QScreen>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "filter/windows/parameter_table.h"
@@ -24,7 +24,7 @@ constexpr int kIdleMs = 600;
 // However quickly one press follows another: at the latest this long after the first of them all are stored.
 constexpr int kLatestMs = 2000;
 constexpr QSize kUsefulSize{1264, 762}; // fills a work area of 1280 x 800 with its frame and title
-constexpr qreal kRoomyShare = 0.95; // of a larger work area: the columns and the grid use the room
+constexpr qreal kRoomyShare = 0.95;     // of a larger work area: the columns and the grid use the room
 constexpr int kMargin = 8;
 constexpr int kFirst = 1000; // stretch: these columns take their widest before the grid grows
 // Widths of the window and of its first two columns: they grow evenly from the one to the other.
