@@ -26,11 +26,6 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, co
     return showMessage(parent, workspace::Message{text, title}, {icon, buttons});
 }
 
-bool confirm(QWidget* parent, const QString& text, const QString& title) {
-    return showMessage(parent, text, title, QMessageBox::Question, QMessageBox::Ok | QMessageBox::Cancel) ==
-           QMessageBox::Ok;
-}
-
 std::optional<QString> askLine(QWidget* parent, const QString& prompt, const QString& title,
                                const QString& defaultText, Echo echo) {
     QDialog dialog(parent);

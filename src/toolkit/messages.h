@@ -25,9 +25,6 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const QString& text, co
                                         QMessageBox::Icon icon = QMessageBox::NoIcon,
                                         QMessageBox::StandardButtons buttons = QMessageBox::Ok);
 
-/// OK and Cancel with a question mark. \return whether OK was pressed
-bool confirm(QWidget* parent, const QString& text, const QString& title);
-
 /// Whether what is typed can be read on the screen.
 enum class Echo { Plain, Secret };
 

@@ -23,6 +23,7 @@
 #include "support/fresh_home.h"
 #include "support/modal_script.h"
 #include "toolkit/data_grid.h"
+#include "windows/filter_window_support.h"
 
 using namespace Qt::StringLiterals;
 using test_support::controlAs;
@@ -35,34 +36,8 @@ namespace {
 
 const QString kForm = u"GAgan"_s;
 
-class FilterWindowTest : public testing::Test {
+class FilterWindowTest : public FilterWindowFixture {
   protected:
-    FilterWindowTest() : m_database(m_engine.create(m_home.folder() / "filnum.mdb")) {
-        m_history.Lsnum = 1;
-        m_history.Lshm.push_back({2026001, 2, 5, 11, 17, 25, 33, 6});
-        m_database->setListener([this](std::string_view text) { m_statements.push_back(std::string(text)); });
-        m_window =
-            std::make_unique<FilterWindow>(kFilterMembers[0], FilterContext{*m_database, m_history, 33, m_Baoliu});
-        generate(7, {3, 9}); // 14 rows: six sets that leave out 7, 6, … 1, each with two blues
-        m_window->show();
-    }
-
-    void generate(int reds, std::vector<std::int32_t> blues) {
-        selection::GenerationInput input;
-        for (int red = 1; red <= reds; ++red)
-            input.chosen.reds.push_back(red);
-        input.chosen.blues = std::move(blues);
-        input.Genreds = reds;
-        load(input);
-        m_statements.clear();
-    }
-
-    void load(selection::GenerationInput& input) {
-        selection::Enumeration source(input);
-        m_window->load(source);
-    }
-
-    toolkit::DataGrid& grid() { return *m_window->findChild<toolkit::DataGrid*>(u"MSFlexGrid1"_s); }
     int shown() { return grid().model()->rowCount(); }
     QString heading(int column) { return grid().model()->headerData(column, Qt::Horizontal).toString(); }
     QString title(int bets) {
@@ -74,14 +49,6 @@ class FilterWindowTest : public testing::Test {
         QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, place);
     }
     QVariant ground(int row) { return grid().model()->index(row, 0).data(Qt::BackgroundRole); }
-
-    test_support::FreshHome m_home;
-    sql::Engine m_engine;
-    std::unique_ptr<sql::Database> m_database;
-    history::History m_history;
-    std::int16_t m_Baoliu = kRemove;
-    std::vector<std::string> m_statements;
-    std::unique_ptr<FilterWindow> m_window;
 };
 
 TEST_F(FilterWindowTest, OpensOnAllRowsWithHeadingsTitleAndKeepSet) {

@@ -476,7 +476,7 @@ TEST(Messages, QtsOwnButtonsAreChinese) {
                                    EXPECT_TRUE(box->button(QMessageBox::Cancel)->text().startsWith(u"取消"_s));
                                    box->button(QMessageBox::Ok)->click();
                                }}});
-    EXPECT_TRUE(toolkit::confirm(nullptr, u"要吗？"_s, u"问"_s));
+    EXPECT_TRUE(toolkit::DialogBoxes(nullptr).confirm({u"要吗？"_s, u"问"_s}, workspace::Risk::None));
 }
 
 TEST(Look, DarkIsToldByThePalette) {
