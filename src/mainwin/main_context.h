@@ -4,6 +4,7 @@
 #include "history/book.h"
 #include "mainwin/commands.h"
 #include "selection/pad.h"
+#include "selection/simulator.h"
 #include "workspace/user_settings.h"
 #include "workspace/workspace.h"
 
@@ -13,6 +14,7 @@ struct MainContext {
     workspace::Workspace& workspace;
     history::Book& book;
     selection::Pad& pad;
+    selection::Simulator& simulator;
     workspace::UserSettings settings;
     Commands commands{};
 };

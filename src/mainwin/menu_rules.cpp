@@ -45,6 +45,17 @@ Obstacle stillNeeded(int reds, int bankers) {
     return missing;
 }
 
+constexpr int kFewestForADraw = 7; // reds and bankers together
+
+Obstacle startObstacle(const ProgramState& state) {
+    const int missing = kFewestForADraw - state.reds - state.bankers;
+    if (missing > 0)
+        return stillNeeded(missing, 0);
+    if (state.drawRunning)
+        return {{}, u"摇奖正在进行"_s};
+    return {{}, u"要选多于 %1 个红球才有可摇的"_s.arg(state.drawPicks)};
+}
+
 } // namespace
 
 QString Obstacle::text() const {
@@ -57,14 +68,17 @@ Obstacle obstacle(Needs needs, const ProgramState& state, int index) {
         return {};
     case Needs::History:
         return unless(state.draws > 0, u"还没有历史：先读取或输入"_s);
-    case Needs::EnoughForADraw:
-        return state.startEnabled ? Obstacle() : stillNeeded(std::max(1, 7 - state.reds - state.bankers), 0);
-    case Needs::DrawRunning:
-        return unless(state.drawRunning, u"摇奖没有进行"_s);
-    case Needs::DrawBegun:
-        return unless(state.drawBegun, u"摇奖还没有开始"_s);
+    case Needs::DrawStart:
+        return state.draw.start ? Obstacle() : startObstacle(state);
+    case Needs::DrawPause:
+        return unless(state.draw.pause, u"摇奖没有进行"_s);
+    case Needs::DrawReset:
+        return unless(state.draw.reset, u"摇奖还没有开始"_s);
     case Needs::DrawResult:
-        return unless(state.drawResult, u"还没有摇奖结果"_s);
+        return unless(state.draw.arrange,
+                      state.drawRunning ? u"摇奖正在进行：等到结果或先暂停"_s : u"还没有摇奖结果"_s);
+    case Needs::DrawAndArrange:
+        return state.draw.start || state.draw.arrange ? Obstacle() : startObstacle(state);
     case Needs::SevenReds:
         return stillNeeded(7 - state.reds, 0);
     case Needs::EightReds:
@@ -82,6 +96,20 @@ Obstacle obstacle(Needs needs, const ProgramState& state, int index) {
         return unless(state.reds == index, u"要选 %1 红"_s.arg(index));
     }
     return {};
+}
+
+std::optional<QString> drawCaption(const QString& name, const selection::DrawControls& draw) {
+    if (name == u"ComSta")
+        return draw.goOn ? u"继续(&G)"_s : u"开始(&G)"_s;
+    if (name == u"meuSta")
+        return draw.goOn ? u"继续(&G)"_s : u"开始(&S)"_s;
+    return std::nullopt;
+}
+
+std::optional<QString> drawToolTip(const QString& name, const selection::DrawControls& draw) {
+    if (name == u"sta")
+        return draw.goOn ? u"继续摇奖分析"_s : u"开始摇奖分析"_s;
+    return std::nullopt;
 }
 
 std::optional<QString> betCaption(const QString& name, int blues) {

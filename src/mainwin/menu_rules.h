@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include "mainwin/menu_table.h"
+#include "selection/simulator.h"
 
 namespace mainwin {
 
@@ -18,10 +19,9 @@ struct ProgramState {
     int reds = 0;  ///< selected reds without the bankers
     int bankers = 0;
     int blues = 0;
-    bool startEnabled = false; ///< the pad allows a draw
+    selection::DrawControls draw{}; ///< what the simulated draw offers
     bool drawRunning = false;
-    bool drawBegun = false;
-    bool drawResult = false;
+    int drawPicks = 6; ///< numbers that it ranks
 };
 
 /// Why a command is not offered now.
@@ -43,5 +43,9 @@ inline bool allowed(Needs needs, const ProgramState& state, int index = MenuRow:
 /// The caption of an entry of 组号方式 that names the form of its bets, by whether blues are chosen; nothing for an
 /// entry whose caption never changes.
 std::optional<QString> betCaption(const QString& name, int blues);
+
+/// How the start of the simulated draw names itself; nothing for any other entry or button.
+std::optional<QString> drawCaption(const QString& name, const selection::DrawControls& draw);
+std::optional<QString> drawToolTip(const QString& name, const selection::DrawControls& draw);
 
 } // namespace mainwin

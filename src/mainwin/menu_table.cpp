@@ -53,9 +53,9 @@ void addSelectionMenu(Rows& rows) {
 void addDrawMenu(Rows& rows) {
     add(rows, {
                   {0, kMenu, u"meuCol"_s, u"摇奖控制(&O)"_s},
-                  {1, kEntry, u"meuSta"_s, u"开始(&S)"_s, Needs::EnoughForADraw},
-                  {1, kEntry, u"meuSup"_s, u"暂停(&P)"_s, Needs::DrawRunning},
-                  {1, kEntry, u"meuRst"_s, u"重置(&T)"_s, Needs::DrawBegun},
+                  {1, kEntry, u"meuSta"_s, u"开始(&S)"_s, Needs::DrawStart},
+                  {1, kEntry, u"meuSup"_s, u"暂停(&P)"_s, Needs::DrawPause},
+                  {1, kEntry, u"meuRst"_s, u"重置(&T)"_s, Needs::DrawReset},
                   kLine,
                   {1, kMenu, u"meuSpd"_s, u"稳定系数(&T)"_s},
                   {2, kChoice, u"meuSpd1"_s, u"50(&N)"_s},
@@ -184,7 +184,7 @@ void addBetMenu(Rows& rows) {
     addArray(rows, 2, kChoice, u"meuDanxuan"_s, 6, u"摇奖选%1个红球(&%2)"_s, u"ABCDEFGHIJK");
     add(rows, {
                   {1, kMenu, u"mnuDantuo"_s, u"红球摇奖胆拖选择（6红球排列）(&T)"_s, Needs::Bankers},
-                  {2, kEntry, u"mnuDtuo"_s, u"摇奖胆拖排列(&D)"_s},
+                  {2, kEntry, u"mnuDtuo"_s, u"摇奖胆拖排列(&D)"_s, Needs::DrawAndArrange},
                   kLine,
               });
     addWheels(rows);
@@ -242,9 +242,9 @@ std::vector<MenuRow> menuTable() {
 
 std::vector<ButtonRow> toolbarTable() {
     return {
-        {u"sta"_s, u"开始"_s, u"开始摇奖分析"_s, u"ComSta"_s, Needs::EnoughForADraw},
-        {u"sup"_s, u"暂停"_s, u"暂停摇奖分析"_s, u"ComSpd"_s, Needs::DrawRunning},
-        {u"rst"_s, u"重新"_s, u"重新摇奖分析"_s, u"ComRst"_s, Needs::DrawBegun},
+        {u"sta"_s, u"开始"_s, u"开始摇奖分析"_s, u"ComSta"_s, Needs::DrawStart},
+        {u"sup"_s, u"暂停"_s, u"暂停摇奖分析"_s, u"ComSpd"_s, Needs::DrawPause},
+        {u"rst"_s, u"重新"_s, u"重新摇奖分析"_s, u"ComRst"_s, Needs::DrawReset},
         {},
         {u"ls"_s, u"历史分析"_s, u"历史分析窗口"_s, u"mnuSy"_s, Needs::History},
         {u"fx"_s, u"排列组合"_s, u"排列组合窗口"_s, u"meuAgarr"_s, Needs::DrawResult},
@@ -260,9 +260,9 @@ std::vector<ButtonRow> toolbarTable() {
 
 std::vector<ButtonRow> buttonTable() {
     return {
-        {u"ComSta"_s, u"开始(&G)"_s, {}, u"ComSta"_s, Needs::EnoughForADraw},
-        {u"ComSpd"_s, u"暂停(&P)"_s, {}, u"ComSpd"_s, Needs::DrawRunning},
-        {u"ComRst"_s, u"重置(&Z)"_s, {}, u"ComRst"_s, Needs::DrawBegun},
+        {u"ComSta"_s, u"开始(&G)"_s, {}, u"ComSta"_s, Needs::DrawStart},
+        {u"ComSpd"_s, u"暂停(&P)"_s, {}, u"ComSpd"_s, Needs::DrawPause},
+        {u"ComRst"_s, u"重置(&Z)"_s, {}, u"ComRst"_s, Needs::DrawReset},
         {u"cmdRead"_s, u"读取历史(&E)"_s, {}, u"mnuRed"_s},
         {u"cmdReadFirst"_s, u"读取历史"_s, {}, u"mnuRed"_s},
         {u"Command43"_s, u"历史更新(&W)"_s, u"放弃本次正在进行的输入操作"_s, u"mnuNewol"_s},

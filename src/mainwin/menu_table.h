@@ -14,10 +14,11 @@ namespace mainwin {
 enum class Needs {
     Nothing,
     History,        ///< a draw is held
-    EnoughForADraw, ///< more than six reds and bankers together
-    DrawRunning,    ///< the simulated draw runs
-    DrawBegun,      ///< the simulated draw was started
-    DrawResult,     ///< the simulated draw stands at a result
+    DrawStart,      ///< the simulated draw offers its start: first, with more than six reds and bankers together
+    DrawPause,      ///< and its pause
+    DrawReset,      ///< and its reset
+    DrawResult,     ///< and the way to the arrangement
+    DrawAndArrange, ///< either of start and arrangement
     SevenReds,      ///< more than six reds, bankers not counted
     EightReds,      ///< more than seven
     Bankers,        ///< a banker

@@ -105,7 +105,7 @@ Generated Enumeration::fill(sql::Database& database, const TableShape& shape, wo
     sql::passOver(database, workspace::createCombinationTable(shape.table));
     removeRows(database, shape.table);
 
-    const bool multirows = m_input.Multirows && shape.reds == 6;
+    const bool multirows = m_input.Multirows && shape.reds == 6 && !shape.bankers;
     const std::int64_t sets =
         multirows ? m_input.Multicount : combinationCount(m_input.Genreds, shape.reds - bankersOf(shape, m_input));
     const std::int64_t announced = sets * (shape.blue ? static_cast<std::int64_t>(m_input.chosen.blues.size()) : 1);

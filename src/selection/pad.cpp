@@ -90,9 +90,7 @@ void Pad::pressRed(int number) {
     else
         addRed(number);
     Redvalue[index] = Redsel[index];
-    rebuildTexts();
-    updateAvailability();
-    emit changed();
+    tellReds();
 }
 
 void Pad::pressBlue(int number) {
@@ -102,7 +100,7 @@ void Pad::pressBlue(int number) {
         dropBlue(number);
     else
         addBlue(number);
-    updateAfterBlue();
+    tellBlues();
 }
 
 void Pad::pointAtRed(int number) {
@@ -120,9 +118,7 @@ void Pad::mnuDan() {
         dropDan(Lastclick);
     else
         addDan(Lastclick);
-    rebuildTexts();
-    updateAvailability();
-    emit changed();
+    tellReds();
 }
 
 void Pad::selectAllReds() {
@@ -133,9 +129,7 @@ void Pad::selectAllReds() {
         addRed(number);
         Redvalue[static_cast<std::size_t>(number)] = true;
     }
-    rebuildTexts();
-    updateAvailability();
-    emit changed();
+    tellReds();
 }
 
 void Pad::invertReds() {
@@ -152,9 +146,7 @@ void Pad::invertReds() {
             addRed(number);
         Redvalue[index] = Redsel[index];
     }
-    rebuildTexts();
-    updateAvailability();
-    emit changed();
+    tellReds();
 }
 
 void Pad::clearReds() {
@@ -177,7 +169,7 @@ void Pad::selectAllBlues() {
     Bluecnt = 0;
     for (int number = 1; number <= m_blues; ++number)
         addBlue(number);
-    updateAfterBlue();
+    tellBlues();
 }
 
 void Pad::invertBlues() {
@@ -189,7 +181,7 @@ void Pad::invertBlues() {
     for (int number = 1; number <= m_blues; ++number)
         if (!before[static_cast<std::size_t>(number)])
             addBlue(number);
-    updateAfterBlue();
+    tellBlues();
 }
 
 void Pad::clearBlues() {
@@ -216,9 +208,7 @@ void Pad::setRule(int reds, int blues) {
             dropBlue(number);
     m_reds = reds;
     m_blues = blues;
-    rebuildTexts();
-    updateAvailability();
-    emit changed();
+    tellReds();
 }
 
 void Pad::sortReds() {
@@ -231,19 +221,23 @@ void Pad::rebuildTexts() {
     m_blueText = listText(Bluelist, Bluecnt);
 }
 
-void Pad::updateAvailability() {
+void Pad::tellReds() {
+    rebuildTexts();
     Bankermode = Dancnt > 0;
     m_startEnabled = Redcnt + Dancnt > kEnoughForADraw;
     updateStatusText();
     if (Bankermode)
         emit bankersChosen();
+    emit redsChanged();
+    emit changed();
 }
 
-void Pad::updateAfterBlue() {
+void Pad::tellBlues() {
     rebuildTexts();
     if (Redcnt + Dancnt > kEnoughForADraw && Bluecnt > 0)
         m_startEnabled = true;
     updateStatusText();
+    emit bluesChanged();
     emit changed();
 }
 

@@ -87,9 +87,14 @@ class Pad : public QObject {
 
   signals:
     void changed();
+    /// The reds or bankers were changed, other than by a clearing; before changed().
+    void redsChanged();
+    /// The blues were changed, other than by a clearing; before changed().
+    void bluesChanged();
     /// The reds were cleared: the draw stops, the seven-number wheel entries go, the size of a draw is 6 again.
     void redsCleared();
-    /// There are bankers after a change: a draw in progress no longer fits the selection.
+    /// There are bankers after a change of the reds: what a draw has counted no longer fits the selection. Before
+    /// redsChanged().
     void bankersChosen();
 
   private:
@@ -102,8 +107,8 @@ class Pad : public QObject {
     void addBlue(int number);
     void dropBlue(int number);
     void rebuildTexts();
-    void updateAvailability();
-    void updateAfterBlue();
+    void tellReds();
+    void tellBlues();
     void updateStatusText();
 
     int m_reds;

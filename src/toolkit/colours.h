@@ -36,6 +36,7 @@ struct Colours {
     QColor bar;        ///< bars of shares and charts
     QColor barLast;    ///< what the last step took
     QColor track;      ///< what a bar runs on
+    QColor trace;      ///< ground of the trace of a draw: light in both, for its lines have fixed colours, black too
     QColor expect;     ///< dashes at the expected share
     QColor notice;     ///< ground of a notice
     QColor noticeEdge; ///< and its edge

@@ -7,7 +7,7 @@
 #include "crash/say.h"
 #include "crash/window_user.h"
 #include "filter/catalogue.h"
-#include "mainwin/stability.h"
+#include "selection/stability.h"
 #include "support/controls.h"
 #include "toolkit/data_grid.h"
 
@@ -126,8 +126,8 @@ void WindowUser::changeRule() {
 }
 
 void WindowUser::chooseStability() {
-    const auto& item =
-        mainwin::kStabilityItems[static_cast<std::size_t>(below(static_cast<int>(mainwin::kStabilityItems.size())))];
+    const auto& item = selection::kStabilityItems[static_cast<std::size_t>(
+        below(static_cast<int>(selection::kStabilityItems.size())))];
     say("begin\tstability\t" + keyOf("Wd", user()) + '=' + std::to_string(item.wd));
     trigger(form(), item.name.toString());
     say("done");

@@ -119,7 +119,8 @@ TEST_F(MainWindow, WhatNobodyRegisteredIsDisabledInEveryState) {
     open(false);
     pad.selectAllReds();
     pad.selectAllBlues();
-    const std::set<QString> own{u"meuS"_s, u"mnuBlue"_s, u"mnuPtset"_s, u"mnuName"_s, u"mnuLook"_s};
+    const std::set<QString> own{u"meuS"_s,    u"mnuBlue"_s, u"mnuPtset"_s, u"mnuName"_s,
+                                u"mnuLook"_s, u"meuSta"_s,  u"mnuMilt"_s,  u"meuDanxuan"_s};
     for (const auto& row : mainwin::menuTable()) {
         if (row.kind == mainwin::RowKind::Menu || row.kind == mainwin::RowKind::Separator)
             continue;
@@ -202,27 +203,27 @@ TEST_F(MainWindow, OfTheStabilityItemsOneIsCheckedAndItsFactorSaved) {
     EXPECT_TRUE(action(*form, u"meuSpd2"_s)->isChecked()) << "100 without a setting";
     trigger(*form, u"meuSpd10"_s);
     EXPECT_EQ(stored(u"Initial/Wd"_s), u"2500"_s);
-    EXPECT_EQ(drawDesk->stability.Stabletarget, 3500);
+    EXPECT_EQ(simulator->stability.Stabletarget, 3500);
     EXPECT_FALSE(action(*form, u"meuSpd2"_s)->isChecked());
     trigger(*form, u"meuSpd8"_s);
     EXPECT_EQ(stored(u"Initial/Wd"_s), u"8000"_s);
-    EXPECT_EQ(drawDesk->stability.Stabletarget, 30000);
+    EXPECT_EQ(simulator->stability.Stabletarget, 30000);
     EXPECT_TRUE(action(*form, u"meuSpd8"_s)->isChecked());
     open(); // the endless factor comes back as an ordinary one that no item shows
-    EXPECT_EQ(drawDesk->stability.Stabletarget, 11200);
-    for (const auto& item : mainwin::kStabilityItems)
+    EXPECT_EQ(simulator->stability.Stabletarget, 11200);
+    for (const auto& item : selection::kStabilityItems)
         EXPECT_FALSE(action(*form, item.name.toString())->isChecked());
 }
 
 TEST(Stability, TheTargetOfALoadedFactorIsThatOfItsItem) {
-    for (const auto& item : mainwin::kStabilityItems) {
-        mainwin::Stability stability;
+    for (const auto& item : selection::kStabilityItems) {
+        selection::Stability stability;
         stability.load(item.wd);
         EXPECT_EQ(stability.Stabletarget, item.wd == 8000 ? 11200 : item.target) << item.wd;
     }
-    EXPECT_FALSE(mainwin::checkedItem(8000));
-    EXPECT_FALSE(mainwin::checkedItem(4000));
-    EXPECT_EQ(mainwin::checkedItem(30000)->wd, 8000);
+    EXPECT_FALSE(selection::checkedItem(8000));
+    EXPECT_FALSE(selection::checkedItem(4000));
+    EXPECT_EQ(selection::checkedItem(30000)->wd, 8000);
 }
 
 TEST_F(MainWindow, ThePrintSettingAsksWithTheStoredNumber) {
@@ -267,7 +268,7 @@ TEST_F(MainWindow, AStoredNumberThatIsNoneLeavesTheDefaultAndIsTold) {
     store(u"Initial/Wd"_s, u"-7"_s);
     open();
     EXPECT_EQ(workspaceDesk->Printrow, 5);
-    EXPECT_EQ(drawDesk->stability.Wd, 0);
+    EXPECT_EQ(simulator->stability.Wd, 0);
     const QStringList troubles = context->settings.troubles();
     ASSERT_EQ(troubles.size(), 1);
     EXPECT_TRUE(troubles.front().contains(u"dayin"_s)) << troubles.front().toStdString();

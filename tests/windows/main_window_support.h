@@ -55,6 +55,9 @@ class MainWindow : public ::testing::Test {
     history::History history; ///< what the book holds next
     history::Book book;
     selection::Pad pad;
+    selection::ClockNumbers random;
+    std::unique_ptr<selection::Simulator> simulator;
+    selection::GenerationInput generation;
     std::vector<QString> ran; ///< commands, as "name" or "name(index)"
     std::unique_ptr<mainwin::MainContext> context;
     std::unique_ptr<Form1> form;
@@ -83,10 +86,11 @@ class MainWindow : public ::testing::Test {
     Form1& open(bool allCommands = true) {
         closeForm();
         book.replace(history);
-        context.reset(
-            new mainwin::MainContext{workspace, book, pad, workspace::UserSettings(settings, workspace.Username)});
+        simulator = std::make_unique<selection::Simulator>(pad, random);
+        context.reset(new mainwin::MainContext{workspace, book, pad, *simulator,
+                                               workspace::UserSettings(settings, workspace.Username)});
         form = std::make_unique<Form1>(*context);
-        drawDesk = std::make_unique<mainwin::DrawDesk>(*context);
+        drawDesk = std::make_unique<mainwin::DrawDesk>(*context, generation, *form);
         workspaceDesk =
             std::make_unique<mainwin::WorkspaceDesk>(*context, mainwin::UserFiles{settings, users, engine}, *form);
         QObject::connect(workspaceDesk.get(), &mainwin::WorkspaceDesk::ruleChanged, form.get(), &Form1::showRule);

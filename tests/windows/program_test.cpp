@@ -229,7 +229,7 @@ TEST_F(ProgramTest, BankersStandInEveryBetOfTheirWindow) {
     pressNumbers(u"Command2(%1)"_s, {8});
     EXPECT_EQ(text(u"StatusBar1(3)"_s), u"2红胆7红拖1蓝，共计胆拖：35注,合计：70元"_s);
     program->generation.Fromdraw = true; // as a simulated draw leaves it
-    program->generation.Drawnlist = {1, 2, 4, 10, 25, 30, 31};
+    program->simulator.Top = {1, 2, 4, 10, 25, 30, 31};
     inFilterWindow(u"mnuDtlst"_s, u"Gdanagan"_s, [](QWidget& opened) {
         EXPECT_EQ(opened.windowTitle(), title(35)); // C(7, 4)
     });

@@ -91,10 +91,13 @@ void CommandTree::buildToolbar() {
         connect(button, &QAction::triggered, this, [this, command = row.command] { run(command); });
         QWidget* face = bar->widgetForAction(button);
         face->installEventFilter(this);
-        m_buttons.push_back({row, [button, face](const Obstacle& obstacle) {
-                                 button->setEnabled(!obstacle.stands());
-                                 face->setAccessibleDescription(obstacle.text());
-                             }});
+        m_buttons.push_back(
+            {row, [button, face, name = row.name](const ProgramState& state, const Obstacle& obstacle) {
+                 button->setEnabled(!obstacle.stands());
+                 if (const auto toolTip = drawToolTip(name, state.draw))
+                     button->setToolTip(*toolTip);
+                 face->setAccessibleDescription(obstacle.text());
+             }});
     }
     m_window.addToolBar(bar);
 }
@@ -114,10 +117,13 @@ void CommandTree::adopt(QPushButton& button, const QString& name) {
     button.setObjectName(name);
     button.setToolTip(row->toolTip);
     connect(&button, &QPushButton::clicked, this, [this, command = row->command] { run(command); });
-    m_buttons.push_back({*row, [&button, told = row->toolTip](const Obstacle& obstacle) {
-                             button.setEnabled(!obstacle.stands());
-                             button.setToolTip(told.isEmpty() ? obstacle.text() : told);
-                         }});
+    m_buttons.push_back(
+        {*row, [&button, name, told = row->toolTip](const ProgramState& state, const Obstacle& obstacle) {
+             button.setEnabled(!obstacle.stands());
+             if (const auto caption = drawCaption(name, state.draw); caption && *caption != button.text())
+                 button.setText(*caption);
+             button.setToolTip(told.isEmpty() ? obstacle.text() : told);
+         }});
 }
 
 Obstacle CommandTree::obstacleOf(const QString& command, Needs needs, const ProgramState& state, int index) const {
@@ -148,7 +154,7 @@ void CommandTree::refresh() {
             refreshEntry(bound, state);
     refreshMenus(state);
     for (const BoundButton& button : m_buttons)
-        button.show(obstacleOf(button.row.command, button.row.needs, state, MenuRow::kNoIndex));
+        button.show(state, obstacleOf(button.row.command, button.row.needs, state, MenuRow::kNoIndex));
 }
 
 void CommandTree::refreshEntry(const Bound& bound, const ProgramState& state) {
@@ -156,6 +162,8 @@ void CommandTree::refreshEntry(const Bound& bound, const ProgramState& state) {
     bound.entry->setEnabled(!obstacle.stands());
     bound.entry->setToolTip(obstacle.text());
     if (const auto caption = betCaption(bound.row.name, state.blues))
+        bound.entry->setText(*caption);
+    if (const auto caption = drawCaption(bound.row.name, state.draw))
         bound.entry->setText(*caption);
     if (const Commands::Mark* mark = m_commands.markOf(bound.row.name))
         bound.entry->setChecked((*mark)(bound.row.index));

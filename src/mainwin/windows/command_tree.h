@@ -52,7 +52,7 @@ class CommandTree : public QObject {
     };
     struct BoundButton {
         ButtonRow row;
-        std::function<void(const Obstacle&)> show;
+        std::function<void(const ProgramState&, const Obstacle&)> show;
     };
 
     void buildMenus();

@@ -2,26 +2,144 @@
 
 #include <algorithm>
 
+#include <QApplication>
+#include <QScreen>
+
+#include "base/number_text.h"
+#include "toolkit/dialog_boxes.h"
+
 using namespace Qt::StringLiterals;
 
 namespace mainwin {
 
-DrawDesk::DrawDesk(MainContext& context) : m_context(context) {
-    stability.load(std::max(0, context.settings.number(u"Initial"_s, u"Wd"_s, u"100"_s)));
-    m_checked = checkedItem(stability.Wd);
-    for (const StabilityItem& item : kStabilityItems) {
-        const QString name = item.name.toString();
-        context.commands.on(name, [this, item](int) { choose(item); });
-        context.commands.mark(name, [this, item](int) { return m_checked && m_checked->name == item.name; });
-    }
-    context.commands.mark(u"meuDanxuan"_s, [this](int reds) { return reds == m_drawReds; });
-    connect(&context.pad, &selection::Pad::redsCleared, this, [this] { m_drawReds = selection::Pad::kBetReds; });
+namespace {
+
+const QString kSection = u"Initial"_s;
+const QString kFactorKey = u"Wd"_s;
+constexpr int kAskAgain = 200; // ms, while another window is in the way
+constexpr double kScreensRate = 60;
+
+/// As often as the screen can show a new picture, and no more often.
+int tickInterval(const QWidget& window) {
+    const QScreen* screen = window.screen();
+    const double rate = screen && screen->refreshRate() > 1 ? screen->refreshRate() : kScreensRate;
+    return std::max(1, static_cast<int>(1000 / rate));
 }
 
-void DrawDesk::choose(const StabilityItem& item) {
+} // namespace
+
+DrawDesk::DrawDesk(MainContext& context, selection::GenerationInput& generation, QWidget& window)
+    : m_context(context), m_generation(generation), m_window(window) {
+    selection::Simulator& simulator = context.simulator;
+    simulator.stability.load(storedFactor());
+    simulator.readFactorBy([this] { return storedFactor(); });
+    m_timer.setObjectName(u"Timer1"_s);
+    m_timer.setInterval(tickInterval(window));
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, &simulator, &selection::Simulator::tick);
+    connect(&simulator, &selection::Simulator::runningChanged, this,
+            [this](bool running) { running ? m_timer.start() : m_timer.stop(); });
+    // Not from within the tick: the question waits for its answer.
+    connect(&simulator, &selection::Simulator::finished, this, &DrawDesk::askArrange, Qt::QueuedConnection);
+    connect(&simulator, &selection::Simulator::runsFull, this, &DrawDesk::tellFull, Qt::QueuedConnection);
+    connect(&context.pad, &selection::Pad::redsCleared, this, [this] { m_drawReds = selection::Pad::kBetReds; });
+    registerControls();
+    registerFactors();
+    registerSizes();
+}
+
+void DrawDesk::registerControls() {
+    Commands& commands = m_context.commands;
+    selection::Simulator& simulator = m_context.simulator;
+    commands.on(u"ComSta"_s, [&simulator](int) { simulator.start(); });
+    commands.on(u"meuSta"_s, [&simulator](int) { simulator.startUntested(); });
+    for (const QString& name : {u"ComSpd"_s, u"meuSup"_s})
+        commands.on(name, [&simulator](int) { simulator.pause(); });
+    for (const QString& name : {u"ComRst"_s, u"meuRst"_s})
+        commands.on(name, [&simulator](int) { simulator.reset(); });
+}
+
+void DrawDesk::registerFactors() {
+    const selection::Stability& stability = m_context.simulator.stability;
+    for (const selection::StabilityItem& item : selection::kStabilityItems) {
+        const QString name = item.name.toString();
+        m_context.commands.on(name, [this, item](int) { choose(item); });
+        m_context.commands.mark(
+            name, [&stability, item](int) { return stability.checked && stability.checked->name == item.name; });
+    }
+}
+
+void DrawDesk::registerSizes() {
+    Commands& commands = m_context.commands;
+    commands.on(u"mnuMilt"_s, [this](int) { askRuns(); });
+    commands.on(u"meuDanxuan"_s, [this](int reds) { rank(reds); });
+    commands.mark(u"meuDanxuan"_s, [this](int reds) { return reds == m_drawReds; });
+    commands.on(u"mnuDtuo"_s, [this](int) {
+        const selection::Simulator& simulator = m_context.simulator;
+        m_context.pad.Genreds = simulator.Picknum;
+        if (simulator.controls().arrange)
+            m_context.commands.run(u"meuAgarr"_s, -1);
+        else
+            m_context.commands.run(u"ComSta"_s, -1); // the arrangement is offered when it has finished
+    });
+}
+
+int DrawDesk::storedFactor() {
+    return std::clamp(m_context.settings.number(kSection, kFactorKey, u"100"_s), 0, INT16_MAX);
+}
+
+void DrawDesk::choose(const selection::StabilityItem& item) {
+    selection::Stability& stability = m_context.simulator.stability;
     stability.choose(item);
-    m_checked = item;
-    m_context.settings.set(u"Initial"_s, u"Wd"_s, stability.Wd);
+    m_context.settings.set(kSection, kFactorKey, stability.Wd);
+}
+
+void DrawDesk::rank(int reds) {
+    m_drawReds = reds;
+    m_context.pad.Genreds = static_cast<std::int16_t>(reds);
+    m_context.simulator.rank(reds);
+}
+
+void DrawDesk::askRuns() {
+    toolkit::DialogBoxes boxes(&m_window);
+    const QString answer =
+        boxes.askText(u"请输入单词摇奖生成注数！"_s, u"摇奖注数设置"_s, u"1"_s).value_or(QString());
+    const std::optional<double> number = base::leadingNumber(answer.toStdString());
+    if (!number || *number < INT16_MIN || *number > INT16_MAX) {
+        boxes.tell(u"请输入整数数字"_s, u"输入错误"_s);
+        return;
+    }
+    m_context.simulator.wantRuns(static_cast<std::int16_t>(base::wholeWithin(*number, INT16_MIN, INT16_MAX)));
+    m_generation.Multirows = true;
+}
+
+void DrawDesk::askArrange() {
+    if (QApplication::activeModalWidget()) {
+        QTimer::singleShot(kAskAgain, this, &DrawDesk::askArrange);
+        return;
+    }
+    toolkit::DialogBoxes boxes(&m_window);
+    if (!boxes.confirm(u"预测结果已经得出！是否现在就将结果排列组合出来，以便再观察参数和缩水过滤？"_s, u"通告"_s))
+        return;
+    const QString missing = m_context.commands.missing(u"meuAgarr"_s);
+    if (missing.isEmpty())
+        m_context.commands.run(u"meuAgarr"_s, -1);
+    else
+        boxes.tell({u"预测结果已保留。还需：%1，选好后按“摇奖排列组合”。"_s.arg(missing), u"通告"_s});
+}
+
+void DrawDesk::tellFull() {
+    toolkit::DialogBoxes(&m_window).warn(
+        {u"已有 %1 次摇奖结果，不能再记录。摇奖已停止，已有的结果都保留着；在“多注单选摇奖设置”里重新设置注数后重新开始。"_s
+             .arg(selection::Simulator::kMostRuns),
+         u"摇奖注数设置"_s});
+}
+
+void DrawDesk::finish() {
+    m_timer.stop();
+    for (int place = 0; place < selection::Pad::kBetReds; ++place)
+        m_context.settings.set(kSection, QString::number(place + 1),
+                               m_context.simulator.Top[static_cast<std::size_t>(place)]);
 }
 
 } // namespace mainwin

@@ -7,7 +7,6 @@
 #include <QVBoxLayout>
 
 #include "toolkit/card.h"
-#include "toolkit/look.h"
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +14,8 @@ namespace mainwin {
 
 namespace {
 
-constexpr int kGridLines = 5;
+constexpr int kTraceCaptions = 7;
+constexpr int kCaptionedPicks = 10; // above it the count of ticks goes without its caption
 
 QLabel* label(const QString& name, const QString& text) {
     auto* made = new QLabel(text);
@@ -23,73 +23,93 @@ QLabel* label(const QString& name, const QString& text) {
     return made;
 }
 
-/// A caption with a row of number labels name(0)..name(5), at rest without numbers.
-QHBoxLayout* numberRow(const QString& captionName, const QString& caption, const QString& name) {
+/// "1位走势" over a stroke in the colour of its line.
+class TraceCaption : public QLabel {
+  public:
+    explicit TraceCaption(int place) : QLabel(u"%1位走势"_s.arg(place)), m_place(place) {
+        setObjectName(u"Label13(%1)"_s.arg(place));
+        setContentsMargins(0, 0, 0, kStroke + 1);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        QPainter painter(this);
+        painter.fillRect(0, height() - kStroke, width(), kStroke,
+                         TracePicture::lineColour(static_cast<std::size_t>(m_place - 1)));
+    }
+
+  private:
+    static constexpr int kStroke = 3;
+    int m_place;
+};
+
+} // namespace
+
+DrawPanel::DrawPanel(QWidget* parent)
+    : QWidget(parent), m_ticks(label(u"Label11"_s, u"0"_s)), m_trace(new TracePicture), m_buttons(new QHBoxLayout) {
+    setObjectName(u"DrawPanel"_s);
+    auto* card = new toolkit::Card(u"FrameDraw"_s, u"摇奖分析"_s);
+    card->head().addLayout(m_buttons);
+    auto* first = numberRow(u"Label7"_s, u"红球机选:"_s, u"Label1"_s, m_drawn);
+    first->addWidget(label(u"LabelTicks"_s, u"摇奖次数:"_s));
+    first->addWidget(m_ticks);
+    card->body().addLayout(first);
+    card->body().addLayout(numberRow(u"Label118"_s, u"红球预测:"_s, u"Label2"_s, m_ranked));
+    auto* captions = new QHBoxLayout;
+    for (int place = 1; place <= kTraceCaptions; ++place)
+        captions->addWidget(new TraceCaption(place), 0, Qt::AlignCenter);
+    card->body().addLayout(captions);
+    card->body().addWidget(m_trace, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(card);
+}
+
+/// A caption with a row of number labels name(0), name(1), ….
+QHBoxLayout* DrawPanel::numberRow(const QString& captionName, const QString& caption, const QString& name,
+                                  Numbers& numbers) {
     auto* row = new QHBoxLayout;
-    row->setSpacing(4);
+    row->setSpacing(2);
     row->addWidget(label(captionName, caption));
-    for (int place = 0; place < DrawPanel::kNumbers; ++place) {
-        QLabel* number = label(u"%1(%2)"_s.arg(name).arg(place), u"–"_s);
+    for (std::size_t place = 0; place < numbers.size(); ++place) {
+        QLabel* number = label(u"%1(%2)"_s.arg(name).arg(place), {});
         number->setAlignment(Qt::AlignCenter);
-        number->setMinimumWidth(number->fontMetrics().horizontalAdvance(u"000"_s));
+        number->setFixedWidth(number->fontMetrics().horizontalAdvance(u"00"_s) + 2);
+        numbers[place] = number;
         row->addWidget(number);
     }
     row->addStretch();
     return row;
 }
 
-} // namespace
-
-TracePicture::TracePicture(QWidget* parent) : QWidget(parent) {
-    setObjectName(u"Picture3"_s);
-    setAccessibleName(u"走势轨迹"_s);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    setMinimumHeight(36);
-}
-
-QSize TracePicture::sizeHint() const {
-    return {360, 60};
-}
-
-void TracePicture::setLogicalHeight(int height) {
-    m_logicalHeight = height;
-    update();
-}
-
-void TracePicture::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    painter.fillRect(rect(), palette().color(QPalette::AlternateBase));
-    painter.setPen(toolkit::colours(palette()).line);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    painter.scale(static_cast<double>(width()) / kLogicalWidth, static_cast<double>(height()) / m_logicalHeight);
-    QPen line(toolkit::colours(palette()).line, 1, Qt::DotLine);
-    line.setCosmetic(true);
-    painter.setPen(line);
-    for (int step = 1; step < kGridLines; ++step) {
-        const double level = static_cast<double>(m_logicalHeight) * step / kGridLines;
-        painter.drawLine(QPointF(0, level), QPointF(kLogicalWidth, level));
+void DrawPanel::showPicks(const selection::Simulator& simulator) {
+    for (std::size_t place = 0; place < m_drawn.size(); ++place) {
+        const bool used = static_cast<int>(place) < simulator.Picknum;
+        m_drawn[place]->setVisible(used);
+        m_ranked[place]->setVisible(used);
     }
+    findChild<QLabel*>(u"LabelTicks"_s)->setVisible(simulator.Picknum <= kCaptionedPicks);
+    if (simulator.Ticks == 0)
+        clear(simulator);
 }
 
-DrawPanel::DrawPanel(QWidget* parent) : QWidget(parent), m_trace(new TracePicture), m_buttons(new QHBoxLayout) {
-    setObjectName(u"DrawPanel"_s);
-    auto* card = new toolkit::Card(u"FrameDraw"_s, u"摇奖分析"_s);
-    card->head().addLayout(m_buttons);
-    auto* ticks = new QHBoxLayout;
-    ticks->addWidget(label(u"LabelTicks"_s, u"摇奖次数:"_s));
-    ticks->addWidget(label(u"Label11"_s, u"0"_s));
-    auto* first = numberRow(u"Label7"_s, u"红球机选:"_s, u"Label1"_s);
-    first->addLayout(ticks);
-    card->body().addLayout(first);
-    card->body().addLayout(numberRow(u"Label118"_s, u"红球预测:"_s, u"Label2"_s));
-    auto* captions = new QHBoxLayout;
-    for (int place = 1; place <= 7; ++place)
-        captions->addWidget(label(u"Label13(%1)"_s.arg(place), u"%1位走势"_s.arg(place)), 0, Qt::AlignCenter);
-    card->body().addLayout(captions);
-    card->body().addWidget(m_trace, 1);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(card);
+void DrawPanel::showTick(const selection::Simulator& simulator) {
+    const auto picks = static_cast<std::size_t>(simulator.Picknum);
+    for (std::size_t place = 0; place < picks; ++place) {
+        m_drawn[place]->setText(QString::number(simulator.drawnInOrder()[place]));
+        m_ranked[place]->setText(QString::number(simulator.Top[place]));
+    }
+    m_ticks->setText(QString::number(simulator.Ticks));
+    m_trace->add(simulator.Ticks, std::span(simulator.Prevtop).first(picks), std::span(simulator.Top).first(picks));
+}
+
+void DrawPanel::clear(const selection::Simulator& simulator) {
+    for (const Numbers* numbers : {&m_drawn, &m_ranked})
+        for (QLabel* number : *numbers)
+            number->setText(u"–"_s);
+    m_ticks->setText(QString::number(simulator.Ticks));
+    m_trace->clear();
 }
 
 void DrawPanel::addButton(QPushButton* button) {

@@ -3,43 +3,42 @@
 #pragma once
 
 #include <array>
+#include <vector>
 
 #include <QWidget>
 
+#include "mainwin/windows/trace_picture.h"
+#include "selection/simulator.h"
+
 class QHBoxLayout;
+class QLabel;
 class QPushButton;
 
 namespace mainwin {
 
-/// The trace area: 5000 wide and as high as the highest red, in its own logical scale, whatever its size in pixels.
-class TracePicture : public QWidget {
-    Q_OBJECT
-  public:
-    static constexpr int kLogicalWidth = 5000;
-
-    explicit TracePicture(QWidget* parent = nullptr);
-    void setLogicalHeight(int height);
-    QSize sizeHint() const override;
-
-  protected:
-    void paintEvent(QPaintEvent* event) override;
-
-  private:
-    int m_logicalHeight = 33;
-};
-
 class DrawPanel : public QWidget {
     Q_OBJECT
   public:
-    static constexpr int kNumbers = 6; ///< most numbers of one draw
-
     explicit DrawPanel(QWidget* parent = nullptr);
 
     /// Puts a button beside the count of ticks.
     void addButton(QPushButton* button);
     TracePicture& trace() { return *m_trace; }
 
+    /// As many numbers as a tick draws; the count of ticks.
+    void showPicks(const selection::Simulator& simulator);
+    /// What the last tick has drawn and ranked.
+    void showTick(const selection::Simulator& simulator);
+    /// A draw that was zeroed.
+    void clear(const selection::Simulator& simulator);
+
   private:
+    using Numbers = std::array<QLabel*, selection::Simulator::kMostPicks>;
+    QHBoxLayout* numberRow(const QString& captionName, const QString& caption, const QString& name, Numbers& numbers);
+
+    Numbers m_drawn{};
+    Numbers m_ranked{};
+    QLabel* m_ticks;
     TracePicture* m_trace;
     QHBoxLayout* m_buttons;
 };

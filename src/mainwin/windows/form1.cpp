@@ -139,9 +139,16 @@ void Form1::listen() {
         refreshCommands();
         showStatus();
     });
+    const selection::Simulator& simulator = m_context.simulator;
+    connect(&simulator, &selection::Simulator::controlsChanged, this, &Form1::refreshCommands);
+    connect(&simulator, &selection::Simulator::picksChanged, this,
+            [this] { m_draw->showPicks(m_context.simulator); });
+    connect(&simulator, &selection::Simulator::ticked, this, &Form1::showTick);
+    connect(&simulator, &selection::Simulator::zeroed, this, [this] { m_draw->clear(m_context.simulator); });
 }
 
 void Form1::showRule() {
+    m_draw->showPicks(m_context.simulator);
     m_draw->trace().setLogicalHeight(m_context.workspace.Bitnum);
     showFigures();
 }
@@ -151,6 +158,11 @@ void Form1::showFigures() {
     m_shares->showShares(m_context.book.history(), m_context.workspace.Bitnum, m_context.workspace.BitnumB);
     refreshCommands();
     showStatus();
+}
+
+void Form1::showTick() {
+    m_draw->showTick(m_context.simulator);
+    m_shares->showDraw(m_context.simulator.Share, m_context.pad.reds(), m_context.pad.Redcnt);
 }
 
 void Form1::showHistoryNote(const QString& note) {
@@ -183,7 +195,9 @@ ProgramState Form1::state() const {
             .reds = pad.Redcnt,
             .bankers = pad.Dancnt,
             .blues = pad.Bluecnt,
-            .startEnabled = pad.startEnabled()};
+            .draw = m_context.simulator.controls(),
+            .drawRunning = m_context.simulator.isRunning(),
+            .drawPicks = m_context.simulator.Picknum};
 }
 
 void Form1::closeEvent(QCloseEvent* event) {

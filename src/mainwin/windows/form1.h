@@ -59,6 +59,7 @@ class Form1 : public QMainWindow {
     void buildStatusBar();
     void listen();
     void showFigures();
+    void showTick();
     void showStatus();
     ProgramState state() const;
 

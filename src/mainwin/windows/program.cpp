@@ -49,7 +49,7 @@ void Program::enter() {
 
 void Program::openMainWindow() {
     m_context = std::make_unique<MainContext>(
-        MainContext{workspace, book, pad, workspace::UserSettings(settings, workspace.Username)});
+        MainContext{workspace, book, pad, simulator, workspace::UserSettings(settings, workspace.Username)});
     m_form = std::make_unique<Form1>(*m_context);
     connect(m_form.get(), &Form1::closed, this, &Program::finish);
     openDesks();
@@ -69,7 +69,7 @@ void Program::openDesks() {
     m_selectionDesk =
         std::make_unique<SelectionDesk>(*m_context, SelectionDesk::Inputs{engine, generation, Baoliu}, *m_form);
     m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
-    m_drawDesk = std::make_unique<DrawDesk>(*m_context);
+    m_drawDesk = std::make_unique<DrawDesk>(*m_context, generation, *m_form);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::ruleChanged, m_form.get(), &Form1::showRule);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::renamed, this, [this](const QString& name) {
         m_form->notice().tell(u"用户名已改为“%1”，下次启动时生效。现在打开的仍是“%2”的数据，都没有改变。"_s.arg(
@@ -86,6 +86,7 @@ void Program::tellTroubles() {
 
 /// What a failed store left pending is tried once more, so that nothing is lost without a word.
 void Program::finish() {
+    m_drawDesk->finish();
     m_historyDesk->finish();
     try {
         workspace::storeAll(workspace);

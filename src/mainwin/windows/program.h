@@ -18,6 +18,8 @@
 #include "mainwin/main_context.h"
 #include "selection/enumeration.h"
 #include "selection/pad.h"
+#include "selection/random_numbers.h"
+#include "selection/simulator.h"
 #include "sql/database.h"
 #include "workspace/settings.h"
 #include "workspace/user_list.h"
@@ -56,6 +58,8 @@ class Program : public QObject {
     workspace::Workspace workspace;
     history::Book book;
     selection::Pad pad;
+    selection::ClockNumbers random;
+    selection::Simulator simulator{pad, random};
     selection::GenerationInput generation; ///< Genreds, Fromdraw, Drawnlist, Multirows, Multicount, Multitable
     std::int16_t Baoliu = -1;              ///< keep or remove, one flag for all filter windows
 

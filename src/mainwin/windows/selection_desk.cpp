@@ -1,5 +1,7 @@
 #include "mainwin/windows/selection_desk.h"
 
+#include <algorithm>
+
 #include "filter/windows/filter_window.h"
 #include "mainwin/windows/places.h"
 #include "toolkit/dialog_boxes.h"
@@ -25,24 +27,43 @@ SelectionDesk::SelectionDesk(MainContext& context, const Inputs& inputs, QWidget
     context.commands.on(
         u"mnuLst"_s,
         [this](int) {
-            m_inputs.generation.Fromdraw = false; // the banker entries leave it as the simulator left it
-            enumerate("GAgan");
+            m_inputs.generation.Fromdraw = false; // the banker entries leave it as the simulated draw left it
+            arrangePad("GAgan");
         },
         blueMissing);
     context.commands.on(
-        u"mnuDtlst"_s, [this](int) { enumerate("Gdanagan"); }, blueMissing);
+        u"mnuDtlst"_s, [this](int) { arrangePad("Gdanagan"); }, blueMissing);
+    context.commands.on(
+        u"meuAgarr"_s, [this](int) { arrangeDraw(); }, blueMissing);
+}
+
+void SelectionDesk::arrangePad(std::string_view form) {
+    selection::Pad& pad = m_context.pad;
+    pad.sortReds();
+    pad.Genreds = pad.Redcnt;
+    enumerate(form);
+}
+
+void SelectionDesk::arrangeDraw() {
+    selection::Pad& pad = m_context.pad;
+    m_inputs.generation.Fromdraw = true;
+    pad.Genreds = m_context.simulator.Picknum;
+    pad.Bankermode = pad.Dancnt > 0;
+    enumerate(pad.Bankermode ? "Gdanagan" : "GAgan");
 }
 
 void SelectionDesk::enumerate(std::string_view form) {
-    selection::Pad& pad = m_context.pad;
+    const selection::Pad& pad = m_context.pad;
+    const selection::Simulator& simulator = m_context.simulator;
     selection::GenerationInput& generation = m_inputs.generation;
     workspace::Workspace& workspace = m_context.workspace;
     m_window.setCursor(Qt::WaitCursor);
-    pad.sortReds();
-    pad.Genreds = pad.Redcnt;
-    generation.Genreds = pad.Redcnt;
+    generation.Genreds = pad.Genreds;
     generation.chosen = {listOf(pad.Redlist, pad.Redcnt), listOf(pad.Danlist, pad.Dancnt),
                          listOf(pad.Bluelist, pad.Bluecnt)};
+    generation.Drawnlist.assign(simulator.Top.begin(), simulator.Top.end());
+    generation.Multitable = simulator.Runresults;
+    generation.Multicount = std::min<int>(simulator.Runs, simulator.Rungoal);
     const filter::FilterMember& member = *filter::findMember(form);
     filter::FilterWindow window(member,
                                 {workspace::combinationFile(m_inputs.engine, workspace, member.file),

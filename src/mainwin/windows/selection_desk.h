@@ -25,6 +25,10 @@ class SelectionDesk : public QObject {
     SelectionDesk(MainContext& context, const Inputs& inputs, QWidget& window);
 
   private:
+    /// The numbers on the pad, all of them, through the window of this form.
+    void arrangePad(std::string_view form);
+    /// The numbers that the simulated draw has ranked; or those of all its runs, when several were wanted.
+    void arrangeDraw();
     void enumerate(std::string_view form);
 
     MainContext& m_context;

@@ -146,4 +146,11 @@ void SharePanel::showShares(const history::History& history, int reds, int blues
         m_blues[place].show(static_cast<int>(place) < blues, history.GailvBlue[place + 1], blues);
 }
 
+void SharePanel::showDraw(std::span<const double> shares, int reds, int chosen) {
+    if (chosen > 0)
+        m_expected->setText(u"红球：本次摇奖，竖线：期望 %1"_s.arg(shareText(100.0 / chosen)));
+    for (std::size_t place = 0; place < static_cast<std::size_t>(reds); ++place)
+        m_reds[place].show(true, shares[place + 1], chosen);
+}
+
 } // namespace mainwin

@@ -2,6 +2,7 @@
 // Picture2 by number; the blues stand below them.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include <QWidget>
@@ -38,6 +39,10 @@ class SharePanel : public QWidget {
 
     /// Shows the shares of the history for the numbers of a rule, in two halves; rows above it are hidden.
     void showShares(const history::History& history, int reds, int blues);
+
+    /// Shows the shares that the simulated draw has counted so far, for the reds; the blues stay.
+    /// \param shares  by number  \param reds  highest red  \param chosen  reds that the draw picks from
+    void showDraw(std::span<const double> shares, int reds, int chosen);
 
   private:
     struct Row {

@@ -1,24 +1,40 @@
-#include "mainwin/stability.h"
+#include "selection/stability.h"
 
 #include <cmath>
 
-namespace mainwin {
+namespace selection {
 
 namespace {
 
 constexpr int kEndless = 8000;          // what 无穷大 stores
 constexpr int kEndlessIfLoaded = 30000; // what would check it again
 
+int ticksOf(double factor, int wd) {
+    return static_cast<int>(std::floor(factor / 100 * wd * 20));
+}
+
 } // namespace
 
 void Stability::load(int wd) {
     Wd = wd;
-    Stabletarget = static_cast<int>(std::floor(7.0 / 100 * wd * 20));
+    Stabletarget = ticksOf(7, wd);
+    checked = checkedItem(wd);
 }
 
 void Stability::choose(const StabilityItem& item) {
     Wd = item.wd;
     Stabletarget = item.target;
+    checked = item;
+}
+
+void Stability::shorten() {
+    Stabletarget = ticksOf(6, Wd);
+}
+
+void Stability::shorten(int wd) {
+    Wd = wd;
+    checked = checkedItem(wd);
+    shorten();
 }
 
 std::optional<StabilityItem> checkedItem(int wd) {
@@ -28,4 +44,4 @@ std::optional<StabilityItem> checkedItem(int wd) {
     return std::nullopt;
 }
 
-} // namespace mainwin
+} // namespace selection
