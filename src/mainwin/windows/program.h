@@ -36,7 +36,7 @@ namespace mainwin {
 class DrawDesk;
 class Form1;
 class HistoryDesk;
-class SelectionDesk;
+class BetDesk;
 class WorkspaceDesk;
 
 class Program : public QObject {
@@ -81,7 +81,7 @@ class Program : public QObject {
     std::unique_ptr<workspace::StartWindow> m_start;
     std::unique_ptr<Form1> m_form;
     std::unique_ptr<HistoryDesk> m_historyDesk;
-    std::unique_ptr<SelectionDesk> m_selectionDesk;
+    std::unique_ptr<BetDesk> m_betDesk;
     std::unique_ptr<DrawDesk> m_drawDesk;
     std::unique_ptr<WorkspaceDesk> m_workspaceDesk;
     std::unique_ptr<workspace::KeptNotice> m_kept;

@@ -11,7 +11,7 @@
 
 namespace mainwin {
 
-class SelectionDesk : public QObject {
+class BetDesk : public QObject {
     Q_OBJECT
   public:
     /// What a generation works on; all of it outlives the desk.
@@ -22,7 +22,7 @@ class SelectionDesk : public QObject {
     };
 
     /// Registers its commands. \param context  outlives the desk, as the window does
-    SelectionDesk(MainContext& context, const Inputs& inputs, QWidget& window);
+    BetDesk(MainContext& context, const Inputs& inputs, QWidget& window);
 
   private:
     /// The numbers on the pad, all of them, through the window of this form.

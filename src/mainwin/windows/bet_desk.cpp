@@ -1,4 +1,4 @@
-#include "mainwin/windows/selection_desk.h"
+#include "mainwin/windows/bet_desk.h"
 
 #include <algorithm>
 
@@ -20,7 +20,7 @@ template <class List> std::vector<std::int32_t> listOf(const List& list, int cou
 
 } // namespace
 
-SelectionDesk::SelectionDesk(MainContext& context, const Inputs& inputs, QWidget& window)
+BetDesk::BetDesk(MainContext& context, const Inputs& inputs, QWidget& window)
     : m_context(context), m_inputs(inputs), m_window(window) {
     // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
     const auto blueMissing = [this] { return m_context.pad.Bluecnt > 0 ? QString() : u"1 蓝"_s; };
@@ -37,14 +37,14 @@ SelectionDesk::SelectionDesk(MainContext& context, const Inputs& inputs, QWidget
         u"meuAgarr"_s, [this](int) { arrangeDraw(); }, blueMissing);
 }
 
-void SelectionDesk::arrangePad(std::string_view form) {
+void BetDesk::arrangePad(std::string_view form) {
     selection::Pad& pad = m_context.pad;
     pad.sortReds();
     pad.Genreds = pad.Redcnt;
     enumerate(form);
 }
 
-void SelectionDesk::arrangeDraw() {
+void BetDesk::arrangeDraw() {
     selection::Pad& pad = m_context.pad;
     m_inputs.generation.Fromdraw = true;
     pad.Genreds = m_context.simulator.Picknum;
@@ -52,7 +52,7 @@ void SelectionDesk::arrangeDraw() {
     enumerate(pad.Bankermode ? "Gdanagan" : "GAgan");
 }
 
-void SelectionDesk::enumerate(std::string_view form) {
+void BetDesk::enumerate(std::string_view form) {
     const selection::Pad& pad = m_context.pad;
     const selection::Simulator& simulator = m_context.simulator;
     selection::GenerationInput& generation = m_inputs.generation;
