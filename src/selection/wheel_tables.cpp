@@ -17,12 +17,6 @@ constexpr std::array<WheelFamilyInfo, 5> kFamilies = {{
     {WheelFamily::Seven, "xuanzhuanF7", "复7", 7},
 }};
 
-/// 中x保y.
-struct Guarantee {
-    int chosen;
-    int common;
-};
-
 constexpr Guarantee kExtendedPairs[] = {{4, 4}, {5, 4}, {5, 5}, {6, 4}, {6, 5}, {7, 6}};
 constexpr Guarantee kSuperPairs[] = {{5, 4}, {6, 4}, {7, 4}, {5, 5}, {6, 5}, {7, 5}, {7, 6}};
 constexpr Guarantee kBankerPairs[] = {{4, 4}, {5, 4}, {5, 5}, {6, 5}};
@@ -115,6 +109,26 @@ std::span<const WheelFamilyInfo> wheelFamilies() {
 
 const WheelFamilyInfo& wheelFamily(WheelFamily family) {
     return kFamilies[static_cast<std::size_t>(family)];
+}
+
+std::span<const Guarantee> guaranteesOf(WheelFamily family) {
+    switch (family) {
+    case WheelFamily::Basic:
+        break;
+    case WheelFamily::Extended:
+        return kExtendedPairs;
+    case WheelFamily::Super:
+        return kSuperPairs;
+    case WheelFamily::Banker:
+        return kBankerPairs;
+    case WheelFamily::Seven:
+        return kSevenPairs;
+    }
+    return {&kBasicPair, 1};
+}
+
+std::string wheelTableName(WheelFamily family, int n, int d, const Guarantee& pair) {
+    return nameOf(family, n, d, pair);
 }
 
 std::vector<WheelTable> wheelTables() {

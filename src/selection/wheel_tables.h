@@ -71,6 +71,19 @@ std::vector<WheelTable> wheelTables();
 /// name is none of this family's or its guarantee says nothing.
 std::optional<WheelTable> wheelTableNamed(WheelFamily family, std::string_view name);
 
+/// 中x保y.
+struct Guarantee {
+    int chosen;
+    int common;
+    bool operator==(const Guarantee&) const = default;
+};
+
+/// The guarantees that a family's menu offers, in the order of the menu.
+std::span<const Guarantee> guaranteesOf(WheelFamily family);
+
+/// The name of a table for n drags and d bankers. The basic family has one guarantee and names it not.
+std::string wheelTableName(WheelFamily family, int n, int d, const Guarantee& pair);
+
 /// The positions of a row of `table` as the database holds them: ascending, bankers (N+1..N+D) at the end.
 std::vector<std::int32_t> wheelCells(const WheelTable& table, PositionSet row);
 
