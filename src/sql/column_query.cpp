@@ -41,9 +41,10 @@ std::vector<std::uint32_t> distinctPlaces(const std::vector<Keys>& keys) {
     std::vector<std::uint32_t> kept;
     for (std::uint32_t place = 0; place < count; ++place) {
         std::uint64_t hash = 0;
-        for (const Keys& key : keys)
+        for (const Keys& key : keys) {
             hash = (hash ^ std::bit_cast<std::uint64_t>(key[place])) * 0x9E3779B97F4A7C15ULL;
-        hash ^= hash >> 32;
+            hash ^= hash >> 32; // a small whole number is all in its upper bits, and a product never moves them down
+        }
         for (std::size_t at = hash & (slots.size() - 1);; at = (at + 1) & (slots.size() - 1)) {
             if (slots[at] == kFree) {
                 slots[at] = place;
