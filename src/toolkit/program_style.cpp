@@ -48,19 +48,21 @@ QRectF markBox(const QRect& rect) {
                   side - 1);
 }
 
-/// The ring of a mark that has the keyboard. \return the box that is left inside it
+/// The ring of a mark that has the keyboard. \return the box that is left inside it for a sign
 QRectF drawFocusRing(QPainter& painter, const QStyleOption& option, const QRectF& box) {
-    if (!(option.state & QStyle::State_HasFocus) || !(option.state & QStyle::State_Enabled))
-        return box;
     painter.setPen(QPen(colours(option.palette).focus, kFocusWidth));
-    painter.setBrush(Qt::NoBrush);
+    painter.setBrush(option.palette.color(QPalette::Base));
     painter.drawRoundedRect(box.adjusted(-0.5, -0.5, 0.5, 0.5), kCorner, kCorner);
     return box.adjusted(kFocusRoom, kFocusRoom, -kFocusRoom, -kFocusRoom);
 }
 
 void drawCheck(QPainter& painter, const QStyleOption& option) {
     const MarkColours look = markColours(option);
-    const QRectF box = drawFocusRing(painter, option, markBox(option.rect));
+    QRectF box = markBox(option.rect);
+    if (option.state & QStyle::State_HasFocus)
+        box = drawFocusRing(painter, option, box);
+    if (option.state & QStyle::State_HasFocus && option.state & QStyle::State_Off)
+        return; // the ring is its edge
     painter.setPen(QPen(look.outline, kOutline));
     painter.setBrush(look.ground);
     painter.drawRoundedRect(box, box.width() / 4, box.width() / 4);
