@@ -226,6 +226,20 @@ TEST_F(FilterWindowLookTest, ColoursFollowThePalette) {
     EXPECT_EQ(part<QLabel>(u"ModeExplains"_s).palette().color(QPalette::WindowText), toolkit::colours(true).quiet);
 }
 
+TEST_F(FilterWindowLookTest, TheCaptionOfThePositionBoxesShowsTheGroundOfColouredNames) {
+    auto& caption = part<QLabel>(u"FramePositionsHeading"_s);
+    EXPECT_EQ(caption.text(), u"彩色参数计算位"_s);
+    for (const bool dark : {false, true}) {
+        QPalette palette = m_window->palette();
+        palette.setColor(QPalette::Window, dark ? Qt::black : Qt::white);
+        palette.setColor(QPalette::WindowText, dark ? Qt::white : Qt::black);
+        m_window->setPalette(palette);
+        const QImage seen = caption.grab().toImage();
+        EXPECT_EQ(seen.pixelColor(3, seen.height() / 2), toolkit::colours(dark).warm);
+        EXPECT_NE(seen.pixelColor(seen.width() - 1, 1), toolkit::colours(dark).warm);
+    }
+}
+
 TEST_F(FilterWindowLookTest, ASegmentShowsItsTextUpToTheBracketAndKeepsIt) {
     auto& list = part<toolkit::Segment>(u"Option36"_s);
     EXPECT_EQ(list.shownText(), u"最值查询"_s);
