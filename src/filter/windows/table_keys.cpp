@@ -33,6 +33,11 @@ bool textTakes(const QLineEdit& box, const QKeyEvent& event) {
     return box.cursorPosition() != (event.key() == Qt::Key_Right ? box.text().size() : 0);
 }
 
+/// Up and left, or down and right.
+int stepOf(int key) {
+    return key == Qt::Key_Up || key == Qt::Key_PageUp || key == Qt::Key_Home || key == Qt::Key_Left ? -1 : 1;
+}
+
 } // namespace
 
 TableKeys::TableKeys(const TableRows& rows, QScrollArea& area)
@@ -114,39 +119,36 @@ bool TableKeys::keyPressed(QWidget* control, const QKeyEvent& event) {
         return false;
     const Place place = m_places.value(control);
     const auto* box = qobject_cast<QLineEdit*>(control);
-    const int all = static_cast<int>(m_rows.rows().size());
+    const int step = stepOf(event.key());
     switch (event.key()) {
     case Qt::Key_Tab:
         return tabFrom(control);
     case Qt::Key_Up:
     case Qt::Key_Down:
-        moveRows(place, event.key() == Qt::Key_Up ? -1 : 1, 1);
-        return true;
+        return moveRows(place, step, 1);
     case Qt::Key_PageUp:
     case Qt::Key_PageDown:
-        moveRows(place, event.key() == Qt::Key_PageUp ? -1 : 1, rowsInSight());
-        return true;
+        return moveRows(place, step, rowsInSight());
     case Qt::Key_Home:
     case Qt::Key_End:
-        if (!box)
-            moveRows(place, event.key() == Qt::Key_Home ? -1 : 1, all);
-        return !box;
+        return !box && moveRows(place, step, static_cast<int>(m_rows.rows().size()));
     case Qt::Key_Left:
     case Qt::Key_Right:
-        if (box && textTakes(*box, event))
-            return false;
-        moveColumns(place, event.key() == Qt::Key_Left ? -1 : 1);
-        return true;
+        return !(box && textTakes(*box, event)) && moveColumns(place, step);
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (control == rowAt(place).name)
-            return false; // it is pressed by itself
-        if (!event.isAutoRepeat())
-            emit parameterPressed(*rowAt(place).parameter);
-        return true;
+        return pressRow(control, event.isAutoRepeat());
     default:
         return false;
     }
+}
+
+/// A name is pressed by itself.
+bool TableKeys::pressRow(const QWidget* control, bool repeated) {
+    const TableRow& row = rowAt(m_places.value(control));
+    if (control != row.name && !repeated)
+        emit parameterPressed(*row.parameter);
+    return control != row.name;
 }
 
 bool TableKeys::tabFrom(QWidget* control) {
@@ -159,7 +161,7 @@ bool TableKeys::tabFrom(QWidget* control) {
 }
 
 /// To the first row that is `distance` away or farther and has something in this column, else to the last that has.
-void TableKeys::moveRows(Place from, int step, int distance) {
+bool TableKeys::moveRows(Place from, int step, int distance) {
     QWidget* target = nullptr;
     const int count = static_cast<int>(m_rows.rows().size());
     for (int row = from.row + step; row >= 0 && row < count; row += step) {
@@ -171,14 +173,16 @@ void TableKeys::moveRows(Place from, int step, int distance) {
     }
     if (target)
         target->setFocus(Qt::TabFocusReason); // with this reason a box selects its text
+    return true;
 }
 
-void TableKeys::moveColumns(Place from, int step) {
+bool TableKeys::moveColumns(Place from, int step) {
     for (int column = from.column + step; column >= 0 && column < kColumns; column += step)
         if (QWidget* next = usableAt({from.row, column})) {
             next->setFocus(Qt::TabFocusReason);
-            return;
+            break;
         }
+    return true;
 }
 
 int TableKeys::rowsInSight() const {

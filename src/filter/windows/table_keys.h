@@ -52,8 +52,9 @@ class TableKeys : public QObject {
     void focusCame(QWidget* control, Qt::FocusReason reason);
     bool keyPressed(QWidget* control, const QKeyEvent& event);
     bool tabFrom(QWidget* control);
-    void moveRows(Place from, int step, int distance);
-    void moveColumns(Place from, int step);
+    bool moveRows(Place from, int step, int distance);
+    bool moveColumns(Place from, int step);
+    bool pressRow(const QWidget* control, bool repeated);
     int rowsInSight() const;
 
     const TableRows& m_rows;
