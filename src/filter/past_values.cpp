@@ -15,9 +15,9 @@ const history::DerivedColumn* derivedColumn(std::string_view name) {
 }
 
 /// Reads one parameter draw after draw; looks the column up once.
-class PastValues {
+class Reader {
   public:
-    PastValues(const history::History& history, const Parameter& parameter)
+    Reader(const history::History& history, const Parameter& parameter)
         : m_history(history), m_place(static_cast<std::size_t>(parameter.place)),
           m_column(parameter.isPosition() ? nullptr : derivedColumn(parameter.history)) {}
 
@@ -35,22 +35,20 @@ class PastValues {
 
 } // namespace
 
-std::optional<int> pastValue(const history::History& history, const Parameter& parameter, int draw) {
-    const PastValues values(history, parameter);
-    if (!values.any() || draw < 1 || draw > history.Lsnum)
-        return std::nullopt;
-    return values.at(draw);
-}
-
-std::optional<double> pastShare(const history::History& history, const Parameter& parameter, double low,
-                                double high) {
-    const PastValues values(history, parameter);
+std::optional<PastValues> pastValues(const history::History& history, const Parameter& parameter, double low,
+                                     double high) {
+    const Reader values(history, parameter);
     if (!values.any())
         return std::nullopt;
-    int inside = 0;
-    for (int draw = 1; draw <= history.Lsnum; ++draw)
-        inside += values.at(draw) >= low && values.at(draw) <= high;
-    return static_cast<double>(inside) / history.Lsnum;
+    PastValues past{.latest = {}, .seen = {values.at(1), values.at(1)}, .draws = history.Lsnum};
+    for (int draw = 1; draw <= history.Lsnum; ++draw) {
+        const int value = values.at(draw);
+        past.seen = {std::min(past.seen.low, value), std::max(past.seen.high, value)};
+        past.inside += value >= low && value <= high;
+    }
+    for (int draw = history.Lsnum; draw > std::max(0, history.Lsnum - kLatestDraws); --draw)
+        past.latest.push_back(values.at(draw));
+    return past;
 }
 
 } // namespace filter

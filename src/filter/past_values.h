@@ -2,17 +2,28 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
-#include "filter/catalogue.h"
+#include "filter/value_range.h"
 
 namespace filter {
 
-/// The parameter's value in a draw, from Parameter::history (its case does not count); a position's is the number
-/// drawn there. \param draw  1..Lsnum
-/// \return nothing for a parameter that the history lacks, and for a draw that is not there
-std::optional<int> pastValue(const history::History& history, const Parameter& parameter, int draw);
+/// How many of the latest values are told.
+inline constexpr int kLatestDraws = 10;
 
-/// Share, 0 to 1, of all draws with a value in low..high, both ends with it. \return nothing where there is no value
-std::optional<double> pastShare(const history::History& history, const Parameter& parameter, double low, double high);
+struct PastValues {
+    std::vector<int> latest; ///< newest first, at most kLatestDraws
+    ValueRange seen;         ///< smallest and largest of all draws
+    int draws = 0;
+    int inside = 0; ///< draws with a value in the range that was asked for, both ends with it
+
+    double share() const { return static_cast<double>(inside) / draws; }
+};
+
+/// What a parameter was in all draws, from Parameter::history (its case does not count); a position's value is the
+/// number drawn there. One pass over the draws.
+/// \return nothing for a parameter that the history lacks, and while there is no draw
+std::optional<PastValues> pastValues(const history::History& history, const Parameter& parameter, double low,
+                                     double high);
 
 } // namespace filter

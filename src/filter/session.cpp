@@ -3,7 +3,6 @@
 #include <chrono>
 
 #include "base/number_text.h"
-#include "filter/past_values.h"
 #include "filter/quiet.h"
 
 namespace filter {
@@ -112,13 +111,9 @@ std::int64_t Session::total() const {
     return rows;
 }
 
-std::optional<double> Session::pastShare(const Parameter& parameter, const WindowState& state) const {
+std::optional<PastValues> Session::past(const Parameter& parameter, const WindowState& state) const {
     const RowState& row = state.row(parameter);
-    return filter::pastShare(m_context.history, parameter, base::val(row.low), base::val(row.high));
-}
-
-std::optional<int> Session::lastValue(const Parameter& parameter) const {
-    return pastValue(m_context.history, parameter, m_context.history.Lsnum);
+    return pastValues(m_context.history, parameter, base::val(row.low), base::val(row.high));
 }
 
 } // namespace filter

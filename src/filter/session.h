@@ -9,6 +9,7 @@
 #include <optional>
 
 #include "filter/parameter_run.h"
+#include "filter/past_values.h"
 #include "filter/result_view.h"
 #include "filter/row_states.h"
 #include "filter/step.h"
@@ -63,11 +64,8 @@ class Session {
     const std::vector<DoneStep>& steps() const { return m_steps; }
     const FilterMember& member() const { return m_member; }
 
-    /// Share, 0 to 1, of the history's draws that lie inside the parameter's present range, both ends with it.
-    /// \return nothing for a parameter that the history lacks, and while there are no draws
-    std::optional<double> pastShare(const Parameter& parameter, const WindowState& state) const;
-    /// The last draw's value. \return nothing likewise
-    std::optional<int> lastValue(const Parameter& parameter) const;
+    /// What the parameter was in the history's draws, counted in its present range (past_values.h).
+    std::optional<PastValues> past(const Parameter& parameter, const WindowState& state) const;
 
   private:
     struct Runner;

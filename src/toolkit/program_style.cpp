@@ -1,8 +1,10 @@
 #include "toolkit/program_style.h"
 
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleOption>
 
+#include "toolkit/flat_parts.h"
 #include "toolkit/look.h"
 
 /// Resources of a static library have to be asked for, and that outside of any namespace.
@@ -16,6 +18,8 @@ namespace {
 
 constexpr qreal kOutline = 1.2;
 constexpr qreal kCorner = 3;
+constexpr qreal kFocusWidth = 2;
+constexpr qreal kFocusRoom = 2.5; // from the edge of a mark with the focus to what is left of it inside
 
 struct MarkColours {
     QColor outline;
@@ -44,12 +48,24 @@ QRectF markBox(const QRect& rect) {
                   side - 1);
 }
 
+/// The ring of a mark that has the keyboard. \return the box that is left inside it for a sign
+QRectF drawFocusRing(QPainter& painter, const QStyleOption& option, const QRectF& box) {
+    painter.setPen(QPen(colours(option.palette).focus, kFocusWidth));
+    painter.setBrush(option.palette.color(QPalette::Base));
+    painter.drawRoundedRect(box.adjusted(-0.5, -0.5, 0.5, 0.5), kCorner, kCorner);
+    return box.adjusted(kFocusRoom, kFocusRoom, -kFocusRoom, -kFocusRoom);
+}
+
 void drawCheck(QPainter& painter, const QStyleOption& option) {
     const MarkColours look = markColours(option);
-    const QRectF box = markBox(option.rect);
+    QRectF box = markBox(option.rect);
+    if (option.state & QStyle::State_HasFocus)
+        box = drawFocusRing(painter, option, box);
+    if (option.state & QStyle::State_HasFocus && option.state & QStyle::State_Off)
+        return; // the ring is its edge
     painter.setPen(QPen(look.outline, kOutline));
     painter.setBrush(look.ground);
-    painter.drawRoundedRect(box, kCorner, kCorner);
+    painter.drawRoundedRect(box, box.width() / 4, box.width() / 4);
     const auto at = [&box](qreal x, qreal y) {
         return QPointF(box.x() + x * box.width(), box.y() + y * box.height());
     };
@@ -88,17 +104,60 @@ QIcon ProgramStyle::standardIcon(StandardPixmap icon, const QStyleOption* option
 
 void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                                  const QWidget* widget) const {
-    if (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton) {
+    if (element == PE_FrameFocusRect && qobject_cast<const QPushButton*>(widget))
+        return; // the button paints its own
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    switch (element) {
+    case PE_PanelButtonCommand:
+        drawButton(*painter, *option);
+        break;
+    case PE_PanelScrollAreaCorner:
+        painter->fillRect(option->rect, colours(option->palette).card);
+        break;
+    case PE_IndicatorCheckBox:
+        drawCheck(*painter, *option);
+        break;
+    case PE_IndicatorRadioButton:
+        drawOption(*painter, *option);
+        break;
+    default:
+        painter->restore();
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         return;
     }
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    if (element == PE_IndicatorCheckBox)
-        drawCheck(*painter, *option);
-    else
-        drawOption(*painter, *option);
     painter->restore();
+}
+
+void ProgramStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                               const QWidget* widget) const {
+    if (element != CE_HeaderSection && element != CE_HeaderEmptyArea) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    painter->save();
+    drawHeadGround(*painter, *option);
+    painter->restore();
+}
+
+void ProgramStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                                      const QWidget* widget) const {
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control != CC_ScrollBar || !bar) {
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+        return;
+    }
+    painter->save();
+    drawScrollBar(*painter, *bar);
+    painter->restore();
+}
+
+QRect ProgramStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                                   const QWidget* widget) const {
+    const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
+    if (control == CC_ScrollBar && bar)
+        return scrollBarPart(*bar, part);
+    return QProxyStyle::subControlRect(control, option, part, widget);
 }
 
 int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

@@ -389,13 +389,12 @@ TEST_P(Sessions, KeepTableAndStepsWhenAGenerationIsGivenUp) {
     EXPECT_NE(session.title().find("合计：55注"), std::string::npos);
 }
 
-TEST_P(Sessions, TellTheShareOfPastDrawsInTheRangeAndTheLastValue) {
+TEST_P(Sessions, TellTheShareOfPastDrawsInTheRangeAndTheLatestValues) {
     const WindowState state = filter::defaultState(table.member.catalogue());
     const Parameter& sum = parameter("Option23");
     history::History none;
     const Session empty(table.member, {*table.database, none, table.Bitnum, Baoliu});
-    EXPECT_EQ(empty.pastShare(sum, state), std::nullopt);
-    EXPECT_EQ(empty.lastValue(sum), std::nullopt);
+    EXPECT_FALSE(empty.past(sum, state));
 
     table.history.Lsnum = 4;
     table.history.Lshm = {{},
@@ -412,21 +411,22 @@ TEST_P(Sessions, TellTheShareOfPastDrawsInTheRangeAndTheLastValue) {
     WindowState narrow = state;
     narrow.row(sum).low = "40";
     narrow.row(sum).high = "60.";
-    EXPECT_EQ(session.pastShare(sum, narrow), 0.5); // 40 and 60: both ends belong to it
+    const auto last = [&](const std::string& option) { return session.past(parameter(option), state)->latest[0]; };
+    EXPECT_EQ(session.past(sum, narrow)->share(), 0.5); // 40 and 60: both ends belong to it
+    EXPECT_EQ(session.past(sum, narrow)->inside, 2);
+    EXPECT_EQ(session.past(sum, narrow)->latest, (std::vector{80, 60, 40, 20}));
+    EXPECT_EQ(session.past(sum, narrow)->seen, (filter::ValueRange{20, 80}));
     narrow.row(sum).high = "39";
-    EXPECT_EQ(session.pastShare(sum, narrow), 0.0);
-    EXPECT_EQ(session.pastShare(sum, state), 1.0);
-    EXPECT_EQ(session.lastValue(sum), 80);
-    EXPECT_EQ(session.lastValue(parameter("Option42")), 4); // intyljz in the catalogue, intYljz in the table
-    EXPECT_EQ(session.lastValue(parameter("Option10")), 5);
-    EXPECT_EQ(session.lastValue(parameter("Option13")), 7);
-    EXPECT_EQ(session.lastValue(parameter("Option19")), 16);
+    EXPECT_EQ(session.past(sum, narrow)->share(), 0.0);
+    EXPECT_EQ(session.past(sum, state)->share(), 1.0);
+    EXPECT_EQ(last("Option42"), 4); // intyljz in the catalogue, intYljz in the table
+    EXPECT_EQ(last("Option10"), 5);
+    EXPECT_EQ(last("Option13"), 7);
+    EXPECT_EQ(last("Option19"), 16);
     narrow.row(parameter("Option19")).low = "8";
-    EXPECT_EQ(session.pastShare(parameter("Option19"), narrow), 0.5);
-    EXPECT_EQ(session.lastValue(parameter("Option66")), std::nullopt);
-    EXPECT_EQ(session.pastShare(parameter("Option66"), state), std::nullopt);
+    EXPECT_EQ(session.past(parameter("Option19"), narrow)->share(), 0.5);
     for (const Parameter& p : table.member.catalogue())
-        EXPECT_EQ(session.lastValue(p).has_value(), !p.isInterval()) << p.option;
+        EXPECT_EQ(session.past(p, state).has_value(), !p.isInterval()) << p.option;
 }
 
 TEST(WindowStates, HoldWhatTheBoxesSayWhenAWindowOpens) {

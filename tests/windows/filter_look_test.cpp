@@ -105,33 +105,10 @@ TEST_F(FilterWindowLookTest, TheReasonViewMarksWhatIsInPlayByItsState) {
     }
 }
 
-TEST_F(FilterWindowLookTest, EnterInABoxPressesItsRow) {
-    typeInto(kForm, u"Text18(0)"_s, u"9"_s);
-    QTest::keyClick(&part<QLineEdit>(u"Text18(0)"_s), Qt::Key_Return);
-    EXPECT_EQ(grid().model()->rowCount(), 7);
-    EXPECT_TRUE(part<PressButton>(u"Option19"_s).isUsed());
-    EXPECT_TRUE(part<PressButton>(u"Option19"_s).isChecked());
-}
-
 TEST_F(FilterWindowLookTest, EnterInThePageBoxTurnsThePage) {
     typeInto(kForm, u"Text1"_s, u"2"_s);
     QTest::keyClick(&part<QLineEdit>(u"Text1"_s), Qt::Key_Enter);
     EXPECT_EQ(grid().model()->rowCount(), 0);
-}
-
-TEST_F(FilterWindowLookTest, ArrowsMoveBetweenRowsAndPressNothing) {
-    press(kForm, u"Option23"_s);
-    m_statements.clear();
-    QTest::keyClick(&part<PressButton>(u"Option23"_s), Qt::Key_Down);
-    EXPECT_EQ(m_window->focusWidget(), &part<PressButton>(u"Option3"_s));
-    QTest::keyClick(&part<PressButton>(u"Option3"_s), Qt::Key_Up);
-    QTest::keyClick(&part<PressButton>(u"Option23"_s), Qt::Key_Up);
-    EXPECT_EQ(m_window->focusWidget(), &part<PressButton>(u"Option23"_s)) << "the first row stays";
-    part<QLineEdit>(u"Text2(1)"_s).setFocus();
-    QTest::keyClick(&part<QLineEdit>(u"Text2(1)"_s), Qt::Key_Down);
-    EXPECT_EQ(m_window->focusWidget(), &part<QLineEdit>(u"Text3(1)"_s));
-    EXPECT_TRUE(m_statements.empty());
-    EXPECT_TRUE(part<PressButton>(u"Option23"_s).isChecked()) << "the mark stays with what was run last";
 }
 
 TEST_F(FilterWindowLookTest, OnlyTheParameterThatRanLastIsChosen) {
@@ -192,8 +169,23 @@ TEST_F(FilterWindowLookTest, ANameTellsWhatItCountsAndThePastInItsRange) {
     typeInto(kForm, u"Text18(0)"_s, u"7"_s);
     const QString tip = part<PressButton>(u"Option19"_s).toolTip();
     EXPECT_TRUE(tip.startsWith(u"蓝球号码。"_s)) << tip.toStdString();
-    EXPECT_TRUE(tip.contains(u"上期 6"_s)) << tip.toStdString();
-    EXPECT_TRUE(tip.contains(u"历史各期落在 7~99 之内的有 0.0 %"_s)) << tip.toStdString();
+    EXPECT_TRUE(tip.contains(u"可能 1~16    历史 6~6    上期 6    近1期 6"_s)) << tip.toStdString();
+    EXPECT_TRUE(tip.contains(u"历史各期落在 7~99 之内的有 0.0 %（1 期中 0 期）"_s)) << tip.toStdString();
+}
+
+TEST_F(FilterWindowLookTest, ANameTellsTheLastTenDrawsNewestFirst) {
+    for (int blue = 1; blue <= 12; ++blue) {
+        m_history.Lshm.push_back({2026001 + blue, 2, 5, 11, 17, 25, 33, blue});
+        m_history.derived.emplace_back();
+    }
+    m_history.Lsnum = 13;
+    m_window = std::make_unique<FilterWindow>(kFilterMembers[0],
+                                              FilterContext{*m_database, m_history, 33, m_Baoliu, {}, 12});
+    const QString tip = part<PressButton>(u"Option19"_s).toolTip();
+    EXPECT_TRUE(tip.contains(u"可能 1~12    历史 1~12    上期 12    近10期 12 11 10 9 8 7 6 5 4 3\n"_s))
+        << tip.toStdString();
+    EXPECT_EQ(part<PressButton>(u"Option66"_s).toolTip(),
+              u"红球落在自定区间内的个数，区间不含下端、含上端；最值查询时为红球在指定号码中的个数。"_s);
 }
 
 TEST_F(FilterWindowLookTest, AHighWindowTellsTheRowOfTheFocusUnderTheTable) {
@@ -206,7 +198,7 @@ TEST_F(FilterWindowLookTest, AHighWindowTellsTheRowOfTheFocusUnderTheTable) {
     part<QLineEdit>(u"Text18(1)"_s).setFocus();
     EXPECT_EQ(table.toldLines().value(0), u"蓝球"_s);
     EXPECT_EQ(table.toldLines().value(1), u"蓝球号码。"_s);
-    EXPECT_TRUE(table.toldLines().value(2).startsWith(u"上期 6"_s));
+    EXPECT_TRUE(table.toldLines().value(2).startsWith(u"可能 1~16    历史 6~6    上期 6"_s));
     part<PressButton>(u"Option23"_s).setFocus();
     EXPECT_EQ(table.toldLines().value(0), u"各码数和"_s);
 }
@@ -232,6 +224,20 @@ TEST_F(FilterWindowLookTest, ColoursFollowThePalette) {
     m_window->setPalette(dark);
     EXPECT_EQ(tick.palette().color(QPalette::WindowText), toolkit::colours(true).red);
     EXPECT_EQ(part<QLabel>(u"ModeExplains"_s).palette().color(QPalette::WindowText), toolkit::colours(true).quiet);
+}
+
+TEST_F(FilterWindowLookTest, TheCaptionOfThePositionBoxesShowsTheGroundOfColouredNames) {
+    auto& caption = part<QLabel>(u"FramePositionsHeading"_s);
+    EXPECT_EQ(caption.text(), u"彩色参数计算位"_s);
+    for (const bool dark : {false, true}) {
+        QPalette palette = m_window->palette();
+        palette.setColor(QPalette::Window, dark ? Qt::black : Qt::white);
+        palette.setColor(QPalette::WindowText, dark ? Qt::white : Qt::black);
+        m_window->setPalette(palette);
+        const QImage seen = caption.grab().toImage();
+        EXPECT_EQ(seen.pixelColor(3, seen.height() / 2), toolkit::colours(dark).warm);
+        EXPECT_NE(seen.pixelColor(seen.width() - 1, 1), toolkit::colours(dark).warm);
+    }
 }
 
 TEST_F(FilterWindowLookTest, ASegmentShowsItsTextUpToTheBracketAndKeepsIt) {

@@ -511,15 +511,6 @@ TEST_F(FilterWindowTest, AKeptTableOpensAsItWasLeft) {
     EXPECT_EQ(m_window->windowTitle(), title(7));
 }
 
-TEST_F(FilterWindowTest, TabsFollowTheRow) {
-    QWidget* at = controlAs<QCheckBox>(*m_window, u"Check1(9)"_s);
-    for (const QString& next : {u"Option13"_s, u"Text12(0)"_s, u"Text12(1)"_s, u"Check2(4)"_s, u"Check2(5)"_s,
-                                u"Text12(2)"_s, u"Text12(3)"_s, u"Combo1(10)"_s, u"Check1(10)"_s}) {
-        at = at->nextInFocusChain();
-        EXPECT_EQ(at->objectName(), next);
-    }
-}
-
 TEST_F(FilterWindowTest, EscapeDoesNotCloseIt) {
     QTest::keyClick(m_window.get(), Qt::Key_Escape);
     EXPECT_TRUE(m_window->isVisible());

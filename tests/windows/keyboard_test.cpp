@@ -10,7 +10,7 @@ using namespace test_support;
 
 namespace {
 
-constexpr int kMostStops = 600;
+constexpr int kMostStops = 100; // no window has as many: tables and pads are one stop each
 
 class Keyboard : public ProgramFixture {
   protected:

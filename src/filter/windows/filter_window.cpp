@@ -60,13 +60,15 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
         connect(timer, &QTimer::timeout, this, &FilterWindow::storeNow);
     }
     connectParts();
+    const WindowState opened = state();
     for (const Parameter& parameter : member.catalogue())
-        showPast(parameter);
+        showPast(parameter, opened);
 }
 
 void FilterWindow::connectParts() {
     connect(m_table, &ParameterTable::parameterPressed, this, &FilterWindow::press);
-    connect(m_table, &ParameterTable::rangeEdited, this, &FilterWindow::showPast);
+    connect(m_table, &ParameterTable::rangeEdited, this,
+            [this](const Parameter& parameter) { showPast(parameter, state()); });
     connect(m_panel, &RunPanel::modePressed, this, [this](Mode mode) { m_table->showLists(mode == Mode::List); });
     connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::setBaoliu);
     connect(m_results, &ResultPanel::stepWanted, this, &FilterWindow::run);
@@ -115,8 +117,9 @@ void FilterWindow::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
 }
 
-void FilterWindow::showPast(const Parameter& parameter) {
-    m_table->showPast(parameter, m_session.lastValue(parameter), m_session.pastShare(parameter, state()));
+void FilterWindow::showPast(const Parameter& parameter, const WindowState& state) {
+    const workspace::Rule rule{.reds = m_context.Bitnum, .blues = m_context.BitnumB};
+    m_table->showPast(parameter, possibleRange(parameter, rule, m_context.history), m_session.past(parameter, state));
 }
 
 bool FilterWindow::load(selection::BetSource& source, workspace::Progress* progress) {

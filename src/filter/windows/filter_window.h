@@ -25,9 +25,10 @@ class StepList;
 struct FilterContext {
     sql::Database& dbFilnum;
     const history::History& history;
-    int Bitnum;                   ///< highest red number
-    std::int16_t& Baoliu;         ///< keep or remove, one flag for all filter windows
-    toolkit::PlaceStore places{}; ///< where the windows remember their place; without functions they do not
+    int Bitnum;                            ///< highest red number
+    std::int16_t& Baoliu;                  ///< keep or remove, one flag for all filter windows
+    toolkit::PlaceStore places{};          ///< where the windows remember their place; without functions they do not
+    int BitnumB = workspace::Rule{}.blues; ///< highest blue number
 };
 
 class FilterWindow : public QDialog {
@@ -59,7 +60,7 @@ class FilterWindow : public QDialog {
     void toggleRow(int row);
     void showOutcome(const Outcome& outcome);
     WindowState state() const;
-    void showPast(const Parameter& parameter);
+    void showPast(const Parameter& parameter, const WindowState& state);
     void setBaoliu();
     void scheduleStore();
 

@@ -2,23 +2,22 @@
 // list, period and last value, in aligned columns and titled groups, under headings that stay.
 //
 // It is built from the catalogue. The count boxes stand in Frame11 and the lists in Frame13, which take the place of
-// range and parity in list mode. A press on a name, or Enter in a box of its row, comes out as a signal; the boxes
-// are read when a run asks for them. Arrows move from row to row and press nothing.
+// range and parity in list mode. A press on a name, or Enter in its row, comes out as a signal; the boxes are read
+// when a run asks for them. The whole table is one stop of the keyboard (table_keys.h).
 #pragma once
 
 #include <optional>
-#include <vector>
 
 #include <QWidget>
 
+#include "filter/past_values.h"
 #include "filter/window_state.h"
-#include "filter/windows/row_controls.h"
-#include "filter/windows/row_places.h"
 
 class QScrollArea;
 
 namespace filter {
 
+class TableKeys;
 class TableRows;
 struct TableRow;
 
@@ -36,8 +35,9 @@ class ParameterTable : public QWidget {
     void showLists(bool shown);
     /// Marks a parameter as used, and as the one that was run last.
     void markRun(const Parameter& parameter);
-    /// What past draws say of a row, for its last column and its tool tip.
-    void showPast(const Parameter& parameter, std::optional<int> last, std::optional<double> share);
+    /// What a row can be and was, for its last columns, its tool tip and the strip.
+    void showPast(const Parameter& parameter, const std::optional<ValueRange>& possible,
+                  std::optional<PastValues> past);
 
     /// What the strip under the rows tells of the row under the mouse or the focus; empty while there is no strip.
     QStringList toldLines() const;
@@ -47,31 +47,19 @@ class ParameterTable : public QWidget {
     void rangeEdited(const filter::Parameter& parameter);
 
   protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void buildRow(const Parameter& parameter);
-    void buildName(TableRow& row);
-    void buildRange(TableRow& row);
-    void buildParity(TableRow& row);
-    void buildInterval(TableRow& row);
-    void buildLists(TableRow& row);
-    void buildPeriod(TableRow& row);
-    void orderTabs();
-    QLineEdit* makeBox(const QString& name, const QString& accessible, QWidget* parent);
+    void addRow(const Parameter& parameter);
     void fitRows();
     int stripHeight() const;
-    void tellRowOf(const QWidget* control);
-    void paintStrip(QPainter& painter) const;
-    void paintHeads(QPainter& painter) const;
+    void tell(const TableRow& row);
     TableRow* rowOf(const Parameter& parameter);
-    bool moveFrom(const QWidget* control, int rows);
-    void pressRowOf(const QWidget* control);
 
     TableRows* m_rows;
     QScrollArea* m_area;
+    TableKeys* m_keys;
     const TableRow* m_told = nullptr; ///< the row that the strip tells
     bool m_lists = false;             ///< whether lists stand in the place of ranges
 };

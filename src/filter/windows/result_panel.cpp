@@ -9,6 +9,7 @@
 
 #include "base/number_text.h"
 #include "filter/windows/row_controls.h"
+#include "toolkit/ink_label.h"
 
 using namespace Qt::StringLiterals;
 
@@ -76,8 +77,8 @@ QHBoxLayout* ResultPanel::buildStates() {
 QHBoxLayout* ResultPanel::buildShown(const FilterMember& member) {
     auto* line = new QHBoxLayout;
     if (member.features.reasons) {
-        auto* caption = new QLabel(u"过滤缘故显示"_s, this);
-        caption->setObjectName(u"FrameReasonsHeading"_s);
+        auto* caption =
+            new toolkit::InkLabel(u"FrameReasonsHeading"_s, &toolkit::Colours::quiet, u"过滤缘故显示"_s, this);
         auto* group = new QWidget(this);
         group->setObjectName(u"FrameReasons"_s);
         auto* left = new toolkit::Segment(u"过滤剩余"_s, group);

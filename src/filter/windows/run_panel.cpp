@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QPainter>
 #include <QVBoxLayout>
 
 #include "filter/windows/row_controls.h"
@@ -20,6 +21,39 @@ toolkit::Segment* makeSegment(const QString& name, const QString& caption, QWidg
     segment->setObjectName(name);
     return segment;
 }
+
+constexpr QStringView kColoured = u"彩色参数";
+constexpr int kWordPadding = 5;
+constexpr int kWordGap = 4;
+constexpr qreal kCorner = 3;
+
+/// The caption of the position boxes: its words 彩色参数 stand on the ground that the names of such parameters have.
+class PositionsCaption final : public QLabel {
+  public:
+    using QLabel::QLabel;
+    QSize sizeHint() const override { return {wordWidth() + kWordGap + restWidth(), fontMetrics().height() + 4}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const toolkit::Colours& look = toolkit::colours(palette());
+        const QRect word(0, 0, wordWidth(), height());
+        painter.setPen(look.warmEdge);
+        painter.setBrush(look.warm);
+        painter.drawRoundedRect(QRectF(word).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
+        painter.setPen(look.text);
+        painter.drawText(word, Qt::AlignCenter, kColoured.toString());
+        painter.setPen(look.quiet);
+        painter.drawText(rect().adjusted(word.width() + kWordGap, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, rest());
+    }
+
+  private:
+    QString rest() const { return text().mid(kColoured.size()); }
+    int wordWidth() const { return fontMetrics().horizontalAdvance(kColoured.toString()) + 2 * kWordPadding; }
+    int restWidth() const { return fontMetrics().horizontalAdvance(rest()); }
+};
 
 QWidget* makeGroup(const QString& name, QWidget* parent) {
     auto* group = new QWidget(parent); // options of one parent exclude each other
@@ -136,7 +170,9 @@ void RunPanel::buildKeep() {
 
 void RunPanel::buildPositions(const FilterMember& member) {
     body().addSpacing(4);
-    body().addWidget(makeCaption(u"FramePositionsHeading"_s, u"彩色参数计算位"_s));
+    auto* caption = new PositionsCaption(u"彩色参数计算位"_s, this);
+    caption->setObjectName(u"FramePositionsHeading"_s);
+    body().addWidget(caption, 0, Qt::AlignLeft);
     QWidget* group = makeGroup(u"FramePositions"_s, this);
     auto* grid = new QGridLayout(group);
     grid->setContentsMargins(0, 0, 0, 0);

@@ -87,19 +87,21 @@ void TableRows::showLists(bool shown) {
 void TableRows::paintPast(QPainter& painter, const TableRow& row, int top) const {
     const toolkit::Colours& look = toolkit::colours(palette());
     painter.setPen(look.quiet);
-    if (row.last)
-        painter.drawText(QRect(m_columns.last.left, top, m_columns.last.width, m_places.rowHeight),
-                         Qt::AlignRight | Qt::AlignVCenter, QString::number(*row.last));
-    if (!row.share || m_columns.share.width < kShareText)
+    if (!row.past)
+        return;
+    const double share = row.past->share();
+    painter.drawText(QRect(m_columns.last.left, top, m_columns.last.width, m_places.rowHeight),
+                     Qt::AlignRight | Qt::AlignVCenter, QString::number(row.past->latest.front()));
+    if (m_columns.share.width < kShareText)
         return;
     const QRect cell(m_columns.share.left, top, std::min(m_columns.share.width, kShareBar + kShareText + 4),
                      m_places.rowHeight);
-    painter.drawText(cell, Qt::AlignRight | Qt::AlignVCenter, u"%1 %"_s.arg(qRound(*row.share * 100)));
-    if (*row.share >= 1)
+    painter.drawText(cell, Qt::AlignRight | Qt::AlignVCenter, u"%1 %"_s.arg(qRound(share * 100)));
+    if (share >= 1)
         return;
     const QRect bar(cell.left(), cell.center().y() - kShareBarHeight / 2, kShareBar, kShareBarHeight);
     painter.fillRect(bar, look.track);
-    painter.fillRect(QRect(bar.left(), bar.top(), qRound(bar.width() * *row.share), bar.height()), look.barLast);
+    painter.fillRect(QRect(bar.left(), bar.top(), qRound(bar.width() * share), bar.height()), look.barLast);
 }
 
 void TableRows::paintEvent(QPaintEvent*) {

@@ -6,6 +6,7 @@
 
 #include <QFrame>
 
+#include "filter/past_values.h"
 #include "filter/windows/row_controls.h"
 #include "filter/windows/row_places.h"
 
@@ -26,13 +27,8 @@ struct TableRow {
     QLineEdit* to = nullptr;
     QLineEdit* picked = nullptr;
     QComboBox* period = nullptr;
-    std::optional<int> last{};     ///< value in the last draw
-    std::optional<double> share{}; ///< of past draws inside the range
-
-    /// All controls in the order of the columns, null where there is none.
-    std::array<QWidget*, 12> controls() const {
-        return {tick, name, low, high, odd, even, above, to, count, list, picked, period};
-    }
+    std::optional<ValueRange> possible{}; ///< values that a bet can have
+    std::optional<PastValues> past{};     ///< and those of past draws
 };
 
 class TableRows : public QWidget {
@@ -46,6 +42,7 @@ class TableRows : public QWidget {
     QFrame* counts() const { return m_counts; }
     QFrame* lists() const { return m_lists; }
     const ColumnPlaces& columns() const { return m_columns; }
+    int rowHeight() const { return m_places.rowHeight; }
 
     /// Places everything anew in this size.
     void place(int width, int height);

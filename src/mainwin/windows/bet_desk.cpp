@@ -68,7 +68,7 @@ void BetDesk::enumerate(std::string_view form) {
     filter::FilterWindow window(member,
                                 {workspace::combinationFile(m_inputs.engine, workspace, member.file),
                                  m_context.book.history(), workspace.Bitnum, m_inputs.Baoliu,
-                                 placesIn(m_context.settings)},
+                                 placesIn(m_context.settings), workspace.BitnumB},
                                 &m_window);
     selection::Enumeration source(generation);
     if (window.load(source, toolkit::DialogBoxes(&m_window).progress({}).get()))

@@ -1,0 +1,107 @@
+#include "filter/windows/row_builder.h"
+
+using namespace Qt::StringLiterals;
+
+namespace filter {
+namespace {
+
+constexpr int kMostPeriod = 200; // draws; the boxes offer 10, 20, … up to this
+
+QString text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QLineEdit* makeBox(const QString& name, const QString& accessible, QWidget* parent) {
+    auto* box = new KeyedEdit(kNumberKeys.toString(), parent);
+    box->setObjectName(name);
+    box->setAccessibleName(accessible);
+    box->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return box;
+}
+
+/// Makes one control after another of the row of `p`.
+struct Builder {
+    const Parameter& p;
+    TableRows& rows;
+    QString caption = text(p.caption);
+    QString family = text(p.boxes.name);
+
+    void name(TableRow& row) const {
+        row.tick = new TickBox(caption, &rows);
+        row.tick->setObjectName(indexedName(u"Check1"_s, p.tick));
+        row.name = new PressButton(caption, &rows);
+        row.name->setObjectName(text(p.option));
+        row.name->setToolTip(text(p.counts));
+        if (p.weighed)
+            row.name->markColoured();
+    }
+
+    void range(TableRow& row) const {
+        row.low = makeBox(indexedName(family, p.boxes.low), caption + u" 下限"_s, &rows);
+        row.high = makeBox(indexedName(family, p.boxes.high), caption + u" 上限"_s, &rows);
+    }
+
+    void parity(TableRow& row) const {
+        row.odd = parityBox(u"奇"_s, p.oddBox);
+        row.even = parityBox(u"偶"_s, p.oddBox + 1);
+    }
+
+    void interval(TableRow& row) const {
+        row.above = makeBox(indexedName(family, p.boxes.above), u"区间下端（不含）"_s, &rows);
+        row.to = makeBox(indexedName(family, p.boxes.to), u"区间上端（含）"_s, &rows);
+        row.above->setToolTip(row.above->accessibleName());
+        row.to->setToolTip(row.to->accessibleName());
+        row.picked = makeBox(u"TxtZdqj"_s, u"指定号码"_s, &rows);
+        row.picked->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    }
+
+    void lists(TableRow& row) const {
+        row.count = makeBox(indexedName(family, p.boxes.count), caption + u" 个数"_s, rows.counts());
+        row.list = makeBox(indexedName(family, p.boxes.list), caption + u" 最值表"_s, rows.lists());
+        row.list->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        QObject::connect(row.list, &QLineEdit::textChanged, row.list, &QWidget::setToolTip);
+    }
+
+    void period(TableRow& row) const {
+        auto* box = new QuietCombo(&rows);
+        box->setObjectName(indexedName(u"Combo1"_s, p.period));
+        box->addItem(u"前所有期"_s, 0);
+        for (int draws = 10; draws <= kMostPeriod; draws += 10)
+            box->addItem(u"前%1期"_s.arg(draws), draws);
+        box->setPlaceholderText(u"所有期"_s);
+        box->setCurrentIndex(-1);
+        box->setToolTip(u"选择检索期数范围来检索历史号码参数最值或均值差幅自动设置过滤条件\n还需历史号码检索功能"_s);
+        box->setAccessibleName(caption + u" 检索期数"_s);
+        box->setEnabled(false); // the search through the history that it starts is not in this program yet
+        row.period = box;
+    }
+
+  private:
+    QCheckBox* parityBox(const QString& sign, int index) const {
+        auto* box = new QCheckBox(sign, &rows);
+        box->setObjectName(indexedName(u"Check2"_s, index));
+        box->setAccessibleName(caption + u" "_s + sign);
+        return box;
+    }
+};
+
+} // namespace
+
+TableRow buildRow(const Parameter& parameter, TableRows& rows) {
+    const Builder build{parameter, rows};
+    TableRow row;
+    row.parameter = &parameter;
+    build.name(row);
+    build.range(row);
+    if (parameter.oddBox >= 0)
+        build.parity(row);
+    if (parameter.isInterval())
+        build.interval(row);
+    else
+        build.lists(row);
+    if (parameter.period >= 0)
+        build.period(row);
+    return row;
+}
+
+} // namespace filter

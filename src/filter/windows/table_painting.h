@@ -1,0 +1,26 @@
+// What the table of parameters paints around its rows: its frame and title, the headings of the columns, and the
+// strip that tells one row.
+#pragma once
+
+#include <QStringList>
+#include <QWidget>
+
+#include "filter/windows/table_rows.h"
+
+namespace filter {
+
+inline constexpr int kTitleHeight = 30;
+inline constexpr int kHeadHeight = 22;
+inline constexpr int kStripHeight = 84;
+
+/// What a row's parameter counts; the values that it can have, that it had, and had last; what past draws say of the
+/// present range. Lines without anything to tell are left out.
+QStringList describe(const TableRow& row);
+
+void paintFrame(QPainter& painter, const QWidget& table);
+/// \param lists  whether lists stand in the place of ranges
+void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& columns, bool lists);
+/// \param told  a caption and what follows it, then further lines; the caption alone is a hint
+void paintStrip(QPainter& painter, const QWidget& table, const QStringList& told);
+
+} // namespace filter
