@@ -28,6 +28,8 @@ std::string GroupTemplate::numbers() const {
 }
 
 std::int64_t GroupTemplate::add() const {
+    if (!m_database.hasTable(m_template))
+        clear(); // an older workspace may lack it
     const std::int64_t before = count();
     sql::TableHold former(m_database, m_template);
     sql::passOver(m_database, "DROP TABLE Tmp"); // what a failure has left would take the place of the template
