@@ -50,6 +50,13 @@ void NewFile::commit() {
     m_committed = true;
 }
 
+void writeAll(QFile& file, std::string_view bytes) {
+    const auto length = static_cast<qint64>(bytes.size());
+    errno = 0;
+    if (file.write(bytes.data(), length) != length)
+        fail(errno, "write");
+}
+
 TextFile::TextFile(const std::filesystem::path& place) : m_new(place), m_file(workspace::toQString(m_new.path())) {
     errno = 0;
     if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
@@ -63,9 +70,7 @@ void TextFile::take(QString& text) {
 
 void TextFile::write(QString& text) {
     const QByteArray bytes = text.toUtf8();
-    errno = 0;
-    if (m_file.write(bytes) != bytes.size())
-        fail(errno, "write");
+    writeAll(m_file, {bytes.data(), static_cast<std::size_t>(bytes.size())});
     text.resize(0); // keeps its room
 }
 

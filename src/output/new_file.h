@@ -5,6 +5,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string_view>
 
 #include <QFile>
 
@@ -29,6 +30,9 @@ class NewFile {
     std::filesystem::path m_path;
     bool m_committed = false;
 };
+
+/// \throws std::system_error unless all was written
+void writeAll(QFile& file, std::string_view bytes);
 
 /// Text in UTF-8 into a new file, in blocks.
 class TextFile {

@@ -1,4 +1,4 @@
-// The entries of a .zip file, read back: to prove that a workbook was written whole.
+// The entries of a .zip file, read and proved by their checksums.
 //
 // Only what our own workbooks need: deflated or stored entries, no encryption, no entry of 4 GiB.
 #pragma once

@@ -1,5 +1,6 @@
 #include "output/sheet_workbook.h"
 
+#include <cmath>
 #include <exception>
 
 #include <QXmlStreamReader>
@@ -27,21 +28,32 @@ QByteArray entryOf(const std::filesystem::path& file, const QByteArray& name) {
     return bytes;
 }
 
+/// Texts that cells name by their place.
+std::vector<std::string> sharedTexts(const std::filesystem::path& file) {
+    QXmlStreamReader xml(entryOf(file, "xl/sharedStrings.xml"));
+    std::vector<std::string> texts;
+    while (!xml.atEnd())
+        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"t")
+            texts.push_back(xml.readElementText().toStdString());
+    return texts;
+}
+
 /// The cells of a page by their names, "B3" -> "04"; a text in quotation marks.
 std::map<std::string, std::string> cellsOf(const std::filesystem::path& file, int page) {
     QXmlStreamReader xml(entryOf(file, "xl/worksheets/sheet" + QByteArray::number(page) + ".xml"));
     std::map<std::string, std::string> cells;
     std::string name;
-    bool isText = false;
+    QString type;
+    const std::vector<std::string> shared = sharedTexts(file);
     while (!xml.atEnd()) {
         if (xml.readNext() != QXmlStreamReader::StartElement)
             continue;
         if (xml.name() == u"c") {
             name = xml.attributes().value(u"r"_s).toString().toStdString();
-            isText = xml.attributes().value(u"t"_s) == u"inlineStr";
+            type = xml.attributes().value(u"t"_s).toString();
         } else if (xml.name() == u"v" || xml.name() == u"t") {
             const std::string text = xml.readElementText().toStdString();
-            cells[name] = isText ? '"' + text + '"' : text;
+            cells[name] = type.isEmpty() ? text : '"' + (type == u"s" ? shared.at(std::stoul(text)) : text) + '"';
         }
     }
     EXPECT_FALSE(xml.hasError()) << xml.errorString().toStdString();
@@ -127,6 +139,20 @@ TEST_F(SheetWorkbook, RowsBeyondAPageGoOnInTheNextUnderTheSameHeading) {
     }
 }
 
+TEST_F(SheetWorkbook, TellsItsRangeAndPassesOverWhatNoWorkbookCanHold) {
+    const MadeRows rows(12, [](std::int64_t row, int column) -> SheetCell {
+        return column == 0 ? SheetCell(row % 2 == 0 ? std::nan("") : -0.5) : SheetCell(u"一\u0001二\n三"_s);
+    });
+    writeWorkbook({{{u"值"_s}, {u"文"_s}}, rows}, file, dialogs);
+    EXPECT_TRUE(entryOf(file, "xl/worksheets/sheet1.xml").contains("<dimension ref=\"A1:B13\"/>"));
+    std::map<std::string, std::string> cells = cellsOf(file, 1);
+    EXPECT_FALSE(cells.contains("A2"));
+    EXPECT_EQ(cells["A3"], "-0.5");
+    EXPECT_EQ(cells["B2"], "\"一二\n三\"");
+    const MadeRows tooLong(1, [](std::int64_t, int) { return SheetCell(QString(32'768, u'长')); });
+    EXPECT_THROW(writeWorkbook({{{u"文"_s}}, tooLong}, file, dialogs), workspace::Failure);
+}
+
 TEST_F(SheetWorkbook, WhatIsGivenUpLeavesTheFormerFileAndNoOpenFile) {
     const MadeRows rows(3 * kReportRows, cellAt);
     write(file, "former");
@@ -146,7 +172,7 @@ TEST_F(SheetWorkbook, AFolderThatTakesNoFileIsKnownBeforeTheFirstRow) {
     EXPECT_THROW(writeWorkbook({columns(), rows}, folder.path() / "none" / "a.xlsx", dialogs), std::system_error);
 }
 
-// At each length another write is the first to fail: of the rows, of the page, of the packed file.
+// At each length another write is the first to fail: of the skeleton's pages, of its file, of the packed rows.
 TEST_F(SheetWorkbook, WhereverTheDiskIsFullTheFormerFileStaysOrTheNewOneIsWhole) {
     const MadeRows rows(200, cellAt);
     std::map<bool, int> ends;
