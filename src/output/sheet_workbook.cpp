@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <charconv>
-#include <cmath>
-#include <cstring>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -12,6 +9,7 @@
 #include <xlsxwriter.h>
 
 #include "output/new_file.h"
+#include "output/workbook_page.h"
 #include "output/zip_writer.h"
 #include "workspace/failure.h"
 #include "workspace/safe_file.h"
@@ -26,8 +24,7 @@ constexpr lxw_color_t kRedInk = 0xCB222C;
 constexpr lxw_color_t kBlueInk = 0x1F5FD0;
 constexpr double kHeadingRoom = 2; // characters beside a heading
 constexpr double kNarrowest = 6;
-constexpr qsizetype kLongestText = 32'767; // characters of a cell
-constexpr std::size_t kBlock = 1 << 16;    // bytes that are packed at a time
+constexpr std::size_t kBlock = 1 << 16; // bytes that are packed at a time
 
 void check(lxw_error error) {
     if (error == LXW_NO_ERROR)
@@ -147,98 +144,6 @@ class Skeleton {
     std::vector<std::int64_t> m_patterns;
 };
 
-void appendEscaped(std::string& xml, const QString& text) {
-    if (text.size() > kLongestText)
-        throw workspace::Failure(u"有一格的文字超过 %1 个字"_s.arg(kLongestText), text.left(100));
-    for (const char byte : text.toUtf8()) {
-        if (byte == '&')
-            xml += "&amp;";
-        else if (byte == '<')
-            xml += "&lt;";
-        else if (byte == '>')
-            xml += "&gt;";
-        else if (static_cast<unsigned char>(byte) >= ' ' || byte == '\t' || byte == '\n')
-            xml += byte; // XML has no other control characters
-    }
-}
-
-template <class Number> void appendNumber(std::string& xml, Number number) {
-    char written[32];
-    xml.append(written, std::to_chars(written, written + sizeof written, number).ptr);
-}
-
-/// A page of the skeleton, taken apart at its pattern.
-class Page {
-  public:
-    /// \param pattern  its row, from 0
-    Page(std::string xml, std::int64_t pattern, int columns) : m_next(pattern + 1) {
-        const std::size_t row = xml.find("<row r=\"" + std::to_string(m_next) + '"');
-        const std::size_t after = xml.find("</row>", row);
-        if (row == std::string::npos || after == std::string::npos || !xml.ends_with("</worksheet>"))
-            throw std::system_error(ENOSPC, std::generic_category(), "skeleton");
-        for (int column = 0; column < columns; ++column) {
-            char name[LXW_MAX_COL_NAME_LENGTH];
-            lxw_col_to_name(name, static_cast<lxw_col_t>(column), LXW_FALSE);
-            m_before.push_back(std::string("<c r=\"") + name);
-            const std::string cell = m_before.back() + std::to_string(m_next) + '"';
-            const std::size_t style = xml.find(cell, row) + cell.size();
-            m_after.push_back('"' + xml.substr(style, xml.find("/>", style) - style));
-        }
-        m_head = xml.substr(0, row);
-        m_tail = xml.substr(after + std::strlen("</row>"));
-    }
-
-    /// \param last  row of the page, from 1
-    std::string head(std::int64_t last) const {
-        const std::size_t range = m_head.find("<dimension ref=\"");
-        const std::size_t end = m_head.find("\"/>", range);
-        const std::size_t colon = m_head.find(':', range);
-        if (end == std::string::npos || colon > end)
-            return m_head;
-        const std::size_t digits = m_head.find_first_of("0123456789", colon);
-        return m_head.substr(0, digits) + std::to_string(last) + m_head.substr(end);
-    }
-    const std::string& tail() const { return m_tail; }
-
-    void appendRow(std::string& xml, const SheetRows& rows, std::int64_t row) {
-        xml += "<row r=\"";
-        appendNumber(xml, m_next);
-        xml += "\">";
-        for (std::size_t column = 0; column < m_before.size(); ++column)
-            appendCell(xml, rows.cell(row, static_cast<int>(column)), column);
-        xml += "</row>";
-        ++m_next;
-    }
-
-  private:
-    void appendCell(std::string& xml, const SheetCell& cell, std::size_t column) const {
-        const auto* real = std::get_if<double>(&cell);
-        if (std::holds_alternative<std::monostate>(cell) || (real && !std::isfinite(*real)))
-            return;
-        xml += m_before[column];
-        appendNumber(xml, m_next);
-        xml += m_after[column];
-        if (const auto* text = std::get_if<QString>(&cell)) {
-            xml += " t=\"inlineStr\"><is><t xml:space=\"preserve\">";
-            appendEscaped(xml, *text);
-            xml += "</t></is></c>";
-            return;
-        }
-        xml += "><v>";
-        if (real)
-            appendNumber(xml, *real);
-        else
-            appendNumber(xml, std::get<std::int64_t>(cell));
-        xml += "</v></c>";
-    }
-
-    std::string m_head;
-    std::string m_tail;
-    std::vector<std::string> m_before; ///< <c r="B
-    std::vector<std::string> m_after;  ///< " s="4"
-    std::int64_t m_next;               ///< row of the page, from 1
-};
-
 /// Packs the skeleton anew, with the rows in their places.
 class Filling {
   public:
@@ -264,7 +169,7 @@ class Filling {
 
   private:
     bool fillPage(std::string xml, std::int64_t pattern) {
-        Page page(std::move(xml), pattern, m_sheet.columnCount());
+        WorkbookPage page(std::move(xml), pattern, m_sheet.columnCount());
         const std::int64_t end = std::min(m_count, m_row + m_pageRows - pattern);
         std::string block = page.head(pattern + end - m_row);
         for (; m_row < end; ++m_row) {
