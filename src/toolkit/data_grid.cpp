@@ -3,16 +3,22 @@
 #include <functional>
 
 #include <QContextMenuEvent>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QScrollBar>
+#include <QStandardPaths>
 #include <QStyleOptionHeader>
 
+#include "output/sheet_export.h"
 #include "toolkit/colours.h"
 #include "toolkit/dialog_boxes.h"
 #include "toolkit/grid_cell.h"
 #include "toolkit/grid_copy.h"
+#include "toolkit/grid_sheet.h"
+#include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +29,7 @@ namespace {
 constexpr int kCellPadding = 6;
 constexpr int kNarrowestColumn = 24;
 constexpr int kEmptyMargin = 24;
+constexpr int kHeadingMargin = 4;
 const QKeySequence kCopyWithHeadings(Qt::CTRL | Qt::SHIFT | Qt::Key_C);
 
 /// A header whose sections look the same whatever is selected. The base class asks the selection model about each
@@ -32,6 +39,24 @@ class CalmHeader : public QHeaderView {
     using QHeaderView::QHeaderView;
 
   protected:
+    /// Flat: no edges between the columns, a hairline below.
+    void paintSection(QPainter* painter, const QRect& place, int logicalIndex) const override {
+        QStyleOptionHeader option;
+        initStyleOption(&option);
+        initStyleOptionForIndex(&option, logicalIndex);
+        paintGround(*painter, place);
+        painter->setPen(colours(palette()).text);
+        painter->drawText(place.adjusted(kHeadingMargin, 0, -kHeadingMargin, 0),
+                          static_cast<int>(option.textAlignment), option.text);
+    }
+
+    /// What is right of the last column looks the same.
+    void paintEvent(QPaintEvent* event) override {
+        QHeaderView::paintEvent(event);
+        QPainter painter(viewport());
+        paintGround(painter, viewport()->rect().adjusted(length() - offset(), 0, 0, 0));
+    }
+
     void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override {
         option->section = logicalIndex;
         option->text = model()->headerData(logicalIndex, orientation()).toString();
@@ -41,6 +66,12 @@ class CalmHeader : public QHeaderView {
     }
 
   private:
+    void paintGround(QPainter& painter, const QRect& place) const {
+        const Colours& look = colours(palette());
+        painter.fillRect(place, look.head);
+        painter.fillRect(QRect(place.left(), place.bottom(), place.width(), 1), look.line);
+    }
+
     Qt::Alignment alignmentOf(int logicalIndex) const {
         const QVariant told = model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole);
         if (!told.isValid())
@@ -120,6 +151,23 @@ bool DataGrid::copySelection(Headings headings) {
     return model() && copySelected(*this, headings == Headings::With, boxes);
 }
 
+void DataGrid::exportAll() {
+    if (!model())
+        return;
+    DialogBoxes boxes(this);
+    const QString folder = m_exportFolder.isEmpty()
+                               ? QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)
+                               : m_exportFolder;
+    const QString name = accessibleName().isEmpty() ? u"表格"_s : accessibleName();
+    const QString file = boxes.chooseNewFile(folder + u'/' + name, output::kExportFilter.toString());
+    if (file.isEmpty())
+        return;
+    const std::vector<int> columns = shownColumns(*this);
+    const GridRows rows(*this, columns);
+    if (output::exportSheet({sheetColumns(*this, columns), rows}, workspace::toPath(file), boxes))
+        m_exportFolder = QFileInfo(file).path();
+}
+
 void DataGrid::fillMenu(QMenu& menu) {
     const bool chosen = selectionModel() && selectionModel()->hasSelection();
     const struct {
@@ -132,6 +180,7 @@ void DataGrid::fillMenu(QMenu& menu) {
         {u"mnuCopyHead"_s, u"复制含表头"_s, kCopyWithHeadings, [this] { copySelection(Headings::With); }, chosen},
         {u"mnuSelectAll"_s, u"全选"_s, QKeySequence::SelectAll, [this] { selectAll(); },
          model() && model()->rowCount() > 0},
+        {u"mnuExport"_s, u"导出…"_s, {}, [this] { exportAll(); }, model() && model()->rowCount() > 0},
     };
     for (const auto& entry : entries) {
         QAction* action = menu.addAction(entry.caption);
@@ -161,6 +210,27 @@ void DataGrid::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QTableView::keyPressEvent(event);
+}
+
+void DataGrid::updateGeometries() {
+    QTableView::updateGeometries();
+    standWhole();
+}
+
+void DataGrid::scrollContentsBy(int dx, int dy) {
+    QTableView::scrollContentsBy(dx, dy);
+    if (dy != 0)
+        standWhole();
+}
+
+/// At the end of its way the base class aligns the last row with the lower edge and cuts the one at the top.
+void DataGrid::standWhole() {
+    if (!model() || model()->rowCount(rootIndex()) == 0)
+        return;
+    const int before = verticalHeader()->offset();
+    verticalHeader()->setOffsetToSectionPosition(verticalScrollBar()->value());
+    if (verticalHeader()->offset() != before)
+        viewport()->update();
 }
 
 void DataGrid::paintEvent(QPaintEvent* event) {

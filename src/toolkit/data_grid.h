@@ -3,8 +3,10 @@
 // What makes it bear that size: every row has one fixed height, no header measures its contents, and the headings do
 // not ask whether their whole column is selected (that question takes seconds after Select All).
 // A heading stands in the middle unless the model tells another alignment for it.
+// A row is never cut at the top: a grid that is scrolled to its end leaves the rest of its height empty below.
 // Ctrl+C copies the selected cells, Ctrl+Shift+C with their headings (grid_copy.h); both stand in the context menu,
-// to which a window can add its own entries. Cells are painted by GridDelegate in the styles of grid_cell.h.
+// with 导出…, which writes the whole grid into a file (output/sheet_export.h), and what a window adds. Cells are
+// painted by GridDelegate in the styles of grid_cell.h.
 #pragma once
 
 #include <QTableView>
@@ -35,16 +37,22 @@ class DataGrid : public QTableView {
     /// Copies the selected cells to the clipboard, as copySelected() does. \return false when there was nothing to
     /// copy
     bool copySelection(Headings headings = Headings::Without);
+    /// Asks for a file, and writes all rows of the columns that are shown.
+    void exportAll();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
 
   private:
     void fillMenu(QMenu& menu);
+    void standWhole();
 
     QString m_emptyText;
+    QString m_exportFolder; ///< where the last file was written; empty: the user's documents
     QList<QAction*> m_entries;
 };
 

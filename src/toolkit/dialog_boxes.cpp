@@ -49,4 +49,12 @@ QString DialogBoxes::chooseFile(const QString& folder, const QString& filter) {
     return toolkit::chooseFile(m_parent, folder, filter.section(u'|', 0, 0));
 }
 
+QString DialogBoxes::chooseNewFile(const QString& proposed, const QString& filter) {
+    QStringList shown;
+    const QStringList parts = filter.split(u'|');
+    for (qsizetype part = 0; part < parts.size(); part += 2) // each followed by its pattern
+        shown << parts[part];
+    return toolkit::chooseNewFile(m_parent, proposed, shown);
+}
+
 } // namespace toolkit

@@ -21,6 +21,7 @@ class DialogBoxes final : public workspace::Dialogs {
     std::optional<QString> askSecret(const QString& prompt, const QString& title) override;
     std::unique_ptr<workspace::Progress> progress(const QString& caption) override;
     QString chooseFile(const QString& folder, const QString& filter) override;
+    QString chooseNewFile(const QString& proposed, const QString& filter) override;
 
   private:
     QWidget* m_parent;

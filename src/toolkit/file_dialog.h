@@ -11,4 +11,8 @@ namespace toolkit {
 /// \return the file, empty on Cancel
 QString chooseFile(QWidget* parent, const QString& folder, const QString& filter);
 
+/// Asks for a file to write. \param filters  such as "CSV (*.csv)"
+/// \return the file, with the ending of the chosen filter unless it has that of one of them; empty on Cancel
+QString chooseNewFile(QWidget* parent, const QString& proposed, const QStringList& filters);
+
 } // namespace toolkit

@@ -69,6 +69,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given, c
         paintTick(*painter, option.rect, look);
     QFont font = option.font;
     font.setStrikeOut(state == RowState::Out && style != CellStyle::Text);
+    if (state == RowState::Hit)
+        font.setBold(true);
     painter->setFont(font);
     const QVariant told = index.data(Qt::ForegroundRole);
     painter->setPen(told.isValid() ? told.value<QColor>() : inkOf(style, state, look));

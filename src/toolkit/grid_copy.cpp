@@ -11,6 +11,9 @@
 #include <QMimeData>
 #include <QTableView>
 
+#include "output/sheet_html.h"
+#include "output/sheet_text.h"
+#include "toolkit/grid_sheet.h"
 #include "workspace/dialogs.h"
 
 using namespace Qt::StringLiterals;
@@ -18,8 +21,6 @@ using namespace Qt::StringLiterals;
 namespace toolkit {
 
 namespace {
-
-constexpr std::int64_t kReportRows = 4096; // rows between two reports of the progress
 
 struct RowSpan {
     int first;
@@ -60,75 +61,50 @@ std::vector<int> selectedColumns(const QTableView& grid, const QItemSelection& s
     return columns;
 }
 
-/// One pass over the selection; each cell goes to `cell`, each end of a row to `rowEnd`.
-class Copying {
+/// The rows that have a selected cell.
+class SelectedRows final : public GridRows {
   public:
-    explicit Copying(const QTableView& grid)
-        : m_grid(grid), m_selection(grid.selectionModel() ? grid.selectionModel()->selection() : QItemSelection()),
-          m_columns(selectedColumns(grid, m_selection)), m_spans(mergedRows(m_selection)), m_rows(countRows(m_spans)),
-          m_onePiece(m_selection.size() == 1) {}
+    SelectedRows(const QTableView& grid, const QItemSelection& selection)
+        : GridRows(grid, selectedColumns(grid, selection)), m_selection(selection), m_spans(mergedRows(selection)),
+          m_rows(countRows(m_spans)), m_onePiece(selection.size() == 1) {}
 
-    std::int64_t rows() const { return m_rows; }
+    std::int64_t count() const override { return m_rows; }
 
-    /// \return nothing when the user has given up
-    std::optional<QString> text(bool headings, workspace::Progress* progress) const {
-        QString text;
-        if (headings)
-            for (const int column : m_columns)
-                text += heading(column) + (column == m_columns.back() ? u'\n' : u'\t');
-        std::int64_t done = 0;
-        for (const RowSpan& span : m_spans)
-            for (int row = span.first; row <= span.last; ++row) {
-                if (done++ > 0)
-                    text += u'\n';
-                appendRow(text, row);
-                if (progress && done % kReportRows == 0 && !progress->advance(share(done)))
-                    return std::nullopt;
-            }
-        return text;
-    }
-
-    QString html(bool headings) const {
-        QString html = u"<table>"_s;
-        if (headings) {
-            html += u"<tr>"_s;
-            for (const int column : m_columns)
-                html += u"<th>"_s + heading(column).toHtmlEscaped() + u"</th>"_s;
-            html += u"</tr>"_s;
-        }
-        for (const RowSpan& span : m_spans)
-            for (int row = span.first; row <= span.last; ++row) {
-                html += u"<tr>"_s;
-                for (const int column : m_columns)
-                    html += u"<td>"_s + cell(row, column).toHtmlEscaped() + u"</td>"_s;
-                html += u"</tr>"_s;
-            }
-        return html + u"</table>"_s;
+  protected:
+    QModelIndex place(std::int64_t row, int column) const override {
+        const QModelIndex at = modelCell(modelRow(row), column);
+        return m_onePiece || m_selection.contains(at) ? at : QModelIndex();
     }
 
   private:
-    double share(std::int64_t done) const { return static_cast<double>(done) / static_cast<double>(m_rows); }
-    QString heading(int column) const {
-        return m_grid.model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    }
-    QString cell(int row, int column) const {
-        const QModelIndex index = m_grid.model()->index(row, column, m_grid.rootIndex());
-        return m_onePiece || m_selection.contains(index) ? index.data().toString() : QString();
-    }
-    void appendRow(QString& text, int row) const {
-        for (const int column : m_columns) {
-            if (column != m_columns.front())
-                text += u'\t';
-            text += cell(row, column);
+    /// A sheet is read from its first row to its last: the span of the row before is the one, or the next is.
+    int modelRow(std::int64_t row) const {
+        if (row < m_before) {
+            m_span = 0;
+            m_before = 0;
         }
+        for (; row - m_before > m_spans[m_span].last - m_spans[m_span].first; ++m_span)
+            m_before += m_spans[m_span].last - m_spans[m_span].first + 1;
+        return m_spans[m_span].first + static_cast<int>(row - m_before);
     }
 
-    const QTableView& m_grid;
     QItemSelection m_selection;
-    std::vector<int> m_columns;
     std::vector<RowSpan> m_spans;
     std::int64_t m_rows;
-    bool m_onePiece; ///< then no cell needs to be asked
+    bool m_onePiece;                   ///< then no cell needs to be asked
+    mutable std::size_t m_span = 0;    ///< that the last row stood in
+    mutable std::int64_t m_before = 0; ///< rows of the spans before it
+};
+
+/// The selection as a sheet.
+struct Copying {
+    explicit Copying(const QTableView& grid)
+        : selection(grid.selectionModel() ? grid.selectionModel()->selection() : QItemSelection()),
+          rows(grid, selection), sheet{sheetColumns(grid, selectedColumns(grid, selection)), rows} {}
+
+    QItemSelection selection;
+    SelectedRows rows;
+    output::Sheet sheet;
 };
 
 bool mayCopy(std::int64_t rows, workspace::Dialogs& dialogs) {
@@ -141,11 +117,13 @@ bool mayCopy(std::int64_t rows, workspace::Dialogs& dialogs) {
 }
 
 std::optional<QString> textOf(const Copying& copying, bool headings, workspace::Dialogs& dialogs) {
-    if (copying.rows() == 0 || !mayCopy(copying.rows(), dialogs))
+    const std::int64_t rows = copying.rows.count();
+    if (rows == 0 || !mayCopy(rows, dialogs))
         return std::nullopt;
-    if (copying.rows() <= kAskRows)
-        return copying.text(headings, nullptr);
-    return copying.text(headings, dialogs.progress(u"正在复制 %1 行"_s.arg(copying.rows())).get());
+    const output::TextForm form{headings, output::LineEnd::Lf};
+    if (rows <= kAskRows)
+        return output::sheetText(copying.sheet, form, nullptr);
+    return output::sheetText(copying.sheet, form, dialogs.progress(u"正在复制 %1 行"_s.arg(rows)).get());
 }
 
 } // namespace
@@ -161,8 +139,8 @@ bool copySelected(const QTableView& grid, bool headings, workspace::Dialogs& dia
         return false;
     auto* data = new QMimeData;
     data->setText(*text);
-    if (copying.rows() <= kMostHtmlRows)
-        data->setHtml(copying.html(headings));
+    if (copying.rows.count() <= kMostHtmlRows)
+        data->setHtml(output::sheetHtml(copying.sheet, headings));
     QGuiApplication::clipboard()->setMimeData(data);
     return true;
 }

@@ -36,4 +36,8 @@ std::unique_ptr<Progress> Dialogs::progress(const QString&) {
     return std::make_unique<Unseen>();
 }
 
+QString Dialogs::chooseNewFile(const QString&, const QString&) {
+    return {};
+}
+
 } // namespace workspace

@@ -72,6 +72,11 @@ class Dialogs {
 
     /// \param filter  "Text(*.txt)|*.txt": what is shown, a bar, the pattern  \return the file, empty on Cancel
     virtual QString chooseFile(const QString& folder, const QString& filter) = 0;
+
+    /// A file to write; whether it is there already is not asked. \param proposed  folder and name
+    /// \param filter  as above, kind after kind  \return the file, with the ending of the chosen kind unless the name
+    /// has the ending of one; empty on Cancel. Here: Cancel
+    virtual QString chooseNewFile(const QString& proposed, const QString& filter);
 };
 
 } // namespace workspace

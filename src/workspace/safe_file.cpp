@@ -13,16 +13,6 @@ namespace {
 // What SQLite may leave beside a database that was not closed.
 constexpr const char* kBeside[] = {"-journal", "-wal", "-shm"};
 
-/// Flushes a file or a folder's entries to the disk.
-bool flush(const std::filesystem::path& path) {
-    const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (handle < 0)
-        return false;
-    const bool flushed = ::fsync(handle) == 0;
-    ::close(handle);
-    return flushed;
-}
-
 void removeBeside(const std::filesystem::path& file) {
     std::error_code ignored;
     for (const char* suffix : kBeside)
@@ -34,7 +24,7 @@ std::filesystem::path copyBeside(const std::filesystem::path& from, const std::f
     const std::filesystem::path unfinished = std::filesystem::path(to) += ".new";
     std::error_code failed;
     std::filesystem::copy_file(from, unfinished, std::filesystem::copy_options::overwrite_existing, failed);
-    if (!failed && flush(unfinished))
+    if (!failed && flushToDisk(unfinished))
         return unfinished;
     std::filesystem::remove(unfinished, failed);
     return {};
@@ -48,6 +38,15 @@ QString toQString(const std::filesystem::path& path) {
 
 std::filesystem::path toPath(const QString& text) {
     return std::filesystem::path(QFile::encodeName(text).toStdString());
+}
+
+bool flushToDisk(const std::filesystem::path& path) {
+    const int handle = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (handle < 0)
+        return false;
+    const bool flushed = ::fsync(handle) == 0;
+    ::close(handle);
+    return flushed;
 }
 
 bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes, Readers readers) {
@@ -64,7 +63,7 @@ bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes, 
     }
     if (!out.commit())
         return false;
-    flush(file.parent_path());
+    flushToDisk(file.parent_path());
     return true;
 }
 
@@ -73,9 +72,9 @@ bool renameDurably(const std::filesystem::path& from, const std::filesystem::pat
     std::filesystem::rename(from, to, failed);
     if (failed)
         return false;
-    flush(to.parent_path());
+    flushToDisk(to.parent_path());
     if (from.parent_path() != to.parent_path())
-        flush(from.parent_path());
+        flushToDisk(from.parent_path());
     return true;
 }
 

@@ -32,6 +32,9 @@ bool replaceDatabase(const std::filesystem::path& from, const std::filesystem::p
 /// Deletes a database file and its journals; a missing file is no failure.
 void removeDatabase(const std::filesystem::path& file);
 
+/// Flushes a file, or a folder's entries, to the disk. \return whether that was done
+bool flushToDisk(const std::filesystem::path& path);
+
 /// Renames within a file system, over what is there, and makes the renaming durable. \return whether it was done
 bool renameDurably(const std::filesystem::path& from, const std::filesystem::path& to);
 

@@ -1,10 +1,7 @@
 #include "filter/windows/result_panel.h"
 
-#include <utility>
-
 #include <QHeaderView>
 #include <QLabel>
-#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include "base/number_text.h"
@@ -16,25 +13,13 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
-constexpr int kTwipsPerPixel = 15;
-constexpr int kHeadingPadding = 10; // pixels left and right of a heading, together
-constexpr int kRowHeight = 22;
-constexpr int kTickRoom = 22; // in front of the numbers, where a view has marks
-
-struct Widths {
-    int index, red, blue, value;
-};
-constexpr Widths kAlone{84, 48, 56, 100};        // eight columns and a value fill the grid of a window of 1280 pixels
-constexpr Widths kBesideReasons{56, 32, 38, 44}; // there, so that a reason can be read without scrolling
-constexpr int kRoomy = 800;                      // width of a grid that has room for both
-
 const QString kAdvice = u"没有剩余组合：“上次过滤复位”可退回一步"_s;
 
 } // namespace
 
 ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
     : Card(u"ResultCard"_s, {}, parent), m_head(new toolkit::HeadLine(this)), m_model(new RowsModel(member, this)),
-      m_grid(new toolkit::DataGrid(this)), m_page(new KeyedEdit(kDigitKeys.toString(), this)) {
+      m_grid(new toolkit::RowsGrid(this)), m_page(new KeyedEdit(kDigitKeys.toString(), this)) {
     m_head->setObjectName(u"HeadLine"_s);
     body().addWidget(m_head);
     body().addLayout(buildStates());
@@ -44,7 +29,6 @@ ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
     m_grid->setModel(m_model);
     m_grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_grid->setFrameShape(QFrame::NoFrame);
-    m_grid->verticalHeader()->setDefaultSectionSize(std::max(kRowHeight, fontMetrics().height() + 2));
     body().addWidget(m_grid, 1);
     body().addLayout(buildPaging());
     connectGrid(member);
@@ -124,30 +108,22 @@ QHBoxLayout* ResultPanel::buildPaging() {
 }
 
 void ResultPanel::connectGrid(const FilterMember& member) {
-    QHeaderView* header = m_grid->horizontalHeader();
-    connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
-        if (!m_applying)
-            m_dragged[column] = width;
-    });
     if (!member.features.doubleClick)
         return;
-    connect(m_grid, &toolkit::DataGrid::doubleClicked, this, [this](const QModelIndex& cell) {
+    connect(m_grid, &toolkit::RowsGrid::doubleClicked, this, [this](const QModelIndex& cell) {
         m_grid->setCurrentIndex(m_model->index(cell.row(), 0));
         emit rowDoubleClicked(cell.row());
     });
-    connect(header, &QHeaderView::sectionDoubleClicked, this, [this] { emit rowDoubleClicked(-1); });
+    connect(m_grid->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
+            [this] { emit rowDoubleClicked(-1); });
 }
 
 void ResultPanel::show(View view, Shows shows) {
-    m_shows = shows;
-    m_applying = true; // the header resizes columns of its own when their count changes
     m_model->show(std::move(view));
     m_grid->setEmptyText(shows == Shows::Page ? u"这一页没有剩余组合：换一个页号，或按任一过滤看全部剩余"_s
                          : shows == Shows::Left ? kAdvice
                                                 : u"没有组合：先在组合排列里生成"_s);
     m_grid->scrollToTop();
-    applyWidths();
-    m_applying = false;
     m_head->tellShown(shows == Shows::Reasons ? u"全部含缘故"_s : shows == Shows::Page ? u"剩余的一页"_s : u"剩余"_s);
 }
 
@@ -159,58 +135,6 @@ void ResultPanel::tell(const Outcome& outcome, std::int64_t total, const QString
                   .ms = outcome.ms,
                   .shows = m_head->shown(),
                   .advice = total > 0 ? kAdvice : u"没有组合：先在组合排列里生成"_s});
-}
-
-int ResultPanel::wishedWidth(std::size_t column) const {
-    const View& view = m_model->view();
-    const GridColumn& told = view.columns[column];
-    const int heading =
-        m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(told.heading));
-    const bool reasons = m_shows == Shows::Reasons;
-    const Widths& widths = reasons && m_grid->width() < kRoomy ? kBesideReasons : kAlone;
-    const int width = std::max(&widths == &kAlone ? told.widthTwips / kTwipsPerPixel : 0, heading + kHeadingPadding);
-    switch (m_model->styleOf(static_cast<int>(column))) {
-    case toolkit::CellStyle::Plain:
-        return std::max(width, widths.index) + (reasons ? kTickRoom : 0);
-    case toolkit::CellStyle::Red:
-        return std::max(width, widths.red);
-    case toolkit::CellStyle::Blue:
-        return std::max(width, widths.blue);
-    case toolkit::CellStyle::Text:
-        return std::max(told.widthTwips / kTwipsPerPixel, width);
-    default:
-        return std::max(width, widths.value);
-    }
-}
-
-// A reason takes what is left, a value gives way to what the columns before it need.
-int ResultPanel::fittedLast(int wished, int room) const {
-    const GridColumn& last = m_model->view().columns.back();
-    if (last.isText)
-        return std::max(wished, room);
-    const int heading =
-        m_grid->horizontalHeader()->fontMetrics().horizontalAdvance(QString::fromStdString(last.heading));
-    return std::min(wished, std::max({room, heading + kHeadingPadding, last.widthTwips / kTwipsPerPixel}));
-}
-
-void ResultPanel::applyWidths() {
-    const bool before = std::exchange(m_applying, true);
-    int room = m_grid->width() - m_grid->verticalScrollBar()->sizeHint().width();
-    const auto& columns = m_model->view().columns;
-    for (std::size_t column = 0; column < columns.size(); ++column) {
-        const auto dragged = m_dragged.find(static_cast<int>(column));
-        int width = dragged != m_dragged.end() ? dragged->second : wishedWidth(column);
-        if (column + 1 == columns.size() && dragged == m_dragged.end())
-            width = fittedLast(width, room);
-        m_grid->setColumnWidth(static_cast<int>(column), width);
-        room -= width;
-    }
-    m_applying = before;
-}
-
-void ResultPanel::resizeEvent(QResizeEvent* event) {
-    Card::resizeEvent(event);
-    applyWidths();
 }
 
 QString ResultPanel::indexText(int row) const {

@@ -1,15 +1,12 @@
 // The right of a filter window: the headline, the buttons that undo and invert, the grid of bets and its paging.
 #pragma once
 
-#include <map>
-
 #include <QLineEdit>
 #include <QRadioButton>
 
 #include "filter/session.h"
 #include "filter/windows/rows_model.h"
 #include "toolkit/card.h"
-#include "toolkit/data_grid.h"
 #include "toolkit/head_line.h"
 #include "toolkit/segments.h"
 
@@ -42,26 +39,16 @@ class ResultPanel : public toolkit::Card {
     /// \param row  row of the grid, -1 for the headings
     void rowDoubleClicked(int row);
 
-  protected:
-    void resizeEvent(QResizeEvent* event) override;
-
   private:
     QHBoxLayout* buildStates();
     QHBoxLayout* buildShown(const FilterMember& member);
     QHBoxLayout* buildPaging();
     void connectGrid(const FilterMember& member);
-    int wishedWidth(std::size_t column) const;
-    int fittedLast(int wished, int room) const;
-    /// A column that the user has dragged keeps his width from view to view.
-    void applyWidths();
 
     toolkit::HeadLine* m_head;
     RowsModel* m_model;
-    toolkit::DataGrid* m_grid;
+    toolkit::RowsGrid* m_grid;
     QLineEdit* m_page;
-    Shows m_shows = Shows::Left;
-    std::map<int, int> m_dragged; ///< widths by column
-    bool m_applying = false;
 };
 
 } // namespace filter

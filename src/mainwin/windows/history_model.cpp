@@ -2,35 +2,97 @@
 
 #include <algorithm>
 
+#include <QFont>
+
 using namespace Qt::StringLiterals;
 
 namespace mainwin {
 
-HistoryModel::HistoryModel(const history::History& history, QObject* parent)
-    : QAbstractTableModel(parent), m_history(history), m_rows(history.Lsnum), m_firstTyped(m_rows) {
-    m_newest.setBold(true);
+namespace {
+
+constexpr int kNumberWidth = 38;
+constexpr int kNumberDigits = 2;
+
+std::vector<toolkit::GridColumn> nineColumns() {
+    using toolkit::CellStyle;
+    std::vector<toolkit::GridColumn> columns{{.heading = u"序数"_s, .width = 56},
+                                             {.heading = u"期号"_s, .width = 80}};
+    for (int red = 1; red <= HistoryModel::Blue - HistoryModel::FirstRed; ++red)
+        columns.push_back(
+            {.heading = u"红%1"_s.arg(red), .style = CellStyle::Red, .width = kNumberWidth, .digits = kNumberDigits});
+    columns.push_back(
+        {.heading = u"蓝球"_s, .style = CellStyle::Blue, .width = 46, .least = 46, .digits = kNumberDigits});
+    return columns;
+}
+
+} // namespace
+
+class HistoryModel::Draws final : public toolkit::RowSource {
+  public:
+    explicit Draws(const history::History& history) : m_history(history) { m_newest.setBold(true); }
+
+    std::int64_t count() const override { return m_history.Lsnum; }
+
+    QString text(std::int64_t row, int column) const override {
+        const int number = numberAt(row, column);
+        if (column == RowNumber && row >= firstTyped)
+            return u"%1期"_s.arg(number);
+        return column >= FirstRed ? u"%1"_s.arg(number, kNumberDigits, 10, QChar(u'0')) : QString::number(number);
+    }
+
+    QVariant value(std::int64_t row, int column) const override { return numberAt(row, column); }
+
+    QVariant look(std::int64_t row, int column, int role) const override {
+        if (role == Qt::FontRole)
+            return row == newest && column >= FirstRed ? QVariant(m_newest) : QVariant();
+        if (role != Qt::ForegroundRole || column == Issue)
+            return {};
+        return column == RowNumber ? rowNumber : column == Blue ? blue : red;
+    }
+
+    int firstTyped = 0; ///< row; the typed ones are the last ones
+    int newest = -1;    ///< row
+    QColor rowNumber;
+    QColor red;
+    QColor blue;
+
+  private:
+    int numberAt(std::int64_t row, int column) const {
+        if (column == RowNumber)
+            return static_cast<int>(row) + 1;
+        // Columns 1..8 are the slots 0..7 of a draw.
+        return m_history.Lshm[static_cast<std::size_t>(row) + 1][static_cast<std::size_t>(column - Issue)];
+    }
+
+    const history::History& m_history;
+    QFont m_newest; ///< the style alone: the rest is the grid's
+};
+
+HistoryModel::HistoryModel(const history::History& history, QObject* parent) : RowsModel(parent) {
+    auto draws = std::make_unique<Draws>(history);
+    m_draws = draws.get();
+    show(nineColumns(), std::move(draws));
+    m_draws->firstTyped = rowCount();
+    m_draws->newest = rowCount() - 1;
 }
 
 void HistoryModel::reload() {
-    beginResetModel();
-    m_rows = m_history.Lsnum;
-    m_firstTyped = m_rows;
-    endResetModel();
+    m_draws->firstTyped = static_cast<int>(m_draws->count());
+    m_draws->newest = m_draws->firstTyped - 1;
+    RowsModel::reload();
 }
 
 void HistoryModel::appendTyped() {
-    beginInsertRows({}, m_rows, m_rows);
-    ++m_rows;
-    endInsertRows();
-    showNewest(m_rows - 1); // no longer in bold
+    m_draws->newest = rowCount();
+    rowsAppended(1);
+    showNewest(rowCount() - 1); // no longer in bold
 }
 
 void HistoryModel::removeLast() {
-    beginRemoveRows({}, m_rows - 1, m_rows - 1);
-    --m_rows;
-    m_firstTyped = std::min(m_firstTyped, m_rows);
-    endRemoveRows();
-    showNewest(m_rows);
+    m_draws->newest = rowCount() - 2;
+    rowsRemoved(1);
+    m_draws->firstTyped = std::min(m_draws->firstTyped, rowCount());
+    showNewest(rowCount());
 }
 
 /// \param draw  0: none
@@ -40,67 +102,13 @@ void HistoryModel::showNewest(int draw) {
 }
 
 void HistoryModel::changed(int draw) {
-    emit dataChanged(index(draw - 1, 0), index(m_rows - 1, ColumnCount - 1));
+    rowsChanged(draw - 1, rowCount() - 1);
 }
 
 void HistoryModel::setColours(const QColor& rowNumber, const QColor& red, const QColor& blue) {
-    m_rowNumber = rowNumber;
-    m_red = red;
-    m_blue = blue;
-}
-
-int HistoryModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : m_rows;
-}
-int HistoryModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : ColumnCount;
-}
-
-int HistoryModel::value(int row, int column) const {
-    if (column == RowNumber)
-        return row + 1;
-    // Columns 1..8 are the slots 0..7 of a draw.
-    return m_history.Lshm[static_cast<std::size_t>(row) + 1][static_cast<std::size_t>(column - Issue)];
-}
-
-QString HistoryModel::text(int row, int column) const {
-    const int number = value(row, column);
-    if (column == RowNumber && row >= m_firstTyped)
-        return u"%1期"_s.arg(number);
-    return column >= FirstRed ? u"%1"_s.arg(number, 2, 10, QChar(u'0')) : QString::number(number);
-}
-
-QVariant HistoryModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= m_rows)
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-        return text(index.row(), index.column());
-    case Qt::UserRole:
-        return value(index.row(), index.column());
-    case Qt::TextAlignmentRole:
-        return Qt::AlignCenter;
-    case Qt::FontRole:
-        return index.row() == m_rows - 1 && index.column() >= FirstRed ? QVariant(m_newest) : QVariant();
-    case Qt::ForegroundRole:
-        if (index.column() == RowNumber)
-            return m_rowNumber;
-        if (index.column() == Blue)
-            return m_blue;
-        return index.column() >= FirstRed ? QVariant(m_red) : QVariant();
-    default:
-        return {};
-    }
-}
-
-QVariant HistoryModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= ColumnCount)
-        return {};
-    if (section == RowNumber)
-        return u"序数"_s;
-    if (section == Issue)
-        return u"期号"_s;
-    return section == Blue ? u"蓝球"_s : u"红%1"_s.arg(section - FirstRed + 1);
+    m_draws->rowNumber = rowNumber;
+    m_draws->red = red;
+    m_draws->blue = blue;
 }
 
 } // namespace mainwin

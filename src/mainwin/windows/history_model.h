@@ -5,15 +5,14 @@
 // first column, others "12". The numbers of the newest draw are bold.
 #pragma once
 
-#include <QAbstractTableModel>
 #include <QColor>
-#include <QFont>
 
 #include "history/history.h"
+#include "toolkit/rows_grid.h"
 
 namespace mainwin {
 
-class HistoryModel : public QAbstractTableModel {
+class HistoryModel : public toolkit::RowsModel {
     Q_OBJECT
   public:
     enum Column { RowNumber, Issue, FirstRed, Blue = FirstRed + 6, ColumnCount };
@@ -31,23 +30,11 @@ class HistoryModel : public QAbstractTableModel {
     /// Colours of the texts; the palette decides how light they are.
     void setColours(const QColor& rowNumber, const QColor& red, const QColor& blue);
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
   private:
+    class Draws;
     void showNewest(int draw);
-    int value(int row, int column) const;
-    QString text(int row, int column) const;
 
-    const history::History& m_history;
-    int m_rows = 0;
-    int m_firstTyped; ///< row; the typed ones are the last ones
-    QFont m_newest;   ///< the style alone: the rest is the grid's
-    QColor m_rowNumber;
-    QColor m_red;
-    QColor m_blue;
+    Draws* m_draws; ///< the model's source
 };
 
 } // namespace mainwin

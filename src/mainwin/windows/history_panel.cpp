@@ -1,10 +1,7 @@
 #include "mainwin/windows/history_panel.h"
 
-#include <algorithm>
-
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -15,7 +12,6 @@
 #include "mainwin/windows/empty_history.h"
 #include "mainwin/windows/history_model.h"
 #include "toolkit/card.h"
-#include "toolkit/data_grid.h"
 #include "toolkit/ink_label.h"
 #include "toolkit/look.h"
 
@@ -23,16 +19,9 @@ using namespace Qt::StringLiterals;
 
 namespace mainwin {
 
-namespace {
-
-constexpr int kNumberWidth = 38;
-constexpr int kRowHeight = 22;
-
-} // namespace
-
 HistoryPanel::HistoryPanel(const history::Book& book, QWidget* parent)
     : QWidget(parent), m_history(book.history()), m_model(new HistoryModel(m_history, this)),
-      m_grid(new toolkit::DataGrid), m_entry(new DrawEntry), m_buttons(new QWidget), m_undo(new QPushButton),
+      m_grid(new toolkit::RowsGrid), m_entry(new DrawEntry), m_buttons(new QWidget), m_undo(new QPushButton),
       m_empty(new EmptyHistory(m_grid->viewport())),
       m_count(new toolkit::InkLabel(u"HistoryCount"_s, &toolkit::Colours::quiet)) {
     setObjectName(u"HistoryPanel"_s);
@@ -65,9 +54,6 @@ void HistoryPanel::buildGrid() {
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"历史号码"_s);
     m_grid->setModel(m_model);
-    m_grid->verticalHeader()->setDefaultSectionSize(std::max(kRowHeight, m_grid->fontMetrics().height()));
-    m_grid->setColumnWidths(
-        {56, 80, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, kNumberWidth, 46});
     m_cellEdit = new CellEdit(*m_grid, HistoryModel::Issue);
     auto* middle = new QVBoxLayout(m_grid->viewport());
     middle->addWidget(m_empty);
