@@ -43,8 +43,12 @@ QPoint clickPoint(const QWidget& widget) {
 }
 
 void click(QWidget& parent, const QString& name, Qt::MouseButton button) {
-    if (QWidget* widget = usable(parent, name))
-        QTest::mouseClick(widget, button, {}, clickPoint(*widget));
+    QWidget* widget = usable(parent, name);
+    if (!widget)
+        return;
+    const QPoint place = clickPoint(*widget);
+    QTest::mouseMove(widget, place);
+    QTest::mouseClick(widget, button, {}, place);
 }
 
 bool openMenusAbove(QAction& entry) {

@@ -33,11 +33,8 @@ void Stage::say(const QString& line) const {
     std::fflush(stdout);
 }
 
-/// The pointer comes along, so that the pictures show what it is over.
 void Stage::click(const QString& windowName, const QString& name) {
-    QWidget& window = *test_support::window(windowName);
-    QTest::mouseMove(test_support::control(window, name));
-    test_support::press(window, name);
+    test_support::press(windowName, name);
     QTest::qWait(kPaintMs);
 }
 
