@@ -54,6 +54,17 @@ void drawButton(QPainter& painter, const QStyleOption& option) {
     painter.drawRoundedRect(box.adjusted(1.5, 1.5, -1.5, -1.5), kCorner - 1, kCorner - 1);
 }
 
+void drawFieldEdge(QPainter& painter, const QStyleOption& option) {
+    const Colours& look = colours(option.palette);
+    const bool enabled = option.state & QStyle::State_Enabled;
+    const bool focused = option.state & QStyle::State_HasFocus;
+    const qreal inset = focused ? kFocusWidth / 2.0 : 0.5;
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(focused ? QPen(look.focus, kFocusWidth) : QPen(enabled ? look.edge : look.line));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(inset, inset, -inset, -inset), kCorner, kCorner);
+}
+
 void drawHeadGround(QPainter& painter, const QStyleOption& option) {
     const Colours& look = colours(option.palette);
     painter.fillRect(option.rect, look.head);

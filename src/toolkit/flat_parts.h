@@ -1,4 +1,4 @@
-// Buttons, headings and scroll bars without bevels: a ground, an edge, no arrows. ProgramStyle paints with them.
+// Buttons, fields, headings and scroll bars without bevels: a ground, an edge, no arrows. ProgramStyle paints with them.
 #pragma once
 
 #include <QRect>
@@ -13,6 +13,9 @@ namespace toolkit {
 
 /// A push button, or the button that a closed choice is. The default button of a dialog has the accent's edge.
 void drawButton(QPainter& painter, const QStyleOption& option);
+
+/// The edge of a text box; its ring while it has the keyboard.
+void drawFieldEdge(QPainter& painter, const QStyleOption& option);
 
 /// The ground of a heading, and of what is left beside the last one.
 void drawHeadGround(QPainter& painter, const QStyleOption& option);

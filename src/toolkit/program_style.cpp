@@ -112,6 +112,9 @@ void ProgramStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
     case PE_PanelButtonCommand:
         drawButton(*painter, *option);
         break;
+    case PE_FrameLineEdit:
+        drawFieldEdge(*painter, *option);
+        break;
     case PE_PanelScrollAreaCorner:
         painter->fillRect(option->rect, colours(option->palette).card);
         break;

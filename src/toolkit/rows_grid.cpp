@@ -149,6 +149,19 @@ int RowsGrid::lastWidth(const GridColumn& column, int room) const {
     return std::min(wished, std::max({room, headingWidth(column), column.least}));
 }
 
+void RowsGrid::growColumns(double most) {
+    m_growth = most;
+    fitColumns();
+}
+
+/// How many times its wished width a column has.
+double RowsGrid::growth(int room) const {
+    int wished = 0;
+    for (const GridColumn& column : static_cast<const RowsModel*>(model())->columns())
+        wished += wishedWidth(column);
+    return wished > 0 ? std::clamp(static_cast<double>(room) / wished, 1.0, m_growth) : 1;
+}
+
 void RowsGrid::fitColumns() {
     const auto* rows = qobject_cast<const RowsModel*>(model());
     if (!rows)
@@ -156,12 +169,13 @@ void RowsGrid::fitColumns() {
     const bool before = std::exchange(m_fitting, true);
     int room = width() - verticalScrollBar()->sizeHint().width();
     const int last = rows->columnCount() - 1;
+    const double grown = growth(room);
     for (int column = 0; column <= last; ++column) {
         const GridColumn& told = rows->columns()[static_cast<std::size_t>(column)];
         const auto dragged = m_dragged.find(column);
-        const int fitted = dragged != m_dragged.end() ? dragged->second
-                           : column == last           ? lastWidth(told, room)
-                                                      : wishedWidth(told);
+        const int fitted = dragged != m_dragged.end()     ? dragged->second
+                           : column == last && grown == 1 ? lastWidth(told, room)
+                                                          : static_cast<int>(wishedWidth(told) * grown);
         setColumnWidth(column, fitted);
         room -= fitted;
     }

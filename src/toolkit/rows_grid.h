@@ -90,6 +90,9 @@ class RowsGrid : public DataGrid {
   public:
     explicit RowsGrid(QWidget* parent = nullptr);
 
+    /// In a wide grid every column grows evenly, up to `most` times its width. 1 at first: none grows.
+    void growColumns(double most);
+
     /// \param model  a RowsModel: others have no widths to tell
     void setModel(QAbstractItemModel* model) override;
 
@@ -101,8 +104,10 @@ class RowsGrid : public DataGrid {
     int headingWidth(const GridColumn& column) const;
     int wishedWidth(const GridColumn& column) const;
     int lastWidth(const GridColumn& column, int room) const;
+    double growth(int room) const;
 
     std::map<int, int> m_dragged; ///< widths by column
+    double m_growth = 1;          ///< most
     bool m_fitting = false;       ///< widths change, and not by the user
 };
 

@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStandardItemModel>
@@ -59,6 +60,16 @@ TEST_P(ProgramStyles, AButtonIsFlatAndWithoutGroundWhileItIsDisabled) {
     for (const int y : {3, 13, 22})
         EXPECT_EQ(off.pixelColor(30, y), kBehind) << y;
     EXPECT_EQ(off.pixelColor(30, 0), look().line);
+}
+
+TEST_P(ProgramStyles, ATextBoxHasAnEdgeThatCanBeSeen) {
+    QLineEdit box;
+    dress(box);
+    box.resize(60, 26);
+    EXPECT_EQ(painted(box).pixelColor(30, 0), look().edge);
+    EXPECT_EQ(painted(box).pixelColor(30, 25), look().edge);
+    box.setEnabled(false);
+    EXPECT_EQ(painted(box).pixelColor(30, 0), look().line);
 }
 
 TEST_P(ProgramStyles, HeadingsAreOneFlatBand) {

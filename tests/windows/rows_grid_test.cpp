@@ -142,4 +142,22 @@ TEST_F(RowsGridTest, AWidthThatTheUserGaveStaysFromViewToView) {
     EXPECT_EQ(grid.columnWidth(1), 70) << "what the header does to a column that comes back is no wish of the user";
 }
 
+TEST_F(RowsGridTest, ColumnsGrowEvenlyUpToTheirMostWhenTheyAreToldTo) {
+    const std::vector<toolkit::GridColumn> columns{{.heading = u"甲"_s, .width = 100},
+                                                   {.heading = u"乙"_s, .width = 60}};
+    show(3, columns, 500);
+    EXPECT_EQ(grid.columnWidth(0), 100) << "none grows at first";
+    grid.growColumns(1.5);
+    EXPECT_EQ(grid.columnWidth(0), 150);
+    EXPECT_EQ(grid.columnWidth(1), 90);
+    grid.resize(200 + grid.width() - room(), 300);
+    QTest::qWait(0);
+    EXPECT_EQ(grid.columnWidth(0), 125) << "200 for 160";
+    EXPECT_EQ(grid.columnWidth(1), 75);
+    grid.horizontalHeader()->resizeSection(0, 80);
+    grid.resize(1000, 300);
+    QTest::qWait(0);
+    EXPECT_EQ(grid.columnWidth(0), 80) << "what the user has dragged stays";
+}
+
 } // namespace

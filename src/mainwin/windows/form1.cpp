@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSplitter>
 #include <QStatusBar>
@@ -32,7 +33,6 @@ namespace mainwin {
 namespace {
 
 constexpr int kBetPanel = 3; // the third panel of the status bar
-const QSize kDesignSize{1280, 760};
 constexpr int kUserPanelWidth = 280; // a longer name is cut: the counts beside it have to be seen
 constexpr int kPadWidth = 416;
 constexpr int kSharesWidth = 374;
@@ -63,7 +63,7 @@ Form1::Form1(MainContext& context, QWidget* parent) : QMainWindow(parent), m_con
     m_context.pad.setRule(m_context.workspace.Bitnum, m_context.workspace.BitnumB);
     listen();
     showRule();
-    toolkit::placeOver(*this, kDesignSize);
+    toolkit::placeOver(*this, screen()->availableSize());
     toolkit::keepPlace(*this, placesIn(m_context.settings));
 }
 

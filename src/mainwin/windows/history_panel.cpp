@@ -19,6 +19,12 @@ using namespace Qt::StringLiterals;
 
 namespace mainwin {
 
+namespace {
+
+constexpr double kMostGrowth = 1.6; // of a column, in a wide window
+
+} // namespace
+
 HistoryPanel::HistoryPanel(const history::Book& book, QWidget* parent)
     : QWidget(parent), m_history(book.history()), m_model(new HistoryModel(m_history, this)),
       m_grid(new toolkit::RowsGrid), m_entry(new DrawEntry), m_buttons(new QWidget), m_undo(new QPushButton),
@@ -54,6 +60,7 @@ void HistoryPanel::buildGrid() {
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"历史号码"_s);
     m_grid->setModel(m_model);
+    m_grid->growColumns(kMostGrowth);
     m_cellEdit = new CellEdit(*m_grid, HistoryModel::Issue);
     auto* middle = new QVBoxLayout(m_grid->viewport());
     middle->addWidget(m_empty);

@@ -10,7 +10,7 @@
 class QPushButton;
 
 namespace toolkit {
-class DataGrid;
+class RowsGrid;
 class InkLabel;
 } // namespace toolkit
 
@@ -60,7 +60,7 @@ class HistoryPanel : public QWidget {
 
     const history::History& m_history;
     HistoryModel* m_model;
-    toolkit::DataGrid* m_grid;
+    toolkit::RowsGrid* m_grid;
     DrawEntry* m_entry;
     QWidget* m_buttons;
     QPushButton* m_undo;

@@ -20,13 +20,15 @@ namespace {
 constexpr int kColumns = 2;
 constexpr int kCellsARow = 4; // caption, share, bar, gap
 constexpr int kGap = 8;
+constexpr int kBarHeight = 8;
+constexpr int kRoomForRows = 3; // of four parts of the height that is to spare: rows part evenly
 constexpr double kScaleEnd = 6;
 constexpr double kExpected = 3;
 
 } // namespace
 
 ShareBar::ShareBar(QWidget* parent) : QWidget(parent) {
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 
 void ShareBar::setLength(double length) {
@@ -35,18 +37,18 @@ void ShareBar::setLength(double length) {
 }
 
 QSize ShareBar::sizeHint() const {
-    return {54, 8};
+    return {54, kBarHeight};
 }
 
 QSize ShareBar::minimumSizeHint() const {
-    return {24, 8};
+    return {24, kBarHeight};
 }
 
 void ShareBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const toolkit::Colours& look = toolkit::colours(palette());
-    const QRectF track(rect());
+    const QRectF track(0, (height() - kBarHeight) / 2.0, width(), kBarHeight);
     painter.setPen(Qt::NoPen);
     painter.setBrush(look.track);
     painter.drawRoundedRect(track, 2, 2);
@@ -55,7 +57,7 @@ void ShareBar::paintEvent(QPaintEvent*) {
                             2);
     painter.setPen(QPen(look.quiet, 1));
     const qreal middle = track.width() * kExpected / kScaleEnd;
-    painter.drawLine(QPointF(middle, 0), QPointF(middle, track.height()));
+    painter.drawLine(QPointF(middle, track.top()), QPointF(middle, track.bottom()));
 }
 
 SharePanel::SharePanel(QWidget* parent)
@@ -74,8 +76,8 @@ SharePanel::SharePanel(QWidget* parent)
     m_reds = makeRows(history::kMostReds, &toolkit::Colours::red, {u"Label4"_s, u"Label6"_s, u"Picture2"_s});
     m_blues = makeRows(history::kMostBlues, &toolkit::Colours::blue,
                        {u"LabelBlueName"_s, u"LabelBlueShare"_s, u"PictureBlue"_s});
-    card->body().addLayout(m_grid);
-    card->body().addStretch();
+    card->body().addLayout(m_grid, kRoomForRows);
+    card->body().addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(card);
