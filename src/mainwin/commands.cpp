@@ -35,9 +35,32 @@ void Commands::mark(const QString& name, const Mark& mark) {
     m_marks.insert(name, mark);
 }
 
-QString Commands::missing(const QString& name) const {
+void Commands::caption(const QString& name, Caption caption) {
+    expectKnown(name);
+    if (m_captions.contains(name))
+        throw std::logic_error("named twice: " + name.toStdString());
+    m_captions.insert(name, std::move(caption));
+}
+
+void Commands::opening(const QString& menu, std::function<void()> function) {
+    if (m_openings.contains(menu))
+        throw std::logic_error("opened twice: " + menu.toStdString());
+    m_openings.insert(menu, std::move(function));
+}
+
+QString Commands::missing(const QString& name, int index) const {
     const auto found = m_commands.constFind(name);
-    return found != m_commands.constEnd() && found->missing ? found->missing() : QString();
+    return found != m_commands.constEnd() && found->missing ? found->missing(index) : QString();
+}
+
+std::optional<QString> Commands::captionOf(const QString& name, int index) const {
+    const auto found = m_captions.constFind(name);
+    return found == m_captions.constEnd() ? std::nullopt : (*found)(index);
+}
+
+void Commands::runOpening(const QString& menu) const {
+    if (const auto found = m_openings.constFind(menu); found != m_openings.constEnd())
+        (*found)();
 }
 
 const Commands::Mark* Commands::markOf(const QString& name) const {

@@ -22,6 +22,8 @@ struct BetSource {
 class Enumeration final : public BetSource {
   public:
     explicit Enumeration(GenerationInput& input) : m_input(input) {}
+    /// The count that a generation of this shape announces.
+    std::int64_t announced(const TableShape& shape) const;
     Generated fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) override;
 
   private:

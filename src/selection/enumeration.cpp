@@ -57,6 +57,11 @@ int bankersOf(const TableShape& shape, const GenerationInput& input) {
     return shape.bankers ? static_cast<int>(input.chosen.bankers.size()) : 0;
 }
 
+/// Runs of a simulated draw have no form with bankers, and none of seven reds.
+bool makesMultirows(const TableShape& shape, const GenerationInput& input) {
+    return input.Multirows && shape.reds == 6 && !shape.bankers;
+}
+
 void enumerate(const TableShape& shape, const GenerationInput& input, RowWriter& writer) {
     const int bankers = bankersOf(shape, input);
     const int picked = shape.reds - bankers;
@@ -99,17 +104,22 @@ void removeRows(sql::Database& database, std::string_view table) {
 
 } // namespace
 
+std::int64_t Enumeration::announced(const TableShape& shape) const {
+    const std::int64_t sets = makesMultirows(shape, m_input)
+                                  ? m_input.Multicount
+                                  : combinationCount(m_input.Genreds, shape.reds - bankersOf(shape, m_input));
+    return sets * (shape.blue ? static_cast<std::int64_t>(m_input.chosen.blues.size()) : 1);
+}
+
 Generated Enumeration::fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) {
     sql::TableHold former(database, shape.table);
     sql::passOver(database, "DROP TABLE [" + std::string(shape.table) + "]");
     sql::passOver(database, workspace::createCombinationTable(shape.table));
     removeRows(database, shape.table);
 
-    const bool multirows = m_input.Multirows && shape.reds == 6 && !shape.bankers;
-    const std::int64_t sets =
-        multirows ? m_input.Multicount : combinationCount(m_input.Genreds, shape.reds - bankersOf(shape, m_input));
-    const std::int64_t announced = sets * (shape.blue ? static_cast<std::int64_t>(m_input.chosen.blues.size()) : 1);
-    RowWriter writer(database, shape, announced, multirows ? nullptr : progress);
+    const bool multirows = makesMultirows(shape, m_input);
+    const std::int64_t expected = announced(shape);
+    RowWriter writer(database, shape, expected, multirows ? nullptr : progress);
     if (multirows)
         writeMultitable(m_input, writer);
     else
@@ -120,7 +130,7 @@ Generated Enumeration::fill(sql::Database& database, const TableShape& shape, wo
     former.release();
     if (multirows)
         m_input.Multirows = false;
-    return {announced, writer.rows()};
+    return {expected, writer.rows()};
 }
 
 } // namespace selection

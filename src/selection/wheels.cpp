@@ -52,12 +52,21 @@ void Wheels::openMenu(WheelFamily family, Pad& pad) {
     }
 }
 
-std::unique_ptr<sql::Database> Wheels::open(WheelFamily family) {
+/// \return nullptr when there is no such file: its entries are not offered
+sql::Database* Wheels::open(WheelFamily family) {
+    std::unique_ptr<sql::Database>& database = m_open[family];
     try {
-        return m_engine.open(m_fileOf(wheelFamily(family).file));
+        if (!database)
+            database = m_engine.open(m_fileOf(wheelFamily(family).file));
     } catch (const sql::SqlError&) {
-        return nullptr; // its entries are not offered
+        return nullptr;
     }
+    return database.get();
+}
+
+void Wheels::forget() {
+    m_open.clear();
+    m_counts.clear();
 }
 
 std::optional<std::int64_t> Wheels::rows(WheelFamily family, const Pad& pad, const Guarantee& pair) {
@@ -69,14 +78,14 @@ std::optional<std::int64_t> Wheels::rows(WheelFamily family, const std::string& 
     const auto [counted, unknown] = m_counts.try_emplace({family, table});
     if (!unknown)
         return counted->second;
-    if (const auto database = open(family); database && database->hasTable(table))
+    if (sql::Database* database = open(family); database && database->hasTable(table))
         counted->second = database->rowCount(table);
     return counted->second;
 }
 
 std::vector<WheelRow> Wheels::rowsOf(WheelFamily family, const std::string& table) {
     std::vector<WheelRow> found;
-    const auto database = open(family);
+    sql::Database* database = open(family);
     if (!database)
         return found;
     try {

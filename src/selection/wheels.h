@@ -59,15 +59,16 @@ class Wheels {
     void read(const Pad& pad);
 
     /// The tables may be others: an imported wheel.
-    void forget() { m_counts.clear(); }
+    void forget();
 
   private:
-    std::unique_ptr<sql::Database> open(WheelFamily family);
+    sql::Database* open(WheelFamily family);
     std::vector<WheelRow> rowsOf(WheelFamily family, const std::string& table);
     void mapBankers();
 
     sql::Engine& m_engine;
     FileOf m_fileOf;
+    std::map<WheelFamily, std::unique_ptr<sql::Database>> m_open;
     std::map<std::pair<WheelFamily, std::string>, std::optional<std::int64_t>> m_counts;
 };
 

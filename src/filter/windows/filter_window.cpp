@@ -11,6 +11,7 @@
 #include "filter/windows/step_list.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/messages.h"
+#include "toolkit/notice_bar.h"
 #include "workspace/failure.h"
 
 using namespace Qt::StringLiterals;
@@ -47,7 +48,7 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     : QDialog(parent, Qt::Window), m_member(member), m_context(context),
       m_session(member, {context.dbFilnum, context.history, context.Bitnum, context.Baoliu}),
       m_table(new ParameterTable(member.catalogue(), this)), m_panel(new RunPanel(member, this)),
-      m_steps(new StepList(this)), m_results(new ResultPanel(member, this)) {
+      m_steps(new StepList(this)), m_results(new ResultPanel(member, this)), m_notice(new toolkit::NoticeBar(this)) {
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
@@ -89,8 +90,13 @@ FilterWindow::~FilterWindow() {
 
 void FilterWindow::layOut() {
     m_middle = buildMiddle();
-    auto* line = new QHBoxLayout(this);
-    line->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    all->setSpacing(kMargin);
+    all->addWidget(m_notice);
+    m_notice->hide();
+    auto* line = new QHBoxLayout;
+    all->addLayout(line, 1);
     line->setSpacing(kMargin);
     line->addWidget(m_table, kFirst);
     line->addWidget(m_middle, kFirst);
@@ -120,6 +126,13 @@ void FilterWindow::resizeEvent(QResizeEvent* event) {
 void FilterWindow::showPast(const Parameter& parameter, const WindowState& state) {
     const workspace::Rule rule{.reds = m_context.Bitnum, .blues = m_context.BitnumB};
     m_table->showPast(parameter, possibleRange(parameter, rule, m_context.history), m_session.past(parameter, state));
+}
+
+void FilterWindow::setNotice(const QString& text) {
+    if (text.isEmpty())
+        m_notice->hide();
+    else
+        m_notice->tell(text);
 }
 
 bool FilterWindow::load(selection::BetSource& source, workspace::Progress* progress) {

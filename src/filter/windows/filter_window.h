@@ -14,6 +14,10 @@
 
 class QVBoxLayout;
 
+namespace toolkit {
+class NoticeBar;
+}
+
 namespace filter {
 
 class ParameterTable;
@@ -41,6 +45,8 @@ class FilterWindow : public QDialog {
     /// The load step: the source fills the table (or leaves it), then the table is shown.
     /// \return false when it was given up: the table is the former one, and there is nothing to open
     bool load(selection::BetSource& source, workspace::Progress* progress = nullptr);
+    /// What stands at the top of the window; empty: nothing.
+    void setNotice(const QString& text);
     /// Writes what presses have changed to the file, if anything. A failure is told once for the same changes.
     void storeNow();
     void done(int result) override;
@@ -75,6 +81,7 @@ class FilterWindow : public QDialog {
     StepList* m_steps;
     QWidget* m_middle = nullptr; ///< the column of m_panel and m_steps
     ResultPanel* m_results;
+    toolkit::NoticeBar* m_notice;
 };
 
 } // namespace filter

@@ -2,10 +2,8 @@
 
 #include <algorithm>
 
-#include "filter/windows/filter_window.h"
-#include "mainwin/windows/places.h"
-#include "toolkit/dialog_boxes.h"
-#include "workspace/combination_files.h"
+#include "filter/member.h"
+#include "selection/combinations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -20,60 +18,46 @@ template <class List> std::vector<std::int32_t> listOf(const List& list, int cou
 
 } // namespace
 
-BetDesk::BetDesk(MainContext& context, const Inputs& inputs, QWidget& window)
-    : m_context(context), m_inputs(inputs), m_window(window) {
-    // The windows of bets without a blue do not exist yet: their entries are offered with a blue only.
-    const auto blueMissing = [this] { return m_context.pad.Bluecnt > 0 ? QString() : u"1 蓝"_s; };
-    context.commands.on(
-        u"mnuLst"_s,
-        [this](int) {
-            m_inputs.generation.Fromdraw = false; // the banker entries leave it as the simulated draw left it
-            arrangePad("GAgan");
-        },
-        blueMissing);
-    context.commands.on(
-        u"mnuDtlst"_s, [this](int) { arrangePad("Gdanagan"); }, blueMissing);
-    context.commands.on(
-        u"meuAgarr"_s, [this](int) { arrangeDraw(); }, blueMissing);
+BetDesk::BetDesk(MainContext& context, selection::GenerationInput& generation, FilterOpener& opener)
+    : m_context(context), m_generation(generation), m_opener(opener) {
+    Commands& commands = context.commands;
+    commands.on(u"mnuLst"_s, [this](int) {
+        m_generation.Fromdraw = false; // the other entries leave it as the simulated draw left it
+        arrangePad({"GAgan", "GAganR"});
+    });
+    commands.on(u"mnuDtlst"_s, [this](int) { arrangePad({"Gdanagan", "GdanaganR"}); });
+    commands.on(u"mnu8Lst"_s, [this](int) { arrangePad({"GAganf", "GAganf"}); });
+    commands.on(u"mnuDt8lst"_s, [this](int) { arrangePad({"Gdanaganf", "Gdanaganf"}); });
+    commands.on(u"meuAgarr"_s, [this](int) { arrangeDraw(); });
 }
 
-void BetDesk::arrangePad(std::string_view form) {
+void BetDesk::arrangePad(const Forms& forms) {
     selection::Pad& pad = m_context.pad;
     pad.sortReds();
     pad.Genreds = pad.Redcnt;
-    enumerate(form);
+    enumerate(forms);
 }
 
 void BetDesk::arrangeDraw() {
     selection::Pad& pad = m_context.pad;
-    m_inputs.generation.Fromdraw = true;
+    m_generation.Fromdraw = true;
     pad.Genreds = m_context.simulator.Picknum;
     pad.Bankermode = pad.Dancnt > 0;
-    enumerate(pad.Bankermode ? "Gdanagan" : "GAgan");
+    enumerate(pad.Bankermode ? Forms{"Gdanagan", "GdanaganR"} : Forms{"GAgan", "GAganR"});
 }
 
-void BetDesk::enumerate(std::string_view form) {
+void BetDesk::enumerate(const Forms& forms) {
     const selection::Pad& pad = m_context.pad;
     const selection::Simulator& simulator = m_context.simulator;
-    selection::GenerationInput& generation = m_inputs.generation;
-    workspace::Workspace& workspace = m_context.workspace;
-    m_window.setCursor(Qt::WaitCursor);
-    generation.Genreds = pad.Genreds;
-    generation.chosen = {listOf(pad.Redlist, pad.Redcnt), listOf(pad.Danlist, pad.Dancnt),
-                         listOf(pad.Bluelist, pad.Bluecnt)};
-    generation.Drawnlist.assign(simulator.Top.begin(), simulator.Top.end());
-    generation.Multitable = simulator.Runresults;
-    generation.Multicount = std::min<int>(simulator.Runs, simulator.Rungoal);
-    const filter::FilterMember& member = *filter::findMember(form);
-    filter::FilterWindow window(member,
-                                {workspace::combinationFile(m_inputs.engine, workspace, member.file),
-                                 m_context.book.history(), workspace.Bitnum, m_inputs.Baoliu,
-                                 placesIn(m_context.settings), workspace.BitnumB},
-                                &m_window);
-    selection::Enumeration source(generation);
-    if (window.load(source, toolkit::DialogBoxes(&m_window).progress({}).get()))
-        window.exec();
-    m_window.unsetCursor();
+    m_generation.Genreds = pad.Genreds;
+    m_generation.chosen = {listOf(pad.Redlist, pad.Redcnt), listOf(pad.Danlist, pad.Dancnt),
+                           listOf(pad.Bluelist, pad.Bluecnt)};
+    m_generation.Drawnlist.assign(simulator.Top.begin(), simulator.Top.end());
+    m_generation.Multitable = simulator.Runresults;
+    m_generation.Multicount = std::min<int>(simulator.Runs, simulator.Rungoal);
+    const std::string_view form = pad.Bluecnt > 0 ? forms.blue : forms.reds;
+    selection::Enumeration source(m_generation);
+    m_opener.open(form, source, source.announced(filter::shapeOf(*filter::findMember(form))));
 }
 
 } // namespace mainwin

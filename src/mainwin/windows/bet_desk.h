@@ -1,12 +1,10 @@
-// The entries of 组号方式 that make bets of the numbers on the pad: each opens its filter window on a new table.
+// The entries that make bets of the numbers on the pad, or of those that the simulated draw has ranked: each opens
+// its filter window on a new table.
 #pragma once
 
-#include <string_view>
-
 #include <QObject>
-#include <QWidget>
 
-#include "mainwin/main_context.h"
+#include "mainwin/windows/filter_opener.h"
 #include "selection/enumeration.h"
 
 namespace mainwin {
@@ -14,26 +12,24 @@ namespace mainwin {
 class BetDesk : public QObject {
     Q_OBJECT
   public:
-    /// What a generation works on; all of it outlives the desk.
-    struct Inputs {
-        sql::Engine& engine;
-        selection::GenerationInput& generation;
-        std::int16_t& Baoliu; ///< keep or remove, one flag for all filter windows
-    };
-
-    /// Registers its commands. \param context  outlives the desk, as the window does
-    BetDesk(MainContext& context, const Inputs& inputs, QWidget& window);
+    /// Registers its commands. All three outlive the desk.
+    BetDesk(MainContext& context, selection::GenerationInput& generation, FilterOpener& opener);
 
   private:
-    /// The numbers on the pad, all of them, through the window of this form.
-    void arrangePad(std::string_view form);
+    /// The forms of one entry: with a blue chosen, and without.
+    struct Forms {
+        std::string_view blue;
+        std::string_view reds;
+    };
+    /// The numbers on the pad, all of them.
+    void arrangePad(const Forms& forms);
     /// The numbers that the simulated draw has ranked; or those of all its runs, when several were wanted.
     void arrangeDraw();
-    void enumerate(std::string_view form);
+    void enumerate(const Forms& forms);
 
     MainContext& m_context;
-    Inputs m_inputs;
-    QWidget& m_window;
+    selection::GenerationInput& m_generation;
+    FilterOpener& m_opener;
 };
 
 } // namespace mainwin

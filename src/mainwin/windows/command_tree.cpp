@@ -56,7 +56,10 @@ QMenu* CommandTree::addMenu(QMenu* above, const MenuRow& row) {
     QMenu* menu = above ? above->addMenu(row.caption) : m_window.menuBar()->addMenu(row.caption);
     menu->setObjectName(row.objectName());
     menu->setToolTipsVisible(true);
-    connect(menu, &QMenu::aboutToShow, this, &CommandTree::refresh);
+    connect(menu, &QMenu::aboutToShow, this, [this, name = row.name] {
+        m_commands.runOpening(name);
+        refresh();
+    });
     return menu;
 }
 
@@ -130,8 +133,8 @@ Obstacle CommandTree::obstacleOf(const QString& command, Needs needs, const Prog
     if (!m_commands.isRegistered(command))
         return {{}, kNotThere};
     Obstacle found = obstacle(needs, state, index);
-    if (const QString missing = m_commands.missing(command); !missing.isEmpty() && found.words.isEmpty())
-        found.needed << missing;
+    if (!found.stands())
+        found.words = m_commands.missing(command, index);
     return found;
 }
 
@@ -164,6 +167,8 @@ void CommandTree::refreshEntry(const Bound& bound, const ProgramState& state) {
     if (const auto caption = betCaption(bound.row.name, state.blues))
         bound.entry->setText(*caption);
     if (const auto caption = drawCaption(bound.row.name, state.draw))
+        bound.entry->setText(*caption);
+    if (const auto caption = m_commands.captionOf(bound.row.name, bound.row.index))
         bound.entry->setText(*caption);
     if (const Commands::Mark* mark = m_commands.markOf(bound.row.name))
         bound.entry->setChecked((*mark)(bound.row.index));

@@ -121,11 +121,7 @@ void DrawDesk::askArrange() {
     toolkit::DialogBoxes boxes(&m_window);
     if (!boxes.confirm(u"预测结果已经得出！是否现在就将结果排列组合出来，以便再观察参数和缩水过滤？"_s, u"通告"_s))
         return;
-    const QString missing = m_context.commands.missing(u"meuAgarr"_s);
-    if (missing.isEmpty())
-        m_context.commands.run(u"meuAgarr"_s, -1);
-    else
-        boxes.tell({u"预测结果已保留。还需：%1，选好后按“摇奖排列组合”。"_s.arg(missing), u"通告"_s});
+    m_context.commands.run(u"meuAgarr"_s, -1);
 }
 
 void DrawDesk::tellFull() {

@@ -32,7 +32,7 @@ namespace mainwin {
 
 namespace {
 
-constexpr int kBetPanel = 3; // the third panel of the status bar
+constexpr int kBetPanel = 3;         // the third panel of the status bar
 constexpr int kUserPanelWidth = 280; // a longer name is cut: the counts beside it have to be seen
 constexpr int kPadWidth = 416;
 constexpr int kSharesWidth = 374;

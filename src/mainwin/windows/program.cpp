@@ -7,6 +7,8 @@
 #include "mainwin/windows/draw_desk.h"
 #include "mainwin/windows/form1.h"
 #include "mainwin/windows/history_desk.h"
+#include "mainwin/windows/table_desk.h"
+#include "mainwin/windows/wheel_desk.h"
 #include "mainwin/windows/workspace_desk.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
@@ -23,7 +25,8 @@ using namespace Qt::StringLiterals;
 
 namespace mainwin {
 
-Program::Program(const std::filesystem::path& folder) : m_folder(folder) {
+Program::Program(const std::filesystem::path& folder)
+    : wheels(engine, [folder](std::string_view name) { return wheelFile(folder, name); }), m_folder(folder) {
     workspace::makeMissingTemplates(engine, m_folder);
     history::putStarterHistory(m_folder);
 }
@@ -66,7 +69,10 @@ void Program::openDesks() {
     m_historyDesk = std::make_unique<HistoryDesk>(*m_context, settings, engine, m_form->historyPanel());
     connect(m_historyDesk.get(), &HistoryDesk::noted, m_form.get(), &Form1::showHistoryNote);
     connect(m_historyDesk.get(), &HistoryDesk::filesReplaced, this, &Program::reopen);
-    m_betDesk = std::make_unique<BetDesk>(*m_context, BetDesk::Inputs{engine, generation, Baoliu}, *m_form);
+    m_opener = std::make_unique<FilterOpener>(*m_context, engine, Baoliu, *m_form);
+    m_betDesk = std::make_unique<BetDesk>(*m_context, generation, *m_opener);
+    m_wheelDesk = std::make_unique<WheelDesk>(*m_context, wheels, *m_opener);
+    m_tableDesk = std::make_unique<TableDesk>(*m_context, *m_opener);
     m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
     m_drawDesk = std::make_unique<DrawDesk>(*m_context, generation, *m_form);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::ruleChanged, m_form.get(), &Form1::showRule);

@@ -20,6 +20,7 @@
 #include "selection/pad.h"
 #include "selection/random_numbers.h"
 #include "selection/simulator.h"
+#include "selection/wheels.h"
 #include "sql/database.h"
 #include "workspace/settings.h"
 #include "workspace/user_list.h"
@@ -37,6 +38,9 @@ class DrawDesk;
 class Form1;
 class HistoryDesk;
 class BetDesk;
+class FilterOpener;
+class TableDesk;
+class WheelDesk;
 class WorkspaceDesk;
 
 class Program : public QObject {
@@ -60,6 +64,7 @@ class Program : public QObject {
     selection::Pad pad;
     selection::ClockNumbers random;
     selection::Simulator simulator{pad, random};
+    selection::Wheels wheels;              ///< Wheelopen, Wheeldan, Rotemap, Rotetable, rsWheel
     selection::GenerationInput generation; ///< Genreds, Fromdraw, Drawnlist, Multirows, Multicount, Multitable
     std::int16_t Baoliu = -1;              ///< keep or remove, one flag for all filter windows
 
@@ -81,7 +86,10 @@ class Program : public QObject {
     std::unique_ptr<workspace::StartWindow> m_start;
     std::unique_ptr<Form1> m_form;
     std::unique_ptr<HistoryDesk> m_historyDesk;
+    std::unique_ptr<FilterOpener> m_opener;
     std::unique_ptr<BetDesk> m_betDesk;
+    std::unique_ptr<WheelDesk> m_wheelDesk;
+    std::unique_ptr<TableDesk> m_tableDesk;
     std::unique_ptr<DrawDesk> m_drawDesk;
     std::unique_ptr<WorkspaceDesk> m_workspaceDesk;
     std::unique_ptr<workspace::KeptNotice> m_kept;

@@ -1,0 +1,97 @@
+#include "mainwin/wheel_menu.h"
+
+#include <algorithm>
+
+#include "mainwin/menu_table.h"
+#include "selection/wheel_proof.h"
+
+using namespace Qt::StringLiterals;
+using selection::Guarantee;
+using selection::WheelFamily;
+
+namespace mainwin {
+
+namespace {
+
+constexpr int kYuanPerCompound = 14; // a row of seven reds is seven bets
+constexpr int kFirstBankerIndex = 3;
+constexpr int kExtendedReds = 18;
+
+QString digits(const Guarantee& pair) {
+    return QString::number(pair.chosen) + QString::number(pair.common);
+}
+
+/// The entry of this name if the menu table has it.
+void addIfThere(std::vector<WheelEntry>& entries, const std::vector<MenuRow>& table, WheelEntry entry) {
+    const auto row = std::find_if(table.begin(), table.end(), [&](const MenuRow& each) {
+        return each.name == entry.name && each.index == entry.index;
+    });
+    if (row == table.end())
+        return;
+    entry.plain = row->caption;
+    entries.push_back(std::move(entry));
+}
+
+} // namespace
+
+std::vector<WheelEntry> wheelEntries() {
+    const std::vector<MenuRow> table = menuTable();
+    std::vector<WheelEntry> entries;
+    for (int reds = 8; reds <= kExtendedReds; ++reds)
+        for (const Guarantee& pair : selection::guaranteesOf(WheelFamily::Extended))
+            addIfThere(entries, table,
+                       {u"mnuKjz%1%2"_s.arg(reds, 2, 10, QChar(u'0')).arg(digits(pair)),
+                        -1,
+                        {},
+                        WheelFamily::Extended,
+                        pair,
+                        reds});
+    for (const Guarantee& pair : selection::guaranteesOf(WheelFamily::Super))
+        addIfThere(entries, table, {u"mnuRt"_s + digits(pair), -1, {}, WheelFamily::Super, pair, 0});
+    int index = kFirstBankerIndex;
+    for (const Guarantee& pair : selection::guaranteesOf(WheelFamily::Banker))
+        addIfThere(entries, table, {u"mnuZb"_s, index++, {}, WheelFamily::Banker, pair, 0});
+    for (const Guarantee& pair : selection::guaranteesOf(WheelFamily::Seven))
+        addIfThere(entries, table, {u"mnuRtF"_s + digits(pair), -1, {}, WheelFamily::Seven, pair, 0});
+    return entries;
+}
+
+QString wheelCaption(const WheelEntry& entry, const WheelSizes& sizes, std::int64_t rows) {
+    const qsizetype cut = entry.plain.indexOf(u'(');
+    const QString guarantee = entry.plain.left(cut);
+    const QString key = entry.plain.mid(cut);
+    const std::int64_t bets = rows * std::max(sizes.blues, 1);
+    switch (entry.family) {
+    case WheelFamily::Super:
+        return u"%1选 %2共计%3注%4"_s.arg(QString::number(sizes.reds), guarantee, QString::number(bets), key);
+    case WheelFamily::Banker:
+        return u"%1胆%2拖 %3共计%4注%5"_s.arg(QString::number(sizes.bankers), QString::number(sizes.reds), guarantee,
+                                              QString::number(bets), key);
+    case WheelFamily::Seven:
+        return (sizes.blues > 0 ? u"%1蓝球,"_s.arg(sizes.blues) : QString()) +
+               u"红球%1选 %2共计%3注,合计 %4 元%5"_s.arg(QString::number(sizes.reds), guarantee,
+                                                         QString::number(bets),
+                                                         QString::number(bets * kYuanPerCompound), key);
+    case WheelFamily::Basic:
+    case WheelFamily::Extended:
+        break;
+    }
+    return entry.plain;
+}
+
+QString wheelNotice(const selection::WheelTable& table, std::int64_t rows) {
+    const auto& [positions, row, chosen, common] = table.problem;
+    const int bankers = table.bankers;
+    const QString family =
+        QString::fromUtf8(selection::wheelFamily(table.family).title.data(),
+                          static_cast<qsizetype>(selection::wheelFamily(table.family).title.size()));
+    const QString numbers = bankers > 0 ? u"%1胆%2拖"_s.arg(bankers).arg(positions) : u"%1个红球"_s.arg(positions);
+    return u"%1矩阵，%2，中%3保%4：选中的号码里若有 %3 个开出，至少有一注含其中 %4 个。共 %5 行，任何矩阵都不少于 %6 行。"_s
+        .arg(family, numbers)
+        .arg(chosen + bankers)
+        .arg(common + bankers)
+        .arg(rows)
+        .arg(selection::fewestRows(table.problem));
+}
+
+} // namespace mainwin

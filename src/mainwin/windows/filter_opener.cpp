@@ -1,0 +1,56 @@
+#include "mainwin/windows/filter_opener.h"
+
+#include <algorithm>
+
+#include <QLocale>
+
+#include "filter/windows/filter_window.h"
+#include "mainwin/windows/places.h"
+#include "toolkit/dialog_boxes.h"
+#include "workspace/combination_files.h"
+
+using namespace Qt::StringLiterals;
+
+namespace mainwin {
+
+namespace {
+
+// Measured on 17,721,088 bets of six reds and a blue, with the working columns of some presses.
+constexpr std::int64_t kBytesPerBet = 26;
+constexpr std::int64_t kBetsPerSecond = 20'000'000;
+constexpr std::int64_t kMega = 1'000'000;
+
+} // namespace
+
+QString costOfMaking(std::int64_t bets) {
+    if (bets <= kManyBets)
+        return {};
+    const std::int64_t seconds = std::max<std::int64_t>((bets + kBetsPerSecond - 1) / kBetsPerSecond, 1);
+    return u"%1 注，约需内存 %2 MB、时间 %3 秒"_s
+        .arg(QLocale(QLocale::Chinese).toString(static_cast<qlonglong>(bets)))
+        .arg(bets * kBytesPerBet / kMega)
+        .arg(seconds);
+}
+
+void FilterOpener::open(std::string_view form, selection::BetSource& source, std::int64_t bets,
+                        const QString& notice) {
+    workspace::Workspace& workspace = m_context.workspace;
+    const filter::FilterMember& member = *filter::findMember(form);
+    m_window.setCursor(Qt::WaitCursor);
+    filter::FilterWindow window(member,
+                                {workspace::combinationFile(m_engine, workspace, member.file),
+                                 m_context.book.history(), workspace.Bitnum, m_Baoliu, placesIn(m_context.settings),
+                                 workspace.BitnumB},
+                                &m_window);
+    window.setNotice(notice);
+    if (window.load(source, toolkit::DialogBoxes(&m_window).progress(costOfMaking(bets)).get()))
+        window.exec();
+    m_window.unsetCursor();
+}
+
+void FilterOpener::openKept(std::string_view form, const QString& notice) {
+    selection::Keep keep;
+    open(form, keep, 0, notice);
+}
+
+} // namespace mainwin

@@ -1,0 +1,113 @@
+#include "mainwin/windows/wheel_desk.h"
+
+#include <map>
+
+#include <QCoreApplication>
+
+#include "workspace/safe_file.h"
+
+using namespace Qt::StringLiterals;
+using selection::WheelFamily;
+
+namespace mainwin {
+
+std::filesystem::path wheelFile(const std::filesystem::path& folder, std::string_view name) {
+    const std::filesystem::path own = folder / std::string(name);
+    return workspace::isThere(own) ? own
+                                   : workspace::toPath(QCoreApplication::applicationDirPath()) / std::string(name);
+}
+
+WheelDesk::WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpener& opener)
+    : m_context(context), m_wheels(wheels), m_opener(opener) {
+    registerMenus();
+    registerEntries();
+    context.commands.on(u"meuRtxz"_s, [this](int reds) {
+        m_chosen = selection::wheelTableNamed(WheelFamily::Basic, std::to_string(reds));
+        open();
+    });
+    // The load step again, on the pad as it is now and the wheel that was chosen last.
+    for (const auto& [name, form] :
+         {std::pair(u"mnuCallRote"_s, "GAganRote"), std::pair(u"mnuCallRoteR"_s, "GAganRoteR")})
+        context.commands.on(name, [this, form](int) {
+            selection::Wheel source(m_wheels, m_context.pad);
+            m_opener.open(form, source, 0, notice());
+        });
+}
+
+void WheelDesk::registerMenus() {
+    const std::pair<QString, WheelFamily> menus[] = {{u"mnuRt"_s, WheelFamily::Basic},
+                                                     {u"mnuExra"_s, WheelFamily::Extended},
+                                                     {u"mnuQnjz"_s, WheelFamily::Super},
+                                                     {u"mnuDtxj"_s, WheelFamily::Banker},
+                                                     {u"mnuFuxj"_s, WheelFamily::Seven}};
+    for (const auto& [menu, family] : menus)
+        m_context.commands.opening(menu, [this, family] { m_wheels.openMenu(family, m_context.pad); });
+}
+
+void WheelDesk::registerEntries() {
+    std::map<QString, std::vector<WheelEntry>> byName; // an array is one command
+    for (const WheelEntry& entry : wheelEntries())
+        if (entry.family != WheelFamily::Seven) // the window of the compound wheels does not exist yet
+            byName[entry.name].push_back(entry);
+    for (const auto& [name, entries] : byName)
+        registerEntry(name, entries);
+}
+
+void WheelDesk::registerEntry(const QString& name, std::vector<WheelEntry> entries) {
+    const auto of = [entries = std::move(entries)](int index) -> const WheelEntry& {
+        for (const WheelEntry& entry : entries)
+            if (entry.index == index)
+                return entry;
+        return entries.front();
+    };
+    Commands& commands = m_context.commands;
+    commands.on(
+        name, [this, of](int index) { choose(of(index)); }, [this, of](int index) { return obstacle(of(index)); });
+    commands.caption(name, [this, of](int index) -> std::optional<QString> {
+        const WheelEntry& entry = of(index);
+        const auto rows = m_wheels.rows(entry.family, tableOf(entry));
+        const selection::Pad& pad = m_context.pad;
+        if (!rows)
+            return std::nullopt; // it keeps what it was called last
+        return wheelCaption(entry, {pad.Redcnt, pad.Dancnt, pad.Bluecnt}, *rows);
+    });
+}
+
+std::string WheelDesk::tableOf(const WheelEntry& entry) const {
+    const selection::Pad& pad = m_context.pad;
+    return selection::wheelTableName(entry.family, entry.reds > 0 ? entry.reds : pad.Redcnt,
+                                     entry.family == WheelFamily::Banker ? pad.Dancnt : 0, entry.pair);
+}
+
+QString WheelDesk::obstacle(const WheelEntry& entry) {
+    if (m_wheels.rows(entry.family, tableOf(entry)))
+        return {};
+    const selection::Pad& pad = m_context.pad;
+    return pad.Dancnt > 0 && entry.family == WheelFamily::Banker
+               ? u"%1胆%2拖没有这种矩阵"_s.arg(pad.Dancnt).arg(pad.Redcnt)
+               : u"%1 红没有这种矩阵"_s.arg(entry.reds > 0 ? entry.reds : pad.Redcnt);
+}
+
+void WheelDesk::choose(const WheelEntry& entry) {
+    const std::string table = tableOf(entry);
+    if (entry.family == WheelFamily::Banker)
+        m_wheels.chooseBanker(m_context.pad, entry.pair);
+    else
+        m_wheels.choose(entry.family, table);
+    m_chosen = selection::wheelTableNamed(entry.family, table);
+    open();
+}
+
+void WheelDesk::open() {
+    selection::Wheel source(m_wheels, m_context.pad);
+    m_opener.open(m_context.pad.Bluecnt > 0 ? "GAganRote" : "GAganRoteR", source, 0, notice());
+}
+
+QString WheelDesk::notice() const {
+    if (!m_chosen || m_wheels.Wheeldan != (m_chosen->family == WheelFamily::Banker))
+        return {}; // a mark that another wheel has left: what the table guarantees then nobody has proven
+    const auto rows = m_wheels.rows(m_chosen->family, m_chosen->name);
+    return rows ? wheelNotice(*m_chosen, *rows) : QString();
+}
+
+} // namespace mainwin

@@ -1,0 +1,40 @@
+// The wheel menus: their opening, their captions, and the windows of their entries.
+#pragma once
+
+#include <filesystem>
+
+#include <QObject>
+
+#include "mainwin/wheel_menu.h"
+#include "mainwin/windows/filter_opener.h"
+#include "selection/wheels.h"
+
+namespace mainwin {
+
+class WheelDesk : public QObject {
+    Q_OBJECT
+  public:
+    /// Registers its commands. All of it outlives the desk.
+    WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpener& opener);
+
+  private:
+    void registerMenus();
+    void registerEntries();
+    void registerEntry(const QString& name, std::vector<WheelEntry> entries);
+    std::string tableOf(const WheelEntry& entry) const;
+    QString obstacle(const WheelEntry& entry);
+    void choose(const WheelEntry& entry);
+    /// The window of the wheel that is chosen.
+    void open();
+    QString notice() const;
+
+    MainContext& m_context;
+    selection::Wheels& m_wheels;
+    FilterOpener& m_opener;
+    std::optional<selection::WheelTable> m_chosen; ///< what the window tells of, when it is known
+};
+
+/// Where a wheel database lies: in the program's folder, else beside the program.
+std::filesystem::path wheelFile(const std::filesystem::path& folder, std::string_view name);
+
+} // namespace mainwin
