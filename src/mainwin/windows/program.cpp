@@ -7,6 +7,7 @@
 #include "mainwin/windows/draw_desk.h"
 #include "mainwin/windows/form1.h"
 #include "mainwin/windows/history_desk.h"
+#include "mainwin/windows/selection_desk.h"
 #include "mainwin/windows/workspace_desk.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
@@ -66,6 +67,8 @@ void Program::openDesks() {
     m_historyDesk = std::make_unique<HistoryDesk>(*m_context, settings, engine, m_form->historyPanel());
     connect(m_historyDesk.get(), &HistoryDesk::noted, m_form.get(), &Form1::showHistoryNote);
     connect(m_historyDesk.get(), &HistoryDesk::filesReplaced, this, &Program::reopen);
+    m_selectionDesk = std::make_unique<SelectionDesk>(*m_context, engine, *m_form);
+    connect(m_selectionDesk.get(), &SelectionDesk::broken, m_form.get(), &Form1::close);
     m_betDesk = std::make_unique<BetDesk>(*m_context, BetDesk::Inputs{engine, generation, Baoliu}, *m_form);
     m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
     m_drawDesk = std::make_unique<DrawDesk>(*m_context, generation, *m_form);

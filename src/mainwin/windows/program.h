@@ -37,6 +37,7 @@ class DrawDesk;
 class Form1;
 class HistoryDesk;
 class BetDesk;
+class SelectionDesk;
 class WorkspaceDesk;
 
 class Program : public QObject {
@@ -81,6 +82,7 @@ class Program : public QObject {
     std::unique_ptr<workspace::StartWindow> m_start;
     std::unique_ptr<Form1> m_form;
     std::unique_ptr<HistoryDesk> m_historyDesk;
+    std::unique_ptr<SelectionDesk> m_selectionDesk;
     std::unique_ptr<BetDesk> m_betDesk;
     std::unique_ptr<DrawDesk> m_drawDesk;
     std::unique_ptr<WorkspaceDesk> m_workspaceDesk;
