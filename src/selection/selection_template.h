@@ -31,6 +31,9 @@ inline constexpr StepKind kStepKinds[] = {
     {u"蓝球遗漏低次号码", &kRankedSelections[7]},
 };
 
+inline constexpr int kSavedStep = 4;
+static_assert(!kStepKinds[kSavedStep].ranked);
+
 /// A row of Xhmb.
 struct TemplateStep {
     int Idx = 0; ///< gaps stay where steps were deleted

@@ -135,7 +135,7 @@ TEST_F(SelectionWindows, AnEmptyNameOrCancelSavesNothing) {
 TEST_F(SelectionWindows, ThePickerShowsBothTablesWithTheirHeadings) {
     pressNumbers({22, 3}, {16});
     makeBanker(9);
-    save(u"甲"_s);
+    save(u"甲<b>"_s);
     const ModalScript script(
         {{u"frmnmFind"_s, [](QWidget& dialog) {
               EXPECT_EQ(dialog.windowTitle(), u"调用历史选号号码"_s);
@@ -147,8 +147,10 @@ TEST_F(SelectionWindows, ThePickerShowsBothTablesWithTheirHeadings) {
                                  model.index(0, column).data().toString();
                   return all.join(u' ').toStdString();
               };
-              EXPECT_EQ(cells(u"MSFlexGrid1"_s), "选号保存名=甲 选号个(不含胆)=2 选1红=22 选2红=3");
-              EXPECT_EQ(cells(u"MSFlexGrid2"_s), "选号保存名=甲 选号个(不含胆)=1 选1蓝=16");
+              EXPECT_EQ(cells(u"MSFlexGrid1"_s), "选号保存名=甲<b> 选号个(不含胆)=2 选1红=22 选2红=3");
+              EXPECT_EQ(cells(u"MSFlexGrid2"_s), "选号保存名=甲<b> 选号个(不含胆)=1 选1蓝=16");
+              EXPECT_EQ(gridOf(dialog, u"MSFlexGrid1"_s).model()->index(0, 0).data(Qt::ToolTipRole).toString(),
+                        u"<span>甲&lt;b&gt;</span>"_s);
               EXPECT_EQ(controlAs<QLabel>(dialog, u"Preview"_s)->text(), u"红： 22 3　胆： 9　蓝： 16"_s);
               QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
           }}});
@@ -456,6 +458,79 @@ TEST_F(TemplateWindows, StepsAreAddedDeletedAndReplayed) {
          asksNumber(u"低次遗漏选号"_s, u"3"_s, u"0"_s)});
     EXPECT_EQ(steps(), "1\t0\t2\t\n3\t4\t1\t\n4\t8\t0\t\n");
     EXPECT_EQ(padText(), " 26 10 28 30 | | 16");
+}
+
+TEST_F(TemplateWindows, AStepWithASavedSelectionTellsItsReds) {
+    pressNumbers({30, 4}, {3});
+    save(u"甲"_s);
+    for (const char* step : {"1,0,2", "2,4,1", "3,4,9"})
+        program->workspace.dbFilnum->execute("INSERT INTO [Xhmb] ([Idx],[cmd],[nmb]) VALUES (" + std::string(step) +
+                                             ")");
+    const auto tips = [](QWidget& dialog) {
+        const QAbstractItemModel& model = *gridOf(dialog, u"MSFlexGrid1"_s).model();
+        QStringList all;
+        for (int row = 0; row < model.rowCount(); ++row)
+            all << model.index(row, 1).data(Qt::ToolTipRole).toString();
+        return all;
+    };
+    inWindow([&](QWidget& dialog) {
+        EXPECT_EQ(tips(dialog), (QStringList{QString(), u"红球： 30 4"_s, u"没有这次选号的红球"_s}));
+    });
+    numsave().execute("DROP TABLE [SAVE]");
+    inWindow([&](QWidget& dialog) { EXPECT_EQ(tips(dialog)[1], u"读不到这次选号：数据库缺少数据表"_s); });
+}
+
+/// The names of what Tab reaches in a window, from a control on, once around; of options the marked one.
+QStringList tabOrder(QWidget& dialog, const QString& first) {
+    QStringList names;
+    QWidget* start = control(dialog, first);
+    QWidget* widget = start;
+    do {
+        if (widget->focusPolicy() & Qt::TabFocus && widget->isVisible())
+            names << widget->objectName();
+        widget = widget->nextInFocusChain();
+    } while (widget != start);
+    return names;
+}
+
+TEST_F(TemplateWindows, TabGoesThroughTheWindowsInReadingOrder) {
+    readText(kThreeDraws);
+    inWindow(
+        [](QWidget& dialog) {
+            EXPECT_EQ(tabOrder(dialog, u"List1"_s),
+                      (QStringList{u"List1"_s, u"Command1"_s, u"MSFlexGrid1"_s, u"Command2"_s, u"Command3"_s}));
+            mark(dialog, {4});
+            press(dialog, u"Command1"_s);
+        },
+        {{u"frmnmFind"_s, [](QWidget& dialog) {
+              EXPECT_EQ(tabOrder(dialog, u"MSFlexGrid1"_s),
+                        (QStringList{u"MSFlexGrid1"_s, u"MSFlexGrid2"_s, u"cmdOK"_s, u"cmdCancel"_s}));
+              cancel()(dialog);
+          }}});
+    const ModalScript script(
+        {{u"InputBox"_s, type(u"1"_s)}, {u"frmXhfw"_s, [](QWidget& dialog) {
+                                             EXPECT_EQ(tabOrder(dialog, u"Option1(0)"_s),
+                                                       (QStringList{u"Option1(0)"_s, u"Text1(1)"_s, u"Text1(2)"_s,
+                                                                    u"Text1(0)"_s, u"Command1"_s, u"cmdCancel"_s}));
+                                             cancel()(dialog);
+                                         }}});
+    trigger(form(), u"mnuHihg"_s);
+}
+
+TEST_F(SelectionWindows, SeveralMarkedRowsCanBeCopiedAndNotPicked) {
+    for (const QString& name : {u"甲"_s, u"乙"_s})
+        save(name);
+    const ModalScript script({{u"frmnmFind"_s, [](QWidget& dialog) {
+                                   DataGrid& blues = gridOf(dialog, u"MSFlexGrid2"_s);
+                                   QTest::mouseClick(blues.viewport(), Qt::LeftButton, {}, middle(blues, 0));
+                                   EXPECT_TRUE(control(dialog, u"cmdOK"_s)->isEnabled());
+                                   QTest::keyClick(&gridOf(dialog, u"MSFlexGrid1"_s), Qt::Key_A, Qt::ControlModifier);
+                                   EXPECT_FALSE(control(dialog, u"cmdOK"_s)->isEnabled());
+                                   QTest::keyClick(&gridOf(dialog, u"MSFlexGrid1"_s), Qt::Key_Delete);
+                                   cancel()(dialog);
+                               }}});
+    trigger(form(), u"mnuCall"_s);
+    EXPECT_EQ(names("SAVE"), "甲,乙,");
 }
 
 TEST_F(TemplateWindows, TheGridHasItsHeadingsAndEqualColumns) {

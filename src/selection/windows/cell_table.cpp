@@ -1,11 +1,25 @@
 #include "selection/windows/cell_table.h"
 
+#include <QTextDocument>
+
+using namespace Qt::StringLiterals;
+
 namespace selection {
 
-void CellTable::show(std::vector<Column> columns, std::vector<Row> rows) {
+namespace {
+
+/// A tool tip that shows a text letter by letter, whatever marks of a document it holds.
+QString asItIs(const QString& text) {
+    return Qt::mightBeRichText(text) ? u"<span>%1</span>"_s.arg(text.toHtmlEscaped()) : text;
+}
+
+} // namespace
+
+void CellTable::show(std::vector<Column> columns, std::vector<Row> rows, const QStringList& tips) {
     beginResetModel();
     m_columns = std::move(columns);
     m_rows = std::move(rows);
+    m_tips = tips;
     endResetModel();
 }
 
@@ -30,12 +44,19 @@ QVariant CellTable::data(const QModelIndex& index, int role) const {
     case Qt::UserRole:
         return value;
     case Qt::ToolTipRole:
-        return style == toolkit::CellStyle::Text ? value.toString().toHtmlEscaped() : QVariant();
+        return tip(index, value);
     case toolkit::kCellStyleRole:
         return static_cast<int>(style);
     default:
         return {};
     }
+}
+
+QVariant CellTable::tip(const QModelIndex& index, const QVariant& value) const {
+    QString told = m_tips.value(index.row());
+    if (told.isEmpty() && m_columns[static_cast<std::size_t>(index.column())].style == toolkit::CellStyle::Text)
+        told = value.toString();
+    return asItIs(told);
 }
 
 QVariant CellTable::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -21,9 +21,9 @@ class CellTable : public QAbstractTableModel {
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Rows may be shorter than the columns: the rest of their cells is empty. A text that a column cuts is told
-    /// whole by the tool tip.
-    void show(std::vector<Column> columns, std::vector<Row> rows);
+    /// Rows may be shorter than the columns: the rest of their cells is empty.
+    /// \param tips  tool tip of each row; where there is none a text is told whole, since its column may cut it
+    void show(std::vector<Column> columns, std::vector<Row> rows, const QStringList& tips = {});
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -31,8 +31,11 @@ class CellTable : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
+    QVariant tip(const QModelIndex& index, const QVariant& value) const;
+
     std::vector<Column> m_columns;
     std::vector<Row> m_rows;
+    QStringList m_tips;
 };
 
 } // namespace selection

@@ -81,7 +81,7 @@ void SavedPicker::connectGrid(SavedGrid& grid, SavedGrid& other) {
     grid.setToolTip(u"双击或按 Enter 选用；按右键可以删除或改名"_s);
     connect(&grid, &SavedGrid::doubleClicked, this, &SavedPicker::pick);
     connect(&grid, &SavedGrid::chosenChanged, this, [this, &grid, &other] {
-        if (grid.chosen())
+        if (grid.selectionModel()->hasSelection())
             other.clearSelection(); // one mark, so that what Enter picks is plain to see
         showChosen();
     });

@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QVBoxLayout>
 
+#include "selection/saved_selections.h"
 #include "selection/windows/cell_table.h"
 #include "selection/windows/saved_picker.h"
 #include "toolkit/accent_button.h"
@@ -100,13 +101,29 @@ QWidget* TemplateWindow::buildSteps() {
 void TemplateWindow::reload() {
     m_steps = templateSteps(*m_context.workspace.dbFilnum);
     std::vector<CellTable::Row> rows;
-    for (const TemplateStep& step : m_steps)
+    QStringList tips;
+    for (const TemplateStep& step : m_steps) {
         rows.push_back({stepText(step.cmd), step.nmb});
+        tips << savedText(step);
+    }
     m_cells->show(
         {{u"执行步骤"_s, toolkit::CellStyle::Text}, {u"概率选号数目/遗漏最值"_s, toolkit::CellStyle::Number}},
-        std::move(rows));
+        std::move(rows), tips);
     m_grid->setColumnWidths({kColumnWidth, kColumnWidth});
     showState();
+}
+
+QString TemplateWindow::savedText(const TemplateStep& step) const {
+    if (step.cmd != kSavedStep)
+        return {};
+    try {
+        QString text;
+        for (const int red : savedReds(*m_context.workspace.dbNumsave, step.nmb))
+            text += u' ' + QString::number(red);
+        return text.isEmpty() ? u"没有这次选号的红球"_s : u"红球："_s + text;
+    } catch (const sql::SqlError& failed) { // the steps can be seen and changed without it
+        return u"读不到这次选号：%1"_s.arg(workspace::causeOf(failed));
+    }
 }
 
 void TemplateWindow::showState() {

@@ -46,6 +46,8 @@ class TemplateWindow : public QDialog {
     void replay();
     void reload();
     void showState();
+    /// What a step that brings a saved selection would press; nothing for the other kinds.
+    QString savedText(const TemplateStep& step) const;
     /// The number of a new step: typed, or a saved selection that was picked. \return nothing when given up
     std::optional<int> askNumber(const StepKind& kind);
     /// Runs a change of the template. \param happened  what a failure says
