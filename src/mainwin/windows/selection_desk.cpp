@@ -19,10 +19,8 @@ SelectionDesk::SelectionDesk(MainContext& context, sql::Engine& engine, QWidget&
     commands.on(u"mnuSave"_s, [this](int) { save(); });
     commands.on(u"mnuCall"_s, [this](int) { usePicked(u"调用历史选号号码"_s, selection::callSelection); });
     commands.on(u"mnuCallAdd"_s, [this](int) { usePicked(u"添加历史选号号码"_s, selection::addSelection); });
-    const auto drawsMissing = [&book = context.book] { return book.history().Lsnum > 0 ? QString() : u"历史号码"_s; };
     for (const selection::RankedSelection& ranked : selection::kRankedSelections)
-        commands.on(
-            ranked.command.toString(), [this, &ranked](int) { chooseRanked(ranked); }, drawsMissing);
+        commands.on(ranked.command.toString(), [this, &ranked](int) { chooseRanked(ranked); });
     commands.on(u"mnusltmoban"_s, [this](int) { openTemplate(); });
 }
 
