@@ -92,6 +92,9 @@ TEST_F(Ranked, ARowAboveTheRuleIsPassedOver) {
     choose(u"mnuHihgB", 1);
     EXPECT_EQ(pad.blueText(), u" 1"_s);
     EXPECT_EQ(numbers(u"mnuYHigh", 0).back(), 33);
+    EXPECT_EQ(numbers(u"mnuLow", 1, {DrawRange::Kind::Latest, 0, 0, 2}).size(), 33u);
+    EXPECT_EQ(sql::toInteger(workspace.dbUser->queryValue("SELECT SUM([gailv]) FROM [Gailvtmp]")), 2)
+        << "nothing is counted above the rule";
 }
 
 TEST_F(Ranked, ABankerIsNotSelectedSoItIsPressed) {
@@ -141,6 +144,7 @@ TEST_F(Ranked, TheLastDrawsAreThoseBehindTheRest) {
 
 TEST_F(Ranked, WhatWasCountedBeforeIsGone) {
     hold(threeBlocks());
+    workspace.dbUser->execute("UPDATE [Gailvtmp] SET [gailv]=7");
     choose(u"mnuHihg", 0, {DrawRange::Kind::Latest, 0, 0, 9});
     choose(u"mnuHihg", 0, {DrawRange::Kind::Latest, 0, 0, 1});
     std::string wanted;
