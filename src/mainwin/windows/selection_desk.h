@@ -27,7 +27,7 @@ class SelectionDesk : public QObject {
     void usePicked(const QString& title, void (*use)(selection::Pad&, const selection::SavedNumbers&));
     void chooseRanked(const selection::RankedSelection& selection);
     void openTemplate();
-    /// Runs what reads or writes; a failure is told and ends the command. \return whether it ran to its end
+    /// Runs what reads or writes; a failure is told and ends the command.
     template <class Work> void attempt(const QString& happened, const QString& title, Work work);
 
     MainContext& m_context;
