@@ -1,6 +1,10 @@
 #include "mainwin/arrangement.h"
 
+#include <algorithm>
+
 #include <QLocale>
+
+#include "selection/combinations.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,14 +22,23 @@ QString arrangementCommand(const ProgramState& state) {
 }
 
 QString arrangementOutlook(const ProgramState& state) {
-    if (state.reds < kFewestReds)
-        return u"满 %1 %2即可排 6红+1蓝"_s.arg(kFewestReds).arg(state.bankers > 0 ? u"拖"_s : u"红"_s);
-    return u"选 1 蓝即可排 6红+1蓝"_s;
+    return u"满 %1 %2即可排 %3"_s.arg(QString::number(kFewestReds), state.bankers > 0 ? u"拖"_s : u"红"_s,
+                                      state.blues > 0 ? u"6红+1蓝"_s : u"6红"_s);
 }
 
-QString arrangementCost(int bets) {
+std::int64_t arrangementBets(const ProgramState& state) {
+    return selection::combinationCount(state.reds, selection::Pad::kBetReds - state.bankers) *
+           std::max(state.blues, 1);
+}
+
+QString arrangementForm(const ProgramState& state) {
+    return state.blues > 0 ? QString() : u"6红球；选 1 蓝可排 6红+1蓝"_s;
+}
+
+QString arrangementCost(std::int64_t bets) {
     const QLocale plain(QLocale::Chinese); // thousands apart
-    return u"%1 注，%2 元"_s.arg(plain.toString(bets), plain.toString(kYuanPerBet * bets));
+    return u"%1 注，%2 元"_s.arg(plain.toString(static_cast<qlonglong>(bets)),
+                                 plain.toString(static_cast<qlonglong>(kYuanPerBet * bets)));
 }
 
 } // namespace mainwin

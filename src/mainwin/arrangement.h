@@ -10,10 +10,16 @@ namespace mainwin {
 /// The menu entry that generates from such a choice: the one of bankers as soon as there is one.
 QString arrangementCommand(const ProgramState& state);
 
-/// What can be done once nothing is missing: "满 7 红即可排 6红+1蓝", "选 1 蓝即可排 6红+1蓝".
+/// What can be done once nothing is missing: "满 7 红即可排 6红+1蓝"; without a blue "满 7 红即可排 6红".
 QString arrangementOutlook(const ProgramState& state);
 
+/// The bets of the numbers chosen: without a blue those of six reds.
+std::int64_t arrangementBets(const ProgramState& state);
+
 /// "56 注，112 元", with thousands separated.
-QString arrangementCost(int bets);
+QString arrangementCost(std::int64_t bets);
+
+/// What else there would be: "6红球；选 1 蓝可排 6红+1蓝", empty with a blue.
+QString arrangementForm(const ProgramState& state);
 
 } // namespace mainwin

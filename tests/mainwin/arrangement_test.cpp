@@ -15,13 +15,20 @@ TEST(Arrangement, IsTheOneOfBankersAsSoonAsThereIsOne) {
     EXPECT_EQ(arrangementCommand({.reds = 0, .bankers = 5}), u"mnuDtlst"_s);
 }
 
-/// Beside bankers the other reds are 拖. Once there are enough reds only a blue can be missing.
+/// Beside bankers the other reds are 拖. Without a blue there are bets of six reds.
 TEST(Arrangement, SaysWhatIsPossibleOnceTheNumbersAreThere) {
-    EXPECT_EQ(arrangementOutlook({.reds = 0}), u"满 7 红即可排 6红+1蓝"_s);
-    EXPECT_EQ(arrangementOutlook({.reds = 6}), u"满 7 红即可排 6红+1蓝"_s);
-    EXPECT_EQ(arrangementOutlook({.reds = 6, .bankers = 1}), u"满 7 拖即可排 6红+1蓝"_s);
-    EXPECT_EQ(arrangementOutlook({.reds = 7}), u"选 1 蓝即可排 6红+1蓝"_s);
-    EXPECT_EQ(arrangementOutlook({.reds = 7, .bankers = 1}), u"选 1 蓝即可排 6红+1蓝"_s);
+    EXPECT_EQ(arrangementOutlook({.reds = 0}), u"满 7 红即可排 6红"_s);
+    EXPECT_EQ(arrangementOutlook({.reds = 6, .blues = 2}), u"满 7 红即可排 6红+1蓝"_s);
+    EXPECT_EQ(arrangementOutlook({.reds = 6, .bankers = 1}), u"满 7 拖即可排 6红"_s);
+    EXPECT_EQ(arrangementForm({.reds = 7}), u"6红球；选 1 蓝可排 6红+1蓝"_s);
+    EXPECT_EQ(arrangementForm({.reds = 7, .blues = 1}), QString());
+}
+
+TEST(Arrangement, CountsTheBetsOfTheNumbersChosen) {
+    EXPECT_EQ(arrangementBets({.reds = 8}), 28);
+    EXPECT_EQ(arrangementBets({.reds = 8, .blues = 3}), 84);
+    EXPECT_EQ(arrangementBets({.reds = 7, .bankers = 2, .blues = 2}), 70) << "C(7, 4)";
+    EXPECT_EQ(arrangementBets({.reds = 33, .blues = 16}), 17'721'088);
 }
 
 TEST(Arrangement, CostsTwoYuanABetWithThousandsApart) {

@@ -62,7 +62,7 @@ TEST(Commands, RunWithTheIndexOfTheirArray) {
 TEST(Commands, SayWhatTheyWaitForAsLongAsTheyDo) {
     Commands commands;
     QString missing = u"1 蓝"_s;
-    commands.on(u"mnuLst"_s, kNothing, [&] { return missing; });
+    commands.on(u"mnuLst"_s, kNothing, [&](int) { return missing; });
     commands.on(u"mnuDtlst"_s, kNothing);
     EXPECT_EQ(commands.missing(u"mnuLst"_s), u"1 蓝"_s);
     missing.clear();

@@ -66,13 +66,13 @@ void ArrangeRow::showMissing(const QString& missing, const QString& outlook) {
     m_second->setText(outlook);
 }
 
-void ArrangeRow::showReady(const QString& cost) {
+void ArrangeRow::showReady(const QString& cost, const QString& form) {
     m_button->setEnabled(true);
     m_button->setToolTip({});
     m_ring->hide();
     m_first->setInk(&Colours::text);
     m_first->setText(cost);
-    m_second->clear();
+    m_second->setText(form);
 }
 
 void ArrangeRow::paintEvent(QPaintEvent*) {

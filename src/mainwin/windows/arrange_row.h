@@ -18,8 +18,8 @@ class ArrangeRow : public QWidget {
 
     /// \param missing  "还需：1 红"  \param outlook  what follows then
     void showMissing(const QString& missing, const QString& outlook);
-    /// \param cost  "56 注，112 元"
-    void showReady(const QString& cost);
+    /// \param cost  "56 注，112 元"  \param form  what else is to be said of them
+    void showReady(const QString& cost, const QString& form);
 
   signals:
     void pressed();

@@ -178,7 +178,7 @@ void Form1::refreshCommands() {
     if (obstacle.stands())
         m_arrange->showMissing(obstacle.text(), arrangementOutlook(now));
     else
-        m_arrange->showReady(arrangementCost(m_context.pad.Zunum));
+        m_arrange->showReady(arrangementCost(arrangementBets(now)), arrangementForm(now));
 }
 
 void Form1::showStatus() {

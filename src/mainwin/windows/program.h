@@ -41,6 +41,7 @@ class BetDesk;
 class FilterOpener;
 class TableDesk;
 class WheelDesk;
+class SelectionDesk;
 class WorkspaceDesk;
 
 class Program : public QObject {
@@ -87,6 +88,7 @@ class Program : public QObject {
     std::unique_ptr<Form1> m_form;
     std::unique_ptr<HistoryDesk> m_historyDesk;
     std::unique_ptr<FilterOpener> m_opener;
+    std::unique_ptr<SelectionDesk> m_selectionDesk;
     std::unique_ptr<BetDesk> m_betDesk;
     std::unique_ptr<WheelDesk> m_wheelDesk;
     std::unique_ptr<TableDesk> m_tableDesk;
