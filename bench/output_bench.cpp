@@ -10,7 +10,6 @@
 #include "output/sheet_csv.h"
 #include "output/sheet_text.h"
 #include "output/sheet_workbook.h"
-#include "output/zip_file.h"
 #include "workspace/dialogs.h"
 
 using namespace output;

@@ -10,9 +10,8 @@
 
 #include "output/new_file.h"
 #include "output/workbook_page.h"
-#include "output/zip_writer.h"
+#include "output/zip.h"
 #include "workspace/failure.h"
-#include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -151,13 +150,12 @@ class Filling {
         : m_zip(zip), m_sheet(sheet), m_pageRows(pageRows), m_progress(progress), m_count(sheet.rows.count()) {}
 
     /// \return whether it was not given up
-    bool fill(ZipFile& skeleton, const std::vector<std::int64_t>& patterns) {
+    bool fill(ZipReader& skeleton, const std::vector<std::int64_t>& patterns) {
         std::size_t page = 0;
-        for (const ZipEntry& entry : skeleton.entries()) {
-            std::string bytes;
-            skeleton.read(entry, [&bytes](std::string_view part) { bytes += part; });
-            m_zip.begin(entry.name);
-            if (!entry.name.startsWith("xl/worksheets/sheet"))
+        while (skeleton.next()) {
+            std::string bytes = skeleton.read();
+            m_zip.begin(skeleton.name());
+            if (!skeleton.name().starts_with("xl/worksheets/sheet"))
                 m_zip.write(bytes);
             else if (!fillPage(std::move(bytes), patterns.at(page++)))
                 return false;
@@ -197,19 +195,25 @@ class Filling {
 } // namespace
 
 Written writeWorkbook(const Sheet& sheet, const std::filesystem::path& file, workspace::Dialogs& dialogs,
-                      std::int64_t pageRows) {
+                      std::int64_t pageRows, std::uint64_t usualEntry) {
     const auto progress = dialogs.progress(u"正在导出 %1 行"_s.arg(sheet.rows.count()));
     NewFile made(file);
     const NewFile beside(file); // never gets a name
     const std::vector<std::int64_t> patterns = Skeleton(sheet, pageRows, beside.path()).write();
-    ZipFile skeleton(beside.path());
-    QFile packed(workspace::toQString(made.path()));
-    if (!packed.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw std::system_error(EIO, std::generic_category(), "open");
-    ZipWriter zip(packed);
-    if (!Filling(zip, sheet, pageRows, *progress).fill(skeleton, patterns))
+    const auto fill = [&](std::uint64_t longestEntry) {
+        ZipReader skeleton(beside.path());
+        ZipWriter zip(made.path(), longestEntry);
+        return Filling(zip, sheet, pageRows, *progress).fill(skeleton, patterns);
+    };
+    const auto fillAnyLength = [&] {
+        try {
+            return fill(usualEntry);
+        } catch (const EntryTooLong&) {
+            return fill(kAnyEntry); // from the start: how long a page is tells itself only at its end
+        }
+    };
+    if (!fillAnyLength())
         return Written::GivenUp;
-    packed.close();
     made.commit();
     return Written::Whole;
 }
