@@ -6,6 +6,8 @@
 #include <system_error>
 #include <utility>
 
+#include <QXmlStreamReader>
+
 #include <xlsxwriter.h>
 
 #include "output/new_file.h"
@@ -32,6 +34,15 @@ void check(lxw_error error) {
     if (error == LXW_ERROR_CREATING_XLSX_FILE || error == LXW_ERROR_CREATING_TMPFILE)
         throw std::system_error(errno != 0 ? errno : EIO, std::generic_category(), words.toStdString());
     throw workspace::Failure(u"不能生成工作簿"_s, words);
+}
+
+/// libxlsxwriter writes each part into a file of its own first, and does not look whether all of it got there.
+void requireWhole(const std::string& part) {
+    QXmlStreamReader xml(QByteArray::fromStdString(part));
+    while (!xml.atEnd())
+        xml.readNext();
+    if (xml.hasError())
+        throw std::system_error(ENOSPC, std::generic_category(), "skeleton");
 }
 
 /// A Chinese character takes two places.
@@ -154,6 +165,7 @@ class Filling {
         std::size_t page = 0;
         while (skeleton.next()) {
             std::string bytes = skeleton.read();
+            requireWhole(bytes);
             m_zip.begin(skeleton.name());
             if (!skeleton.name().starts_with("xl/worksheets/sheet"))
                 m_zip.write(bytes);
