@@ -67,6 +67,17 @@ TEST_F(SheetExport, AFailureLeavesTheFormerFileUnderItsNameAlone) {
     EXPECT_EQ(namesIn(folder.path()), (std::set<std::string>{"表.csv", "表.txt", "表.xlsx"}));
 }
 
+TEST_F(SheetExport, ATableWithoutColumnsIsToldBeforeAFileIsTouched) {
+    for (const char* name : {"表.csv", "表.xlsx", "表.txt"}) {
+        write(folder.path() / name, "former");
+        ScriptedDialogs dialogs({tells(u"表格的列都隐藏了，没有可以导出的内容。请先显示要导出的列。"_s)});
+        EXPECT_FALSE(exportSheet({{}, rows}, folder.path() / name, dialogs, now));
+        EXPECT_EQ(dialogs.shown[0].title, u"导出"_s);
+        EXPECT_EQ(bytesOf(folder.path() / name), "former");
+    }
+    EXPECT_EQ(namesIn(folder.path()), (std::set<std::string>{"表.csv", "表.txt", "表.xlsx"}));
+}
+
 TEST_F(SheetExport, WhatIsGivenUpIsNotTold) {
     Silent givesUp(0);
     EXPECT_FALSE(exportSheet(sheet, folder.path() / "表.csv", givesUp, now));
