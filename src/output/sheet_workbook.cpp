@@ -68,8 +68,8 @@ lxw_format_alignments alignmentOf(CellAlign align) {
 /// formats.
 class Skeleton {
   public:
-    Skeleton(const Sheet& sheet, std::int64_t pageRows, const std::filesystem::path& path) : m_sheet(sheet) {
-        m_folder = path.parent_path().string();
+    Skeleton(const Sheet& sheet, std::int64_t pageRows, const std::filesystem::path& path)
+        : m_sheet(sheet), m_folder(path.parent_path().string()) {
         lxw_workbook_options options{LXW_FALSE, m_folder.data(), LXW_FALSE};
         m_book = workbook_new_opt(path.c_str(), &options);
         if (!m_book)
