@@ -11,6 +11,7 @@
 #include <memory>
 #include <stdexcept>
 
+#include "figures.h"
 #include "memory.h"
 #include "operations.h"
 #include "report.h"
@@ -92,19 +93,9 @@ int main(int count, char** arguments) {
     constexpr const char* kMemory = "--memory=";
     if (count == 2 && std::strncmp(arguments[1], kMemory, std::strlen(kMemory)) == 0)
         return printMemoryOfTenPresses(std::atoi(arguments[1] + std::strlen(kMemory))) ? 0 : 1;
-    if (count > 1 && std::strcmp(arguments[1], "--processor-time") == 0) {
-        measureProcessorTime();
-        arguments[1] = arguments[0];
-        ++arguments;
-        --count;
-    }
-    benchmark::Initialize(&count, arguments);
-    if (benchmark::ReportUnrecognizedArguments(count, arguments))
-        return 1;
+    readTimer(count, arguments);
     Stage stage;
     addAll(stage);
     TableReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    return reporter.failed() ? 1 : 0;
+    return runBenchmarks(count, arguments, reporter);
 }

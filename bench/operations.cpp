@@ -1,11 +1,11 @@
 #include "operations.h"
 
-#include <ctime>
 #include <map>
 #include <stdexcept>
 #include <string>
 
 #include "expected.h"
+#include "figures.h"
 
 namespace bench {
 namespace {
@@ -162,20 +162,6 @@ const Operation kOperations[] = {
 
 std::span<const Operation> operations() {
     return kOperations;
-}
-
-namespace {
-clockid_t timer = CLOCK_MONOTONIC;
-} // namespace
-
-double now() {
-    timespec time{};
-    clock_gettime(timer, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) / 1e9;
-}
-
-void measureProcessorTime() {
-    timer = CLOCK_PROCESS_CPUTIME_ID;
 }
 
 void require(const char* what, std::int64_t got, std::int64_t expected) {

@@ -24,10 +24,6 @@ struct Operation {
 
 std::span<const Operation> operations();
 
-/// Seconds on the clock, or of this process on the processor when that is what is measured (--processor-time).
-double now();
-void measureProcessorTime();
-
 /// Throws std::runtime_error when a count is wrong.
 void require(const char* what, std::int64_t got, std::int64_t expected);
 

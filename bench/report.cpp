@@ -1,6 +1,5 @@
 #include "report.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -8,19 +7,6 @@
 
 namespace bench {
 namespace {
-
-std::string shown(double milliseconds) {
-    char text[32];
-    if (milliseconds < 0)
-        return "–";
-    if (milliseconds >= 10000)
-        std::snprintf(text, sizeof text, "%.0f s", milliseconds / 1000);
-    else if (milliseconds >= 1000)
-        std::snprintf(text, sizeof text, "%.1f s", milliseconds / 1000);
-    else
-        std::snprintf(text, sizeof text, milliseconds >= 10 ? "%.0f ms" : "%.2f ms", milliseconds);
-    return text;
-}
 
 /// A figure beside its promise.
 std::string judged(double milliseconds, double limit) {
@@ -30,30 +16,6 @@ std::string judged(double milliseconds, double limit) {
 }
 
 } // namespace
-
-void TableReporter::ReportRuns(const std::vector<Run>& runs) {
-    for (const Run& run : runs) {
-        if (run.run_type == Run::RT_Aggregate)
-            continue;
-        const std::string& name = run.run_name.function_name;
-        if (run.error_occurred) {
-            m_failed = true;
-            std::fprintf(stderr, "%s: %s\n", name.c_str(), run.error_message.c_str());
-            continue;
-        }
-        m_milliseconds[name].push_back(run.GetAdjustedRealTime());
-        std::fprintf(stderr, "%s: %s\n", name.c_str(), shown(run.GetAdjustedRealTime()).c_str());
-    }
-}
-
-double TableReporter::median(const std::string& name) const {
-    const auto found = m_milliseconds.find(name);
-    if (found == m_milliseconds.end())
-        return -1;
-    std::vector<double> times = found->second;
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
 
 void TableReporter::Finalize() {
     std::puts(

@@ -37,7 +37,9 @@ void SheetRows::appendText(QString& text, std::int64_t row, const SheetColumn& t
 }
 
 QStringList Sheet::above() const {
-    return title.isEmpty() ? lines : QStringList{title} + lines;
+    if (title.isEmpty())
+        return lines;
+    return QStringList{title} + lines;
 }
 
 } // namespace output

@@ -77,6 +77,10 @@ void tellDone(const Sheet& sheet, const std::filesystem::path& file, const QStri
 
 bool exportSheet(const Sheet& sheet, const std::filesystem::path& file, workspace::Dialogs& dialogs,
                  const QDateTime& now) {
+    if (sheet.columns.empty()) {
+        dialogs.tell(u"表格的列都隐藏了，没有可以导出的内容。请先显示要导出的列。"_s, kTitle);
+        return false;
+    }
     try {
         std::optional<FormerFile> former;
         if (std::filesystem::exists(file)) {

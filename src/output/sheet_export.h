@@ -15,8 +15,8 @@ namespace output {
 /// The kinds of files for a file dialog.
 inline constexpr QStringView kExportFilter = u"Excel 工作簿 (*.xlsx)|*.xlsx|CSV (*.csv)|*.csv|文本 (*.txt)|*.txt";
 
-/// Asks before a file is replaced, writes, and tells that it was done, or what failed.
-/// \param file  .xlsx, .csv, or else a text  \return whether the file was written
+/// Asks before a file is replaced, writes, and tells that it was done, or what failed; a sheet without columns is
+/// told at once. \param file  .xlsx, .csv, or else a text  \return whether the file was written
 bool exportSheet(const Sheet& sheet, const std::filesystem::path& file, workspace::Dialogs& dialogs,
                  const QDateTime& now = QDateTime::currentDateTime());
 

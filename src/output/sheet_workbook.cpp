@@ -6,13 +6,14 @@
 #include <system_error>
 #include <utility>
 
+#include <QXmlStreamReader>
+
 #include <xlsxwriter.h>
 
 #include "output/new_file.h"
 #include "output/workbook_page.h"
-#include "output/zip_writer.h"
+#include "output/zip.h"
 #include "workspace/failure.h"
-#include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +34,15 @@ void check(lxw_error error) {
     if (error == LXW_ERROR_CREATING_XLSX_FILE || error == LXW_ERROR_CREATING_TMPFILE)
         throw std::system_error(errno != 0 ? errno : EIO, std::generic_category(), words.toStdString());
     throw workspace::Failure(u"不能生成工作簿"_s, words);
+}
+
+/// libxlsxwriter writes each part into a file of its own first, and does not look whether all of it got there.
+void requireWhole(const std::string& part) {
+    QXmlStreamReader xml(QByteArray::fromStdString(part));
+    while (!xml.atEnd())
+        xml.readNext();
+    if (xml.hasError())
+        throw std::system_error(ENOSPC, std::generic_category(), "skeleton");
 }
 
 /// A Chinese character takes two places.
@@ -58,8 +68,8 @@ lxw_format_alignments alignmentOf(CellAlign align) {
 /// formats.
 class Skeleton {
   public:
-    Skeleton(const Sheet& sheet, std::int64_t pageRows, const std::filesystem::path& path) : m_sheet(sheet) {
-        m_folder = path.parent_path().string();
+    Skeleton(const Sheet& sheet, std::int64_t pageRows, const std::filesystem::path& path)
+        : m_sheet(sheet), m_folder(path.parent_path().string()) {
         lxw_workbook_options options{LXW_FALSE, m_folder.data(), LXW_FALSE};
         m_book = workbook_new_opt(path.c_str(), &options);
         if (!m_book)
@@ -151,13 +161,13 @@ class Filling {
         : m_zip(zip), m_sheet(sheet), m_pageRows(pageRows), m_progress(progress), m_count(sheet.rows.count()) {}
 
     /// \return whether it was not given up
-    bool fill(ZipFile& skeleton, const std::vector<std::int64_t>& patterns) {
+    bool fill(ZipReader& skeleton, const std::vector<std::int64_t>& patterns) {
         std::size_t page = 0;
-        for (const ZipEntry& entry : skeleton.entries()) {
-            std::string bytes;
-            skeleton.read(entry, [&bytes](std::string_view part) { bytes += part; });
-            m_zip.begin(entry.name);
-            if (!entry.name.startsWith("xl/worksheets/sheet"))
+        while (skeleton.next()) {
+            std::string bytes = skeleton.read();
+            requireWhole(bytes);
+            m_zip.begin(skeleton.name());
+            if (!skeleton.name().starts_with("xl/worksheets/sheet"))
                 m_zip.write(bytes);
             else if (!fillPage(std::move(bytes), patterns.at(page++)))
                 return false;
@@ -197,19 +207,25 @@ class Filling {
 } // namespace
 
 Written writeWorkbook(const Sheet& sheet, const std::filesystem::path& file, workspace::Dialogs& dialogs,
-                      std::int64_t pageRows) {
+                      std::int64_t pageRows, std::uint64_t usualEntry) {
     const auto progress = dialogs.progress(u"正在导出 %1 行"_s.arg(sheet.rows.count()));
     NewFile made(file);
     const NewFile beside(file); // never gets a name
     const std::vector<std::int64_t> patterns = Skeleton(sheet, pageRows, beside.path()).write();
-    ZipFile skeleton(beside.path());
-    QFile packed(workspace::toQString(made.path()));
-    if (!packed.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        throw std::system_error(EIO, std::generic_category(), "open");
-    ZipWriter zip(packed);
-    if (!Filling(zip, sheet, pageRows, *progress).fill(skeleton, patterns))
+    const auto fill = [&](std::uint64_t longestEntry) {
+        ZipReader skeleton(beside.path());
+        ZipWriter zip(made.path(), longestEntry);
+        return Filling(zip, sheet, pageRows, *progress).fill(skeleton, patterns);
+    };
+    const auto fillAnyLength = [&] {
+        try {
+            return fill(usualEntry);
+        } catch (const EntryTooLong&) {
+            return fill(kAnyEntry); // from the start: how long a page is tells itself only at its end
+        }
+    };
+    if (!fillAnyLength())
         return Written::GivenUp;
-    packed.close();
     made.commit();
     return Written::Whole;
 }

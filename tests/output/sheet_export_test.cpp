@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "output/zip_file.h"
+#include "output/zip.h"
 #include "scratch_folder.h"
 #include "scripted_dialogs.h"
 #include "sheet_support.h"
@@ -29,7 +29,7 @@ TEST_F(SheetExport, TheEndingOfTheNameSaysWhatIsWritten) {
         EXPECT_TRUE(exportSheet(sheet, folder.path() / name, dialogs, now));
         EXPECT_EQ(dialogs.shown[0].title, u"导出"_s);
     }
-    EXPECT_FALSE(ZipFile(folder.path() / "表.xlsx").entries().empty());
+    EXPECT_TRUE(ZipReader(folder.path() / "表.xlsx").next());
     EXPECT_TRUE(bytesOf(folder.path() / "表.CSV").starts_with("\xEF\xBB\xBF序数\r\n0\r\n"));
     EXPECT_TRUE(bytesOf(folder.path() / "表.txt").starts_with("序数\r\n0\r\n"));
     EXPECT_EQ(bytesOf(folder.path() / "表"), bytesOf(folder.path() / "表.txt"));
@@ -62,6 +62,17 @@ TEST_F(SheetExport, AFailureLeavesTheFormerFileUnderItsNameAlone) {
         EXPECT_FALSE(exportSheet(sheet, folder.path() / name, dialogs, now));
         EXPECT_TRUE(dialogs.shown[1].text.startsWith(u"没有导出到“%1”："_s.arg(place(name))));
         EXPECT_FALSE(dialogs.shown[1].details.isEmpty());
+        EXPECT_EQ(bytesOf(folder.path() / name), "former");
+    }
+    EXPECT_EQ(namesIn(folder.path()), (std::set<std::string>{"表.csv", "表.txt", "表.xlsx"}));
+}
+
+TEST_F(SheetExport, ATableWithoutColumnsIsToldBeforeAFileIsTouched) {
+    for (const char* name : {"表.csv", "表.xlsx", "表.txt"}) {
+        write(folder.path() / name, "former");
+        ScriptedDialogs dialogs({tells(u"表格的列都隐藏了，没有可以导出的内容。请先显示要导出的列。"_s)});
+        EXPECT_FALSE(exportSheet({{}, rows}, folder.path() / name, dialogs, now));
+        EXPECT_EQ(dialogs.shown[0].title, u"导出"_s);
         EXPECT_EQ(bytesOf(folder.path() / name), "former");
     }
     EXPECT_EQ(namesIn(folder.path()), (std::set<std::string>{"表.csv", "表.txt", "表.xlsx"}));
