@@ -46,10 +46,35 @@ void BetDesk::arrangePad(std::string_view form) {
 
 void BetDesk::arrangeDraw() {
     selection::Pad& pad = m_context.pad;
+    if (!hasDrawn()) {
+        tellNotDrawn();
+        return;
+    }
     m_inputs.generation.Fromdraw = true;
     pad.Genreds = m_context.simulator.Picknum;
     pad.Bankermode = pad.Dancnt > 0;
     enumerate(pad.Bankermode ? "Gdanagan" : "GAgan");
+}
+
+int BetDesk::finishedRuns() const {
+    return std::min<int>(m_context.simulator.Runs, m_context.simulator.Rungoal);
+}
+
+/// The draw opens the way here also when it has been stopped before it could rank enough numbers.
+bool BetDesk::hasDrawn() const {
+    const bool severalRuns = m_inputs.generation.Multirows && m_context.pad.Dancnt == 0;
+    return severalRuns ? finishedRuns() > 0 : m_context.simulator.hasRanking();
+}
+
+void BetDesk::tellNotDrawn() {
+    const selection::Simulator& simulator = m_context.simulator;
+    const bool tooFew = simulator.Picknum >= m_context.pad.Redcnt;
+    toolkit::DialogBoxes(&m_window).tell(
+        tooFew ? u"选了 %1 个红球，摇奖要排出 %2 个，没有可摇的。请多选红球，或在“组号方式”里少选摇奖红球，再摇奖。"_s
+                     .arg(m_context.pad.Redcnt)
+                     .arg(simulator.Picknum)
+               : u"摇奖还没有结果，现在排列不出组合。请先开始（或继续）摇奖，等它得出预测。"_s,
+        u"摇奖排列组合"_s);
 }
 
 void BetDesk::enumerate(std::string_view form) {
@@ -63,7 +88,7 @@ void BetDesk::enumerate(std::string_view form) {
                          listOf(pad.Bluelist, pad.Bluecnt)};
     generation.Drawnlist.assign(simulator.Top.begin(), simulator.Top.end());
     generation.Multitable = simulator.Runresults;
-    generation.Multicount = std::min<int>(simulator.Runs, simulator.Rungoal);
+    generation.Multicount = finishedRuns();
     const filter::FilterMember& member = *filter::findMember(form);
     filter::FilterWindow window(member,
                                 {workspace::combinationFile(m_inputs.engine, workspace, member.file),

@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "toolkit/card.h"
+#include "toolkit/fixed_label.h"
 
 using namespace Qt::StringLiterals;
 
@@ -47,12 +48,14 @@ class TraceCaption : public QLabel {
 } // namespace
 
 DrawPanel::DrawPanel(QWidget* parent)
-    : QWidget(parent), m_ticks(label(u"Label11"_s, u"0"_s)), m_trace(new TracePicture), m_buttons(new QHBoxLayout) {
+    : QWidget(parent), m_ticksCaption(label(u"LabelTicks"_s, u"摇奖次数:"_s)), m_ticks(label(u"Label11"_s, u"0"_s)),
+      m_trace(new TracePicture), m_buttons(new QHBoxLayout) {
     setObjectName(u"DrawPanel"_s);
+    toolkit::fixSize(*m_ticks, u"0000000"_s);
     auto* card = new toolkit::Card(u"FrameDraw"_s, u"摇奖分析"_s);
     card->head().addLayout(m_buttons);
     auto* first = numberRow(u"Label7"_s, u"红球机选:"_s, u"Label1"_s, m_drawn);
-    first->addWidget(label(u"LabelTicks"_s, u"摇奖次数:"_s));
+    first->addWidget(m_ticksCaption);
     first->addWidget(m_ticks);
     card->body().addLayout(first);
     card->body().addLayout(numberRow(u"Label118"_s, u"红球预测:"_s, u"Label2"_s, m_ranked));
@@ -75,7 +78,7 @@ QHBoxLayout* DrawPanel::numberRow(const QString& captionName, const QString& cap
     for (std::size_t place = 0; place < numbers.size(); ++place) {
         QLabel* number = label(u"%1(%2)"_s.arg(name).arg(place), {});
         number->setAlignment(Qt::AlignCenter);
-        number->setFixedWidth(number->fontMetrics().horizontalAdvance(u"00"_s) + 2);
+        toolkit::fixSize(*number, u"00"_s);
         numbers[place] = number;
         row->addWidget(number);
     }
@@ -89,7 +92,7 @@ void DrawPanel::showPicks(const selection::Simulator& simulator) {
         m_drawn[place]->setVisible(used);
         m_ranked[place]->setVisible(used);
     }
-    findChild<QLabel*>(u"LabelTicks"_s)->setVisible(simulator.Picknum <= kCaptionedPicks);
+    m_ticksCaption->setVisible(simulator.Picknum <= kCaptionedPicks);
     if (simulator.Ticks == 0)
         clear(simulator);
 }

@@ -36,6 +36,7 @@ class DrawPanel : public QWidget {
     using Numbers = std::array<QLabel*, selection::Simulator::kMostPicks>;
     QHBoxLayout* numberRow(const QString& captionName, const QString& caption, const QString& name, Numbers& numbers);
 
+    QLabel* m_ticksCaption;
     Numbers m_drawn{};
     Numbers m_ranked{};
     QLabel* m_ticks;

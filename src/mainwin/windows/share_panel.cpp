@@ -9,6 +9,7 @@
 
 #include "mainwin/main_texts.h"
 #include "toolkit/card.h"
+#include "toolkit/fixed_label.h"
 #include "toolkit/look.h"
 
 using namespace Qt::StringLiterals;
@@ -91,7 +92,7 @@ std::vector<SharePanel::Row> SharePanel::makeRows(int count, QColor toolkit::Col
         row.share->setObjectName(names.share + index);
         row.bar->setObjectName(names.bar + index);
         row.share->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        row.share->setMinimumWidth(row.share->fontMetrics().horizontalAdvance(u"00.00%"_s));
+        toolkit::fixSize(*row.share, u"100.00%"_s);
         rows.push_back(row);
     }
     return rows;
@@ -123,13 +124,20 @@ void SharePanel::place(int reds, int blues) {
     const int gap = placeRows(m_reds, reds, 0);
     m_grid->setRowMinimumHeight(gap, kGap * 2);
     placeRows(m_blues, blues, gap + 1);
+    for (std::size_t row = 0; row < m_reds.size(); ++row)
+        m_reds[row].setVisible(static_cast<int>(row) < reds);
+    for (std::size_t row = 0; row < m_blues.size(); ++row)
+        m_blues[row].setVisible(static_cast<int>(row) < blues);
     m_placedReds = reds;
     m_placedBlues = blues;
 }
 
-void SharePanel::Row::show(bool inRule, double percent, int numbers) {
+void SharePanel::Row::setVisible(bool inRule) {
     for (QWidget* widget : {static_cast<QWidget*>(caption), static_cast<QWidget*>(share), static_cast<QWidget*>(bar)})
         widget->setVisible(inRule);
+}
+
+void SharePanel::Row::show(double percent, int numbers) {
     share->setText(shareText(percent));
     bar->setLength(shareBarLength(percent, numbers));
     bar->setAccessibleName(caption->text() + share->text());
@@ -141,16 +149,16 @@ void SharePanel::showShares(const history::History& history, int reds, int blues
                             ? u"要有历史才能统计"_s
                             : u"竖线：期望 %1 / %2"_s.arg(shareText(100.0 / reds), shareText(100.0 / blues)));
     for (std::size_t place = 0; place < m_reds.size(); ++place)
-        m_reds[place].show(static_cast<int>(place) < reds, history.Gailvred[place + 1], reds);
+        m_reds[place].show(history.Gailvred[place + 1], reds);
     for (std::size_t place = 0; place < m_blues.size(); ++place)
-        m_blues[place].show(static_cast<int>(place) < blues, history.GailvBlue[place + 1], blues);
+        m_blues[place].show(history.GailvBlue[place + 1], blues);
 }
 
 void SharePanel::showDraw(std::span<const double> shares, int reds, int chosen) {
     if (chosen > 0)
         m_expected->setText(u"红球：本次摇奖，竖线：期望 %1"_s.arg(shareText(100.0 / chosen)));
     for (std::size_t place = 0; place < static_cast<std::size_t>(reds); ++place)
-        m_reds[place].show(true, shares[place + 1], chosen);
+        m_reds[place].show(shares[place + 1], chosen);
 }
 
 } // namespace mainwin

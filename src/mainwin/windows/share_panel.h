@@ -49,7 +49,8 @@ class SharePanel : public QWidget {
         toolkit::InkLabel* caption;
         QLabel* share;
         ShareBar* bar;
-        void show(bool inRule, double percent, int numbers);
+        void setVisible(bool inRule);
+        void show(double percent, int numbers);
     };
     struct Names {
         QString caption;
