@@ -1,5 +1,6 @@
 // What one tick of the simulated draw costs: by itself, and with all that the main window shows of it, down to the
-// pixels. The window makes a tick for each picture of the screen, so less than 1 ms leaves it free for everything else.
+// pixels. The window makes a tick for each picture of the screen, so less than 1 ms leaves it free for everything
+// else.
 //
 // The number after the slash is how many numbers a tick ranks.
 #include <climits>
@@ -30,8 +31,6 @@ class DrawWindow {
         form.resize(1280, 770);
         form.show();
         simulator.start();
-        for (const QString& n : qEnvironmentVariable("HIDE").split(u','))
-            for (auto* w : form.findChildren<QWidget*>(n)) w->hide();
         QApplication::processEvents();
     }
 

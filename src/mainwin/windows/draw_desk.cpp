@@ -41,13 +41,18 @@ std::optional<std::int16_t> runsOf(const QString& answer) {
 } // namespace
 
 DrawDesk::DrawDesk(MainContext& context, selection::GenerationInput& generation, QWidget& window)
-    : m_context(context), m_generation(generation), m_window(window), m_timer(new QTimer(&window)) {
+    : m_context(context), m_generation(generation), m_window(window), m_timer(new QTimer(&window)),
+      m_askAgain(new QTimer(&window)) {
     selection::Simulator& simulator = context.simulator;
     simulator.stability.load(storedFactor());
     simulator.readFactorBy([this] { return storedFactor(); });
     m_timer->setObjectName(u"Timer1"_s);
     m_timer->setInterval(tickInterval(window));
     m_timer->setTimerType(Qt::PreciseTimer);
+    m_askAgain->setObjectName(u"TimerAsk"_s);
+    m_askAgain->setInterval(kAskAgain);
+    m_askAgain->setSingleShot(true);
+    connect(m_askAgain, &QTimer::timeout, this, &DrawDesk::askArrange);
     connect(m_timer, &QTimer::timeout, &simulator, &selection::Simulator::tick);
     connect(&simulator, &selection::Simulator::runningChanged, this,
             [this](bool running) { running ? m_timer->start() : m_timer->stop(); });
@@ -129,10 +134,11 @@ void DrawDesk::askRuns() {
 }
 
 void DrawDesk::askArrange() {
+    m_askAgain->stop();
     if (m_context.simulator.isRunning())
         return; // it goes on already
     if (QApplication::activeModalWidget() || QApplication::activePopupWidget()) {
-        QTimer::singleShot(kAskAgain, this, &DrawDesk::askArrange);
+        m_askAgain->start();
         return;
     }
     toolkit::DialogBoxes boxes(&m_window);

@@ -39,7 +39,8 @@ class DrawDesk : public QObject {
     MainContext& m_context;
     selection::GenerationInput& m_generation;
     QWidget& m_window;
-    QTimer* m_timer; ///< a child of the window
+    QTimer* m_timer;    ///< a child of the window, as the other
+    QTimer* m_askAgain; ///< for the question that waits
 };
 
 } // namespace mainwin

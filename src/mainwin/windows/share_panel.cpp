@@ -1,6 +1,8 @@
 #include "mainwin/windows/share_panel.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include <QGridLayout>
 #include <QLabel>
@@ -28,11 +30,21 @@ constexpr double kExpected = 3;
 
 ShareBar::ShareBar(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+/// A draw sets the lengths of all bars sixty times a second: only what changes is painted.
 void ShareBar::setLength(double length) {
-    m_length = length;
-    update();
+    const double former = std::exchange(m_length, length);
+    const auto [left, right] = std::minmax(end(former), end(length));
+    if (left < right)
+        update(QRect(static_cast<int>(left), 0, static_cast<int>(right - left) + 2, height()));
+}
+
+/// Where a bar of this length ends, in whole pixels of the screen.
+double ShareBar::end(double length) const {
+    const double fine = devicePixelRatioF();
+    return std::round(width() * length / kScaleEnd * fine) / fine;
 }
 
 QSize ShareBar::sizeHint() const {
@@ -45,18 +57,11 @@ QSize ShareBar::minimumSizeHint() const {
 
 void ShareBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const toolkit::Colours& look = toolkit::colours(palette());
-    const QRectF track(rect());
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(look.track);
-    painter.drawRoundedRect(track, 2, 2);
-    painter.setBrush(look.bar);
-    painter.drawRoundedRect(QRectF(track.topLeft(), QSizeF(track.width() * m_length / kScaleEnd, track.height())), 2,
-                            2);
-    painter.setPen(QPen(look.quiet, 1));
-    const qreal middle = track.width() * kExpected / kScaleEnd;
-    painter.drawLine(QPointF(middle, 0), QPointF(middle, track.height()));
+    const double here = end(m_length);
+    painter.fillRect(QRectF(0, 0, here, height()), look.bar);
+    painter.fillRect(QRectF(here, 0, width() - here, height()), look.track);
+    painter.fillRect(QRectF(end(kExpected), 0, 1, height()), look.quiet);
 }
 
 SharePanel::SharePanel(QWidget* parent)
@@ -138,9 +143,12 @@ void SharePanel::Row::setVisible(bool inRule) {
 }
 
 void SharePanel::Row::show(double percent, int numbers) {
-    share->setText(shareText(percent));
     bar->setLength(shareBarLength(percent, numbers));
-    bar->setAccessibleName(caption->text() + share->text());
+    const QString text = shareText(percent);
+    if (text == share->text())
+        return;
+    share->setText(text);
+    bar->setAccessibleName(caption->text() + text);
 }
 
 void SharePanel::showShares(const history::History& history, int reds, int blues) {

@@ -29,6 +29,8 @@ class ShareBar : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    double end(double length) const;
+
     double m_length = 0;
 };
 
