@@ -3,7 +3,9 @@
 #include <set>
 
 #include <QAction>
+#include <QPaintEvent>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include "mainwin/windows/share_panel.h"
 #include "mainwin/windows/trace_picture.h"
@@ -146,6 +148,72 @@ TEST_F(DrawWindowTest, EveryTickShowsItsNumbersAndShares) {
         auto* bar = controlAs<mainwin::ShareBar>(form(), u"Picture2(%1)"_s.arg(red));
         EXPECT_DOUBLE_EQ(bar->length(), std::clamp(3 - 100.0 / 7 * 3 + share * 3, 0.0, 6.0));
     }
+}
+
+/// Notes where a widget was painted.
+class PaintWatch : public QObject {
+  public:
+    explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+    QRegion painted;
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            painted += static_cast<QPaintEvent*>(event)->region();
+        return false;
+    }
+};
+
+TEST_F(DrawWindowTest, ABarPaintsWhatHasChanged) {
+    auto* bar = controlAs<mainwin::ShareBar>(form(), u"Picture2(7)"_s);
+    bar->setLength(1);
+    QTest::qWait(1);
+    PaintWatch watch(*bar);
+    bar->setLength(3);
+    EXPECT_TRUE(QTest::qWaitFor([&watch] { return !watch.painted.isEmpty(); }));
+    const QRect painted = watch.painted.boundingRect();
+    EXPECT_LE(painted.left(), bar->width() / 6 + 1);
+    EXPECT_GE(painted.left(), bar->width() / 6 - 1);
+    EXPECT_GE(painted.right(), bar->width() / 2 - 1);
+    EXPECT_LT(painted.right(), bar->width() - 1);
+}
+
+TEST_F(DrawWindowTest, TheTraceCanBeMagnified) {
+    auto* trace = controlAs<mainwin::TracePicture>(form(), u"Picture3"_s);
+    startEndless();
+    press(form(), u"ComSpd"_s);
+    const auto turnWheel = [trace](int notches, Qt::KeyboardModifiers keys) {
+        const QPointF middle = trace->rect().center();
+        QWheelEvent event(middle, trace->mapToGlobal(middle), {}, {0, notches * 120}, Qt::NoButton, keys,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(trace, &event);
+    };
+    const auto inkAt = [trace](double share) { // whether a line is seen in the column at this share of the width
+        const QImage image = trace->grab().toImage();
+        std::set<QRgb> colours;
+        for (int y = 1; y < image.height() - 1; ++y)
+            colours.insert(image.pixel(static_cast<int>(image.width() * share), y));
+        return colours.size() > 2; // the ground and its dotted lines
+    };
+    EXPECT_EQ(trace->tickAt(trace->width()), 5000);
+    EXPECT_FALSE(inkAt(0.05));
+    turnWheel(1, Qt::NoModifier);
+    EXPECT_EQ(trace->tickAt(trace->width()), 5000);
+    for (int notch = 0; notch < 9; ++notch)
+        turnWheel(1, Qt::ControlModifier);
+    EXPECT_EQ(trace->tickAt(trace->width()) - trace->tickAt(0), 78) << "never more than 64 times";
+    EXPECT_TRUE(inkAt(0.05));
+    const int newest = simulator().Ticks;
+    const QString told = trace->describe((newest - trace->tickAt(0)) * trace->width() / 78);
+    EXPECT_TRUE(told.startsWith(u"第 "_s)) << told.toStdString();
+    press(form(), u"ComSta"_s);
+    waitForTicks(200);
+    EXPECT_GT(trace->tickAt(trace->width()), 200) << "it follows the draw";
+    press(form(), u"ComSpd"_s);
+    for (int notch = 0; notch < 9; ++notch)
+        turnWheel(-1, Qt::ControlModifier);
+    EXPECT_EQ(trace->tickAt(0), 0);
+    EXPECT_EQ(trace->tickAt(trace->width()), 5000);
 }
 
 TEST_F(DrawWindowTest, CancelLeavesTheResultForLater) {

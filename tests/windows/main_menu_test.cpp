@@ -119,8 +119,8 @@ TEST_F(MainWindow, WhatNobodyRegisteredIsDisabledInEveryState) {
     open(false);
     pad.selectAllReds();
     pad.selectAllBlues();
-    const std::set<QString> own{u"meuS"_s,    u"mnuBlue"_s, u"mnuPtset"_s, u"mnuName"_s,
-                                u"mnuLook"_s, u"meuSta"_s,  u"mnuMilt"_s,  u"meuDanxuan"_s};
+    const std::set<QString> own{u"meuS"_s,   u"mnuBlue"_s, u"mnuPtset"_s,   u"mnuName"_s, u"mnuLook"_s,
+                                u"meuSta"_s, u"mnuMilt"_s, u"meuDanxuan"_s, u"mnuDtuo"_s};
     for (const auto& row : mainwin::menuTable()) {
         if (row.kind == mainwin::RowKind::Menu || row.kind == mainwin::RowKind::Separator)
             continue;

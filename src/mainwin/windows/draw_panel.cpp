@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "toolkit/card.h"
+#include "toolkit/colours.h"
 #include "toolkit/fixed_label.h"
 
 using namespace Qt::StringLiterals;
@@ -29,19 +30,20 @@ class TraceCaption : public QLabel {
   public:
     explicit TraceCaption(int place) : QLabel(u"%1位走势"_s.arg(place)), m_place(place) {
         setObjectName(u"Label13(%1)"_s.arg(place));
-        setContentsMargins(0, 0, 0, kStroke + 1);
+        setContentsMargins(0, 0, 0, kStrip + 1);
     }
 
   protected:
     void paintEvent(QPaintEvent* event) override {
         QLabel::paintEvent(event);
         QPainter painter(this);
-        painter.fillRect(0, height() - kStroke, width(), kStroke,
+        painter.fillRect(0, height() - kStrip, width(), kStrip, toolkit::colours(palette()).trace);
+        painter.fillRect(1, height() - kStrip + 1, width() - 2, kStrip - 2,
                          TracePicture::lineColour(static_cast<std::size_t>(m_place - 1)));
     }
 
   private:
-    static constexpr int kStroke = 3;
+    static constexpr int kStrip = 5; // of the trace's ground: black is not seen on a dark card
     int m_place;
 };
 
@@ -52,6 +54,7 @@ DrawPanel::DrawPanel(QWidget* parent)
       m_trace(new TracePicture), m_buttons(new QHBoxLayout) {
     setObjectName(u"DrawPanel"_s);
     toolkit::fixSize(*m_ticks, u"0000000"_s);
+    m_ticks->setToolTip(u"摇奖次数"_s);
     auto* card = new toolkit::Card(u"FrameDraw"_s, u"摇奖分析"_s);
     card->head().addLayout(m_buttons);
     auto* first = numberRow(u"Label7"_s, u"红球机选:"_s, u"Label1"_s, m_drawn);

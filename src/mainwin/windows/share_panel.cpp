@@ -36,7 +36,7 @@ ShareBar::ShareBar(QWidget* parent) : QWidget(parent) {
 /// A draw sets the lengths of all bars sixty times a second: only what changes is painted.
 void ShareBar::setLength(double length) {
     const double former = std::exchange(m_length, length);
-    const auto [left, right] = std::minmax(end(former), end(length));
+    const auto [left, right] = std::minmax({end(former), end(length)});
     if (left < right)
         update(QRect(static_cast<int>(left), 0, static_cast<int>(right - left) + 2, height()));
 }
