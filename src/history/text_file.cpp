@@ -48,15 +48,10 @@ QString renameQuestion(const QString& user, const QDateTime& now) {
            u"再选择文本作为历史号码的文本,然后再次读如历史数据.确实要改名吗?"_s;
 }
 
-bool isThere(const std::filesystem::path& path) {
-    std::error_code ignored; // a link that leads nowhere is there
-    return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
-}
-
 /// `name` with a number where that is taken: "{stem}{end}", "{stem} (2){end}", ….
 std::filesystem::path freeName(const std::filesystem::path& folder, const QString& stem, const QString& end) {
     std::filesystem::path place = folder / workspace::toPath(stem + end);
-    for (int number = 2; isThere(place); ++number)
+    for (int number = 2; workspace::isThere(place); ++number)
         place = folder / workspace::toPath(stem + u" (%1)"_s.arg(number) + end);
     return place;
 }
@@ -64,7 +59,7 @@ std::filesystem::path freeName(const std::filesystem::path& folder, const QStrin
 /// Renames, also from one file system to another, but never over something.
 void renameNew(const std::filesystem::path& from, const std::filesystem::path& to) {
     QFile file(workspace::toQString(from));
-    if (isThere(to) || !file.rename(workspace::toQString(to)))
+    if (workspace::isThere(to) || !file.rename(workspace::toQString(to)))
         throw FileFailure(u"不能改名或移动文件 "_s + workspace::toQString(from), file.errorString());
 }
 
@@ -103,7 +98,7 @@ std::filesystem::path placeAside(const workspace::Workspace& workspace, const QD
     const QString end = u"日前 双色号码 .TXT"_s;
     const std::filesystem::path folder = historyTextFolder(workspace);
     const std::filesystem::path place = folder / workspace::toPath(day + end);
-    return isThere(place) ? freeName(folder, day + now.toString(u" H时mm分ss秒"_s), end) : place;
+    return workspace::isThere(place) ? freeName(folder, day + now.toString(u" H时mm分ss秒"_s), end) : place;
 }
 
 /// What has become of the default file.
@@ -124,7 +119,7 @@ Default takeAsDefault(const std::filesystem::path& picked, const workspace::Work
                           workspace::toQString(standard.parent_path()));
     const QString byUser = u" By "_s + workspace::folderName(workspace.Username);
     Copy copy(picked, freeName(picked.parent_path(), workspace::toQString(picked.filename()) + byUser, u".TXT"_s));
-    if (!isThere(standard)) {
+    if (!workspace::isThere(standard)) {
         copy.renameTo(standard);
         return {true, {}};
     }
@@ -135,7 +130,7 @@ Default takeAsDefault(const std::filesystem::path& picked, const workspace::Work
     try {
         copy.renameTo(standard);
     } catch (const FileFailure&) {
-        if (!isThere(standard))
+        if (!workspace::isThere(standard))
             workspace::renameDurably(aside, standard);
         throw;
     }

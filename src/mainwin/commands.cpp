@@ -28,11 +28,11 @@ void Commands::on(const QString& name, Function function, Missing missing) {
     m_commands.insert(name, {std::move(function), std::move(missing)});
 }
 
-void Commands::mark(const QString& name, Mark mark) {
+void Commands::mark(const QString& name, const Mark& mark) {
     expectKnown(name);
     if (m_marks.contains(name))
         throw std::logic_error("marked twice: " + name.toStdString());
-    m_marks.insert(name, std::move(mark));
+    m_marks.insert(name, mark);
 }
 
 QString Commands::missing(const QString& name) const {

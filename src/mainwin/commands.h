@@ -29,7 +29,7 @@ class Commands {
     /// \throws std::logic_error for a name that no table has or that has a function already
     void on(const QString& name, Function function, Missing missing = {});
     /// \throws as on(), for marks
-    void mark(const QString& name, Mark mark);
+    void mark(const QString& name, const Mark& mark);
 
     bool isRegistered(const QString& name) const { return m_commands.contains(name); }
     /// What a registered command still waits for; empty: nothing.

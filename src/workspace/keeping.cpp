@@ -19,11 +19,6 @@ const QString kUnread = u"未读 说明.txt"_s;
 const QString kRead = u"说明.txt"_s;
 constexpr const char* kJournals[] = {"-journal", "-wal", "-shm"};
 
-bool isThere(const std::filesystem::path& path) {
-    std::error_code ignored; // a link that leads nowhere is there
-    return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
-}
-
 std::filesystem::path placeIn(const std::filesystem::path& folder, const QString& name) {
     return folder / toPath(name);
 }

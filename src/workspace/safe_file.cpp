@@ -49,6 +49,11 @@ bool flushToDisk(const std::filesystem::path& path) {
     return flushed;
 }
 
+bool isThere(const std::filesystem::path& path) {
+    std::error_code ignored;
+    return std::filesystem::symlink_status(path, ignored).type() != std::filesystem::file_type::not_found;
+}
+
 bool writeWholeFile(const std::filesystem::path& file, const QByteArray& bytes, Readers readers) {
     QSaveFile out(toQString(file));
     if (!out.open(QIODevice::WriteOnly))

@@ -13,6 +13,10 @@ namespace workspace {
 QString toQString(const std::filesystem::path& path);
 std::filesystem::path toPath(const QString& text);
 
+/// Whether something of that name is there, of any kind: a link that leads nowhere is there, too, and stands in the
+/// way of a renaming.
+bool isThere(const std::filesystem::path& path);
+
 enum class Readers { Everybody, OwnerOnly };
 
 /// \return false when the file is not what was asked for; it then stands as it stood before

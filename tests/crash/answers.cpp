@@ -3,8 +3,7 @@
 #include <cstdlib>
 
 #include <QAbstractButton>
-#include <QFileDialog>
-#include <QLineEdit>
+#include <QMessageBox>
 #include <QTest>
 
 #include "crash/say.h"
@@ -44,13 +43,13 @@ void Answers::play(QWidget& dialog) {
         inFilterWindow(dialog);
         dialog.close();
     } else {
-        giveUp("a dialog that nobody expected: " + name.toStdString());
+        giveUp("a dialog that nobody expected: " + test_support::describe(dialog));
     }
 }
 
 void Answers::typeText(QWidget& dialog) {
     if (texts.empty())
-        giveUp("nothing to type for: " + dialog.windowTitle().toStdString());
+        giveUp("nothing to type for: " + test_support::describe(dialog));
     const QString text = texts.front(); // Chinese: no key has it
     texts.pop_front();
     test_support::type(text)(dialog);
@@ -59,17 +58,15 @@ void Answers::typeText(QWidget& dialog) {
 void Answers::answerBox(QWidget& dialog) const {
     auto* box = qobject_cast<QMessageBox*>(&dialog);
     if (!box || box->icon() == QMessageBox::Critical)
-        giveUp("the program tells a failure: " + (box ? box->text().toStdString() : std::string()));
+        giveUp("the program tells a failure: " + test_support::describe(dialog));
     QAbstractButton* cancel = agree ? nullptr : box->button(QMessageBox::Cancel);
     QTest::mouseClick(cancel ? cancel : box->button(QMessageBox::Ok), Qt::LeftButton);
 }
 
 void Answers::openFile(QWidget& dialog) const {
-    auto* files = qobject_cast<QFileDialog*>(&dialog);
-    if (!files || file.isEmpty())
+    if (file.isEmpty())
         giveUp("no file to choose");
-    test_support::controlAs<QLineEdit>(dialog, u"fileNameEdit"_s)->setText(file);
-    static_cast<QDialog*>(files)->accept();
+    test_support::chooseFile(file)(dialog);
 }
 
 } // namespace crash

@@ -6,14 +6,13 @@
 #include <fstream>
 #include <map>
 #include <optional>
-#include <random>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "crash/driver_process.h"
+#include "crash/kill_fixture.h"
 #include "crash/work.h"
-#include "environment_number.h"
 #include "history/text_lines.h"
 #include "scratch_folder.h"
 #include "workspace/templates.h"
@@ -108,16 +107,9 @@ void expectNothingLost(const Told& told, const crash::Contents& found) {
     expectOneOf(found.table, before.table, true, after(&crash::Contents::table), "combination table");
 }
 
-class Killing : public ::testing::Test {
+class Killing : public crash::KillFixture {
   protected:
-    const unsigned seed = environmentNumber("SSQ_SEED", std::random_device()());
-    const unsigned kills = environmentNumber("SSQ_KILLS", 200);
-    std::mt19937 random{seed};
-    ScratchFolder folder;
-
-    std::chrono::microseconds upTo(std::chrono::microseconds limit) {
-        return std::chrono::microseconds(std::uniform_int_distribution<long>(0, limit.count())(random));
-    }
+    Killing() : KillFixture(200) {}
 
     /// Half of the kills come soon after a store has begun, some during the start, the others anywhere.
     Told killOnce() {
@@ -139,8 +131,7 @@ class Killing : public ::testing::Test {
 };
 
 TEST_F(Killing, LosesNothingThatWasCommitted) {
-    std::printf("SSQ_SEED=%u, %u kills\n", seed, kills);
-    SCOPED_TRACE("SSQ_SEED=" + std::to_string(seed));
+    SCOPED_TRACE(seedText());
     std::map<std::string, int> moments;
     int done = 0;
     crash::Contents last = crash::Work(folder.path()).contents();
@@ -193,7 +184,6 @@ void writeText(const std::filesystem::path& file, const std::vector<history::Dra
 TEST_F(Killing, InAWholeReadingLeavesTheOldOrTheNewHistoryWhole) {
     std::ifstream file(SSQ_REAL_DATA "/draws.txt", std::ios::binary);
     ASSERT_TRUE(file);
-    std::printf("SSQ_SEED=%u, %u kills\n", seed, kills);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     const auto real = history::parseDraws(history::decodeText(QByteArray::fromStdString(bytes))).draws;
     ASSERT_EQ(real.size(), 3358u);
@@ -228,7 +218,6 @@ TEST_F(Killing, InAWholeReadingLeavesTheOldOrTheNewHistoryWhole) {
 }
 
 TEST_F(Killing, DuringTheFirstStartLeavesTemplatesWholeOrAbsent) {
-    std::printf("SSQ_SEED=%u\n", seed);
     std::map<int, int> found;
     for (unsigned kill = 0; kill < kills; ++kill) {
         const ScratchFolder fresh;

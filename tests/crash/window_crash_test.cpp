@@ -5,7 +5,6 @@
 // falls is for the machine to say. Each kill is followed by the next life on the same files.
 #include <algorithm>
 #include <map>
-#include <random>
 #include <set>
 #include <sstream>
 
@@ -13,8 +12,7 @@
 
 #include "crash/contents.h"
 #include "crash/driver_process.h"
-#include "environment_number.h"
-#include "scratch_folder.h"
+#include "crash/kill_fixture.h"
 
 namespace {
 
@@ -134,19 +132,13 @@ class Model {
     int m_done = 0;
 };
 
-class KillingWindows : public ::testing::Test {
+class KillingWindows : public crash::KillFixture {
   protected:
-    const unsigned seed = environmentNumber("SSQ_SEED", std::random_device()());
-    const unsigned kills = environmentNumber("SSQ_KILLS", 25);
-    std::mt19937 random{seed};
-    ScratchFolder folder;
+    KillingWindows() : KillFixture(25) {}
+
     Model model;
 
     std::filesystem::path home() const { return folder.path() / "home"; }
-
-    std::chrono::microseconds upTo(std::chrono::microseconds limit) {
-        return std::chrono::microseconds(std::uniform_int_distribution<long>(0, limit.count())(random));
-    }
 
     /// Half of the kills come soon after some step has begun, some during the start, the others anywhere.
     void killOnce(const std::string& program) {
@@ -188,8 +180,7 @@ TEST_F(KillingWindows, LosesNothingThatTheyHaveShownAsDone) {
 #ifndef SSQ_WINDOW_DRIVER
     GTEST_SKIP() << "built without windows";
 #else
-    std::printf("SSQ_SEED=%u, %u kills\n", seed, kills);
-    SCOPED_TRACE("SSQ_SEED=" + std::to_string(seed));
+    SCOPED_TRACE(seedText());
     std::map<std::string, int> moments;
     for (unsigned kill = 0; kill < kills && !HasFailure(); ++kill) {
         killOnce(SSQ_WINDOW_DRIVER);

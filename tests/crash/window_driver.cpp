@@ -5,23 +5,14 @@
 #include <QApplication>
 #include <QLoggingCategory>
 
-#include <gtest/gtest.h>
-
 #include "crash/say.h"
 #include "crash/window_user.h"
+#include "support/end_at_failure.h"
 #include "toolkit/look.h"
 #include "workspace/paths.h"
 #include "workspace/safe_file.h"
 
 namespace {
-
-/// A control that is missing or disabled: the helpers of the tests add a failure then.
-class EndAtFailure : public testing::EmptyTestEventListener {
-    void OnTestPartResult(const testing::TestPartResult& result) override {
-        if (result.failed())
-            crash::giveUp(result.summary());
-    }
-};
 
 void setFolders(const std::filesystem::path& folder) {
     const std::pair<const char*, const char*> folders[] = {{"SSQDESK_HOME", "home"},
@@ -47,10 +38,7 @@ int main(int count, char** arguments) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     int none = 1;
-    testing::InitGoogleTest(&none, arguments);
-    testing::TestEventListeners& listeners = testing::UnitTest::GetInstance()->listeners();
-    delete listeners.Release(listeners.default_result_printer());
-    listeners.Append(new EndAtFailure);
+    test_support::endAtFirstFailure([](const std::string& what) { crash::say("failed\t" + what); });
     QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false")); // what the display without a screen lacks
     QApplication application(none, arguments);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -1,7 +1,5 @@
 // Bets, the filter window over them, and the settings of the main window.
 #include <QAbstractItemModel>
-#include <QRadioButton>
-#include <QScrollArea>
 #include <QTest>
 
 #include "crash/say.h"
@@ -85,8 +83,6 @@ void WindowUser::pressInFilterWindow(QWidget& window) {
 void WindowUser::pressParameter(QWidget& window) {
     const auto catalogue = filter::sixAndBlueCatalogue();
     const auto& parameter = catalogue[static_cast<std::size_t>(below(static_cast<int>(catalogue.size())))];
-    auto* rows = controlAs<QScrollArea>(window, u"ParameterRows"_s);
-    rows->ensureWidgetVisible(test_support::control(window, text(parameter.option)));
     press(window, u"Option1(%1)"_s.arg(below(2)));
     const int low = below(8);
     typeInto(window, u"%1(%2)"_s.arg(text(parameter.boxes.name)).arg(parameter.boxes.low), QString::number(low));
@@ -97,11 +93,8 @@ void WindowUser::pressParameter(QWidget& window) {
 
 void WindowUser::toggleRow(QWidget& window) {
     auto* grid = controlAs<toolkit::DataGrid>(window, u"MSFlexGrid1"_s);
-    if (grid->model()->rowCount() == 0)
-        return;
-    const QPoint place = grid->visualRect(grid->model()->index(0, 1)).center();
-    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, place);
-    QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, place);
+    if (grid->model()->rowCount() > 0)
+        test_support::doubleClickCell(*grid, 0, 1);
 }
 
 void WindowUser::tellTable() {

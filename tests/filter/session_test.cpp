@@ -362,9 +362,11 @@ TEST_P(Sessions, ShowAllRowsAfterAGenerationAndThoseInPlayAfterAKeep) {
     state.row(parameter("Option13")).even = true;
     EXPECT_EQ(session.run(filter::Press{&parameter("Option13")}, state).left, 12); // 2 and five of 3 to 8, two blues
     EXPECT_EQ(session.steps().back().what, "红1位 保留 2~99 偶");
+    EXPECT_NE(session.title().find("合计：12注"), std::string::npos) << "the title follows each step";
     Session again(*filter::findMember("GAganMb"), {*table.database, table.history, table.Bitnum, Baoliu});
     EXPECT_EQ(again.generate(keepTable).view.rows.count(), 12);
     EXPECT_EQ(again.inPlay(), 12);
+    EXPECT_NE(again.title().find("12"), std::string::npos) << "what a keep has left";
     EXPECT_EQ(again.total(), 56);
     Session bankers(*filter::findMember("Gdanagan"), {*table.database, table.history, table.Bitnum, Baoliu});
     EXPECT_EQ(bankers.generate(enumeration).left, 0); // six bankers: none is written, but a title is told
@@ -387,6 +389,12 @@ TEST_P(Sessions, KeepTableAndStepsWhenAGenerationIsGivenUp) {
     EXPECT_EQ(outcome.view.rows.count(), 55);
     EXPECT_EQ(session.steps().size(), 1U);
     EXPECT_NE(session.title().find("合计：55注"), std::string::npos);
+}
+
+/// A workspace that has never generated has no such table yet: its window opens on nothing.
+TEST_P(Sessions, CountNoRowsWhereThereIsNoTable) {
+    EXPECT_EQ(session.total(), 0);
+    EXPECT_EQ(session.generate(keepTable).left, 0);
 }
 
 TEST_P(Sessions, TellTheShareOfPastDrawsInTheRangeAndTheLatestValues) {
@@ -443,6 +451,7 @@ TEST(WindowStates, HoldWhatTheBoxesSayWhenAWindowOpens) {
     EXPECT_TRUE(state.keep);
     EXPECT_EQ(state.intervalAbove + " " + state.intervalTo + " " + state.pickedNumbers, "0 9 ");
     EXPECT_EQ(state.toleranceCount + " " + state.tolerancePercent, "1 10");
+    EXPECT_EQ(state.percent, "100");
     EXPECT_FALSE(state.tolerance);
     EXPECT_EQ(state.logic, filter::Logic::And);
     WindowState other = state;

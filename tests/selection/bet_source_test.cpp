@@ -6,8 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include "combination_fixture.h"
 #include "executor_names.h"
-#include "scratch_folder.h"
 
 namespace selection {
 namespace {
@@ -41,19 +41,8 @@ class Impatient final : public workspace::Progress {
     double m_share = 0;
 };
 
-class BetSources : public testing::TestWithParam<sql::Executor> {
+class BetSources : public CombinationsOnEither {
   protected:
-    /// Every column of every row.
-    std::vector<std::string> everything() {
-        const sql::Rows rows = db->query("SELECT * FROM [zuhe]");
-        std::vector<std::string> lines;
-        for (std::int64_t row = 0; row < rows.count(); ++row) {
-            lines.emplace_back();
-            for (int column = 0; column < rows.columnCount(); ++column)
-                lines.back() += (sql::isNull(rows.at(row, column)) ? "Null" : rows.textAt(row, column)) + '|';
-        }
-        return lines;
-    }
     /// A table with values, reasons and states.
     void makeFormer() {
         GenerationInput input = someReds(9, 2);
@@ -67,11 +56,6 @@ class BetSources : public testing::TestWithParam<sql::Executor> {
               "[JSqihao]=2026001 WHERE [idx] > 30", "[Numstring]=\"01 \" & [fig1] WHERE [idx] < 40"})
             db->execute(std::string("UPDATE [zuhe] SET ") + change);
     }
-
-    ScratchFolder folder;
-    std::filesystem::path file = folder.path() / "filnum.mdb";
-    sql::Engine engine{sql::EngineOptions{.combinations = GetParam()}};
-    std::unique_ptr<sql::Database> db = engine.create(file);
 };
 
 TEST_P(BetSources, AGenerationThatIsGivenUpLeavesTheFormerTableWhole) {
@@ -89,9 +73,7 @@ TEST_P(BetSources, AGenerationThatIsGivenUpLeavesTheFormerTableWhole) {
         EXPECT_FALSE(db->storePending());
         ASSERT_EQ(everything(), before) << "given up after " << patience;
     }
-    db.reset();
-    db = engine.open(file);
-    EXPECT_EQ(everything(), before);
+    EXPECT_EQ(everythingInTheFile(), before);
 }
 
 TEST_P(BetSources, AGenerationThatGoesOnIsToldEachSixtyFourthPart) {

@@ -5,13 +5,11 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include "scratch_folder.h"
-#include "sql/database.h"
-#include "sql/slt_support.h"
+#include "combination_fixture.h"
 
 namespace {
 
-class StoredColumns : public ::testing::Test {
+class StoredColumns : public ::testing::Test, protected CombinationFixture {
   protected:
     void fill(std::int32_t rows) {
         db->execute("CREATE TABLE [zuhe]([idx] integer,[fig1] integer,[canshu] integer,[Fliter] string,[unslt] bit)");
@@ -26,25 +24,8 @@ class StoredColumns : public ::testing::Test {
 
     void reopen() {
         db->store();
-        db.reset();
-        db = engine.open(file);
+        CombinationFixture::reopen();
     }
-
-    std::vector<std::string> everything() {
-        const sql::Rows rows = db->query("SELECT * FROM [zuhe]");
-        std::vector<std::string> lines;
-        for (std::int64_t row = 0; row < rows.count(); ++row) {
-            lines.emplace_back();
-            for (int column = 0; column < rows.columnCount(); ++column)
-                lines.back() += slt::shown(rows.at(row, column)) + "|";
-        }
-        return lines;
-    }
-
-    ScratchFolder folder;
-    std::filesystem::path file = folder.path() / "a.mdb";
-    sql::Engine engine;
-    std::unique_ptr<sql::Database> db = engine.create(file);
 };
 
 TEST_F(StoredColumns, ComeBackAsTheyWereAroundTheEndsOfChunks) {

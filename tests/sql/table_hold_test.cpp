@@ -1,16 +1,14 @@
 // A held table: whatever statements do to its name, it is back as it was unless the new one is released.
 #include <gtest/gtest.h>
 
+#include "combination_fixture.h"
 #include "executor_names.h"
-#include "scratch_folder.h"
-#include "sql/database.h"
-#include "sql/slt_support.h"
 
 namespace {
 
 constexpr const char* kCreate = "CREATE TABLE [zuhe]([idx] integer,[canshu] integer,[Fliter] string,[unslt] bit)";
 
-class Held : public ::testing::TestWithParam<sql::Executor> {
+class Held : public CombinationsOnEither {
   protected:
     void append(std::int32_t rows) {
         std::vector<std::int32_t> idx(static_cast<std::size_t>(rows));
@@ -29,27 +27,6 @@ class Held : public ::testing::TestWithParam<sql::Executor> {
         db->execute(kCreate);
         append(70000);
     }
-
-    std::vector<std::string> everything() {
-        const sql::Rows rows = db->query("SELECT * FROM [zuhe]");
-        std::vector<std::string> lines;
-        for (std::int64_t row = 0; row < rows.count(); ++row) {
-            lines.emplace_back();
-            for (int column = 0; column < rows.columnCount(); ++column)
-                lines.back() += slt::shown(rows.at(row, column)) + "|";
-        }
-        return lines;
-    }
-    std::vector<std::string> everythingInTheFile() {
-        db.reset();
-        db = engine.open(file);
-        return everything();
-    }
-
-    ScratchFolder folder;
-    std::filesystem::path file = folder.path() / "a.mdb";
-    sql::Engine engine{sql::EngineOptions{.combinations = GetParam()}};
-    std::unique_ptr<sql::Database> db = engine.create(file);
 };
 
 TEST_P(Held, IsBackWithEveryColumnWhenTheNewOneIsNotReleased) {
@@ -161,8 +138,7 @@ TEST_P(HeldColumns, IsReadFromTheFileAgainWhenItHadNotBeenRead) {
     makeFormer();
     const auto before = everything();
     db->store();
-    db.reset();
-    db = engine.open(file);
+    reopen();
     {
         const sql::TableHold hold(*db, "zuhe");
         makeAnother();

@@ -6,6 +6,8 @@
 #include <QCheckBox>
 #include <QMenu>
 #include <QRadioButton>
+#include <QScrollArea>
+#include <QTableView>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -14,13 +16,21 @@ namespace test_support {
 
 namespace {
 
+void bringIntoSight(QWidget& widget) {
+    for (QWidget* above = widget.parentWidget(); above; above = above->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(above))
+            area->ensureWidgetVisible(&widget);
+}
+
 QWidget* usable(QWidget& parent, const QString& name) {
     QWidget* found = control(parent, name);
     if (!found)
         return nullptr;
     const char* reason = !found->isVisible() ? "hidden" : !found->isEnabled() ? "disabled" : nullptr;
-    if (!reason)
+    if (!reason) {
+        bringIntoSight(*found);
         return found;
+    }
     detail::failNoControl(parent, name, reason);
     return nullptr;
 }
@@ -33,8 +43,12 @@ QPoint clickPoint(const QWidget& widget) {
 }
 
 void click(QWidget& parent, const QString& name, Qt::MouseButton button) {
-    if (QWidget* widget = usable(parent, name))
-        QTest::mouseClick(widget, button, {}, clickPoint(*widget));
+    QWidget* widget = usable(parent, name);
+    if (!widget)
+        return;
+    const QPoint place = clickPoint(*widget);
+    QTest::mouseMove(widget, place);
+    QTest::mouseClick(widget, button, {}, place);
 }
 
 bool openMenusAbove(QAction& entry) {
@@ -115,6 +129,12 @@ void typeInto(QWidget& parent, const QString& name, const QString& text) {
 void typeInto(const QString& windowName, const QString& name, const QString& text) {
     if (QWidget* found = window(windowName))
         typeInto(*found, name, text);
+}
+
+void doubleClickCell(QTableView& table, int row, int column) {
+    const QPoint place = table.visualRect(table.model()->index(row, column)).center();
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, place);
 }
 
 void trigger(QWidget& parent, const QString& name) {

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QAction;
+class QTableView;
 
 namespace test_support {
 
@@ -17,7 +18,8 @@ QWidget* control(QWidget& parent, const QString& name);
 template <class Control> Control* controlAs(QWidget& parent, const QString& name);
 QAction* action(QWidget& parent, const QString& name);
 
-/// A left click on the middle of a control (on the mark of a check box or an option).
+/// A left click on the middle of a control (on the mark of a check box or an option). A control of a scrolled area is
+/// brought into sight first, as a user would.
 void press(QWidget& parent, const QString& name);
 void press(const QString& windowName, const QString& name);
 /// A right click on the middle of a control.
@@ -26,6 +28,8 @@ void rightPress(const QString& windowName, const QString& name);
 /// Replaces the text of an edit key by key.
 void typeInto(QWidget& parent, const QString& name, const QString& text);
 void typeInto(const QString& windowName, const QString& name, const QString& text);
+/// Both clicks of a double click on a cell that is in sight.
+void doubleClickCell(QTableView& table, int row, int column);
 /// Chooses a menu entry or tool button: the menus above it open first (aboutToShow), and must be enabled as it must.
 void trigger(QWidget& parent, const QString& name);
 void trigger(const QString& windowName, const QString& name);

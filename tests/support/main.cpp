@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/modal_script.h"
 #include "toolkit/look.h"
 
 int main(int count, char** arguments) {
@@ -12,5 +13,6 @@ int main(int count, char** arguments) {
     QApplication application(count, arguments);
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::applyLook(application, toolkit::Scheme::Light);
+    const test_support::UnexpectedDialogs guard;
     return RUN_ALL_TESTS();
 }

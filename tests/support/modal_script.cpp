@@ -3,14 +3,23 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QEvent>
+#include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
 namespace test_support {
 
 namespace {
+
+constexpr const char* kTaken = "taken by a ModalWatch"; // property of a dialog that stands open
 
 void close(QWidget& widget) {
     if (auto* dialog = qobject_cast<QDialog*>(&widget))
@@ -19,28 +28,63 @@ void close(QWidget& widget) {
         widget.close();
 }
 
-QMessageBox* messageBox(QWidget& dialog) {
-    auto* box = qobject_cast<QMessageBox*>(&dialog);
-    if (!box) {
-        ADD_FAILURE() << "not a message box: " << dialog.objectName().toStdString();
+/// The dialog as what it has to be; closed with a failure when it is none.
+template <class Dialog> Dialog* as(QWidget& dialog, const char* what) {
+    auto* found = qobject_cast<Dialog*>(&dialog);
+    if (!found) {
+        ADD_FAILURE() << "not " << what << ": " << describe(dialog);
         close(dialog);
     }
-    return box;
+    return found;
 }
 
-void pressButton(QMessageBox& box, QMessageBox::StandardButton which) {
-    QAbstractButton* button = box.button(which);
+void pressButton(QWidget& dialog, QAbstractButton* button) {
     if (button)
-        return button->click();
-    ADD_FAILURE() << "the message box has no such button: " << box.text().toStdString();
-    close(box);
+        return QTest::mouseClick(button, Qt::LeftButton);
+    ADD_FAILURE() << "no such button: " << describe(dialog);
+    close(dialog);
+}
+
+QString textOf(const QWidget& dialog) {
+    if (const auto* box = qobject_cast<const QMessageBox*>(&dialog))
+        return QStringList{box->text(), box->informativeText(), box->detailedText()}.join(u' ').trimmed();
+    QStringList texts;
+    for (const QLabel* label : dialog.findChildren<QLabel*>())
+        if (label->isVisible())
+            texts << label->text();
+    return texts.join(u' ');
 }
 
 } // namespace
 
+std::string describe(const QWidget& dialog) {
+    const auto words = QStringLiteral("%1 \"%2\": %3").arg(dialog.objectName(), dialog.windowTitle(), textOf(dialog));
+    return words.toStdString();
+}
+
 ModalWatch::ModalWatch() {
-    connect(&m_timer, &QTimer::timeout, this, &ModalWatch::look);
-    m_timer.start(0);
+    qApp->installEventFilter(this); // the filter that was installed last sees a dialog first
+}
+
+bool ModalWatch::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::Show && event->type() != QEvent::Hide)
+        return false;
+    auto* dialog = qobject_cast<QWidget*>(watched);
+    if (!dialog || !dialog->isWindow() || !dialog->isModal() ||
+        dialog->objectName() == u"Dialog") // the progress of long work asks nothing
+        return false;
+    const bool taken = dialog->property(kTaken).toBool();
+    dialog->setProperty(kTaken, event->type() == QEvent::Show);
+    if (event->type() == QEvent::Hide || taken)
+        return false;
+    // The second turn of the dialog's own event loop: what it does first itself, such as to take the focus or to list
+    // a folder, is over.
+    const auto playIfOpen = [this, open = QPointer(dialog)] {
+        if (open && open->isVisible())
+            play(*open);
+    };
+    QTimer::singleShot(0, this, [this, playIfOpen] { QTimer::singleShot(0, this, playIfOpen); });
+    return false;
 }
 
 ModalScript::ModalScript(std::vector<ModalStep> steps)
@@ -51,32 +95,9 @@ ModalScript::~ModalScript() {
         ADD_FAILURE() << "a dialog never came: " << step.name.toStdString();
 }
 
-void ModalWatch::look() {
-    QWidget* dialog = QApplication::activeModalWidget();
-    if (!dialog || !dialog->isVisible() ||
-        dialog->objectName() == u"Dialog") // the progress of long work asks nothing
-        return;
-    for (const auto& open : m_open)
-        if (open == dialog)
-            return;
-    m_open.emplace_back(dialog);
-    dialog->installEventFilter(this);
-    // Not from within this timer's own slot: a timer does not fire in an event loop that its slot has started.
-    QTimer::singleShot(0, dialog, [this, dialog] { play(*dialog); });
-}
-
-bool ModalWatch::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Hide)
-        std::erase_if(m_open, [watched](const auto& open) { return !open || open == watched; });
-    return false;
-}
-
 void ModalScript::play(QWidget& dialog) {
-    const QString name = dialog.objectName();
-    if (m_steps.empty() || m_steps.front().name != name) {
-        const auto* box = qobject_cast<QMessageBox*>(&dialog);
-        ADD_FAILURE() << "a dialog that nobody expected: " << name.toStdString()
-                      << (box ? " \"" + box->text().toStdString() + '"' : std::string()) << ", expected "
+    if (m_steps.empty() || m_steps.front().name != dialog.objectName()) {
+        ADD_FAILURE() << "a dialog that nobody expected: " << describe(dialog) << ", expected "
                       << (m_steps.empty() ? std::string("none") : m_steps.front().name.toStdString());
         return close(dialog);
     }
@@ -85,16 +106,22 @@ void ModalScript::play(QWidget& dialog) {
     act(dialog);
 }
 
+void UnexpectedDialogs::play(QWidget& dialog) {
+    ADD_FAILURE() << "a dialog that nobody expected: " << describe(dialog) << ", outside every script";
+    close(dialog);
+}
+
 ModalAction type(const QString& text) {
     return [text](QWidget& dialog) {
         auto* edit = dialog.findChild<QLineEdit*>();
-        auto* box = qobject_cast<QDialog*>(&dialog);
-        if (!edit || !box) {
-            ADD_FAILURE() << "no box to type into: " << dialog.objectName().toStdString();
+        auto* buttons = dialog.findChild<QDialogButtonBox*>();
+        if (!edit || !buttons) {
+            ADD_FAILURE() << "no box to type into: " << describe(dialog);
             return close(dialog);
         }
-        edit->setText(text);
-        box->accept();
+        edit->selectAll();
+        edit->insert(text);
+        pressButton(dialog, buttons->button(QDialogButtonBox::Ok));
     };
 }
 
@@ -104,13 +131,13 @@ ModalAction cancel() {
 
 ModalAction answer(const QString& text, QMessageBox::StandardButton button) {
     return [text, button](QWidget& dialog) {
-        QMessageBox* box = messageBox(dialog);
+        auto* box = as<QMessageBox>(dialog, "a message box");
         if (!box)
             return;
         if (!text.isEmpty()) {
             EXPECT_EQ(box->text().toStdString(), text.toStdString());
         }
-        pressButton(*box, button);
+        pressButton(dialog, box->button(button));
     };
 }
 
@@ -118,6 +145,17 @@ ModalAction answer(const QString& text, const QString& title, QMessageBox::Stand
     return [text, title, button](QWidget& dialog) {
         EXPECT_EQ(dialog.windowTitle().toStdString(), title.toStdString());
         answer(text, button)(dialog);
+    };
+}
+
+ModalAction chooseFile(const QString& path) {
+    return [path](QWidget& dialog) {
+        auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        auto* files = as<QFileDialog>(dialog, "a file dialog");
+        if (!files || !edit)
+            return;
+        edit->setText(path);
+        static_cast<QDialog*>(files)->accept();
     };
 }
 

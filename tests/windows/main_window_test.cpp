@@ -254,13 +254,6 @@ TEST_F(MainWindow, SharesAreShownByNumber) {
     EXPECT_EQ(text(u"LabelBlueShare(16)"_s), u"6.26%"_s);
 }
 
-TEST(ShareBar, IsHalfLongAtTheExpectedShareAndGrowsThreeAPoint) {
-    EXPECT_DOUBLE_EQ(mainwin::shareBarLength(4.0, 25), 3);
-    EXPECT_DOUBLE_EQ(mainwin::shareBarLength(4.5, 25), 4.5);
-    EXPECT_DOUBLE_EQ(mainwin::shareBarLength(0, 25), 0);
-    EXPECT_DOUBLE_EQ(mainwin::shareBarLength(100, 25), 6);
-}
-
 TEST_F(MainWindow, ClosingTellsTheProgramAndRemembersThePlace) {
     open();
     const QSignalSpy closed(form.get(), &Form1::closed);

@@ -6,12 +6,12 @@
 
 #include <QFile>
 #include <QFileDialog>
-#include <QLineEdit>
 
 #include <gtest/gtest.h>
 
 #include "mainwin/windows/program.h"
 #include "support/controls.h"
+#include "support/first_steps.h"
 #include "support/fresh_home.h"
 #include "support/modal_script.h"
 
@@ -34,15 +34,8 @@ class ProgramFixture : public testing::Test {
         return *program;
     }
 
-    void createUser(const QString& name, const QString& password = {}) {
-        using namespace Qt::StringLiterals;
-        using test_support::type;
-        const test_support::ModalScript script(
-            {{u"InputBox"_s, type(name)}, {u"InputBox"_s, type(password)}, {u"InputBox"_s, type(password)}});
-        test_support::press(u"Frmpre"_s, u"Label2"_s);
-    }
-
-    void enter() { test_support::press(QStringLiteral("Frmpre"), QStringLiteral("Label3")); }
+    void createUser(const QString& name, const QString& password = {}) { test_support::createUser(name, password); }
+    void enter() { test_support::enter(); }
 
     mainwin::Program& enterAs(const QString& name) {
         start();
@@ -59,14 +52,13 @@ class ProgramFixture : public testing::Test {
         return path;
     }
 
-    /// Types a path into the file dialog and opens it.
+    /// As the shared one, and the dialog offers texts alone.
     static test_support::ModalAction chooseFile(const QString& path) {
         return [path](QWidget& dialog) {
-            auto* files = qobject_cast<QFileDialog*>(&dialog);
-            ASSERT_NE(files, nullptr);
-            EXPECT_EQ(files->nameFilters(), QStringList{QStringLiteral("Text(*.txt)")});
-            test_support::controlAs<QLineEdit>(dialog, QStringLiteral("fileNameEdit"))->setText(path);
-            static_cast<QDialog*>(files)->accept();
+            if (auto* files = qobject_cast<QFileDialog*>(&dialog)) {
+                EXPECT_EQ(files->nameFilters(), QStringList{QStringLiteral("Text(*.txt)")});
+            }
+            test_support::chooseFile(path)(dialog);
         };
     }
 

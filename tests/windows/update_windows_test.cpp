@@ -171,18 +171,16 @@ TEST_F(UpdateWindows, WithoutAHostTheFailureIsToldAtOnce) {
 
 TEST_F(UpdateWindows, TheDownloadedTextIsOfferedToTheReading) {
     enter();
-    const ModalScript script(
-        {ask(kTextQuestion, kTitle),
-         panel(),
-         ask(kTextDone, kNoTitle),
-         ask({}, u"读入历史"_s),
-         {u"FileDialog"_s, [this](QWidget& dialog) {
-              auto* files = qobject_cast<QFileDialog*>(&dialog);
-              ASSERT_NE(files, nullptr);
-              EXPECT_EQ(files->directory().path(), home.folderName() + u"/双色历史号码"_s);
-              controlAs<QLineEdit>(dialog, u"fileNameEdit"_s)->setText(u"中国福利彩票双色球.Txt"_s);
-              static_cast<QDialog*>(files)->accept();
-          }}});
+    const ModalScript script({ask(kTextQuestion, kTitle),
+                              panel(),
+                              ask(kTextDone, kNoTitle),
+                              ask({}, u"读入历史"_s),
+                              {u"FileDialog"_s, [this](QWidget& dialog) {
+                                   auto* files = qobject_cast<QFileDialog*>(&dialog);
+                                   ASSERT_NE(files, nullptr);
+                                   EXPECT_EQ(files->directory().path(), home.folderName() + u"/双色历史号码"_s);
+                                   test_support::chooseFile(u"中国福利彩票双色球.Txt"_s)(dialog);
+                               }}});
     trigger(u"Form1"_s, u"mnuNew"_s);
     EXPECT_EQ(gridRows(), 3);
     EXPECT_EQ(program->book.history().Lshm.back(), kDraws.back());

@@ -10,20 +10,31 @@
 
 #include <QApplication>
 #include <QCryptographicHash>
+#include <QDialog>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
 
 #include "evening/stage.h"
 #include "mainwin/windows/program.h"
 #include "sql/value.h"
+#include "support/controls.h"
+#include "support/end_at_failure.h"
+#include "support/first_steps.h"
+#include "support/modal_script.h"
 #include "toolkit/look.h"
 #include "workspace/paths.h"
 
 using namespace Qt::StringLiterals;
 using evening::Stage;
+using test_support::ModalScript;
 
 namespace {
 
 constexpr unsigned kSeed = 20030216;
 constexpr int kMadeUpDraws = 2000;
+constexpr int kDrawPatienceMs = 120'000; // it takes some seconds
 
 /// A history that nobody drew: the same at every run.
 void writeMadeUpDraws(const std::filesystem::path& file) {
@@ -52,32 +63,28 @@ class Evening {
         makeWorkspace();
         readHistory();
         chooseNumbers();
-        m_stage.script(
-            [this] {
-                m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuLst"_s});
-            },
-            {{u"GAgan"_s, [this](QWidget&) { filter(); }}});
+        generateAndFilter();
         writeBets();
         writeChecksum();
-        m_stage.window(u"Form1"_s).close();
+        drawNumbers();
+        test_support::window(u"Form1"_s)->close();
     }
 
   private:
     void makeWorkspace() {
-        m_stage.window(u"Frmpre"_s);
         m_stage.show(u"users"_s, u"程序已启动，还没有用户"_s);
         const QString name = m_madeUp ? u"虚构历史[双色球]"_s : u"张先生[双色球33选6]"_s;
-        m_stage.script([this] { m_stage.click(u"Frmpre"_s, u"Label2"_s); },
-                       {Stage::answerInput(name), Stage::answerInput({}), Stage::answerInput({})});
+        test_support::createUser(name);
         m_stage.show(u"workspace"_s, u"新建用户 "_s + name);
-        m_stage.click(u"Frmpre"_s, u"Label3"_s);
-        m_stage.window(u"Form1"_s);
+        test_support::enter();
         m_stage.show(u"empty"_s, u"进入系统，历史为空"_s);
     }
 
     void readHistory() {
-        m_stage.script([this] { m_stage.click(u"Form1"_s, u"cmdRead"_s); },
-                       {Stage::pressOk(), Stage::chooseFile(m_draws)});
+        const ModalScript script(
+            {{u"MsgBox"_s, test_support::answer({})},
+             {u"FileDialog"_s, test_support::chooseFile(QString::fromStdString(m_draws.string()))}});
+        m_stage.click(u"Form1"_s, u"cmdRead"_s);
         m_stage.show(u"history"_s, u"读取历史 %1 期%2"_s.arg(m_program.book.history().Lsnum)
                                        .arg(m_madeUp ? u"（虚构，种子 %1）"_s.arg(kSeed) : QString()));
     }
@@ -126,7 +133,12 @@ class Evening {
         m_stage.show(u"inverted"_s, u"上一步过滤反选两次: "_s + left());
         m_stage.doubleClickCell(u"GAgan"_s, u"MSFlexGrid1"_s, 1, 0);
         m_stage.show(u"deleted"_s, u"双击删除一注: "_s + left());
-        m_stage.window(u"GAgan"_s).close();
+        test_support::window(u"GAgan"_s)->close();
+    }
+
+    void generateAndFilter() {
+        const ModalScript script({{u"GAgan"_s, [this](QWidget&) { filter(); }}});
+        m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuLst"_s});
     }
 
     /// The bets in play, one a line, as a text file wants them.
@@ -161,6 +173,25 @@ class Evening {
         m_stage.say(u"所有表的校验和 "_s + QString::fromLatin1(hash.result().toHex().left(16)));
     }
 
+    /// A simulated draw among seven reds, by the smallest stability factor, until it stops by itself. It changes no
+    /// table. Without a pause between its ticks: the evening waits for it.
+    void drawNumbers() {
+        QWidget& form = *test_support::window(u"Form1"_s);
+        form.findChild<QTimer*>(u"Timer1"_s)->setInterval(0);
+        m_stage.click(u"Form1"_s, u"Command45"_s);
+        for (const int red : {3, 8, 12, 17, 22, 28, 33})
+            m_stage.click(u"Form1"_s, u"Command1(%1)"_s.arg(red));
+        m_stage.menu(u"Form1"_s, {u"meuCol"_s, u"meuSpd"_s, u"meuSpd1"_s});
+        const ModalScript script({{u"MsgBox"_s, [this](QWidget& question) {
+                                       m_stage.show(u"draw"_s, u"摇奖分析: 稳定系数 %1，预测已得出"_s.arg(
+                                                                   m_program.simulator.stability.Wd));
+                                       static_cast<QDialog&>(question).reject();
+                                   }}});
+        m_stage.click(u"Form1"_s, u"ComSta"_s);
+        if (!QTest::qWaitFor([&script] { return script.left() == 0; }, kDrawPatienceMs))
+            ADD_FAILURE() << "the draw does not stop";
+    }
+
     Stage& m_stage;
     mainwin::Program& m_program;
     std::filesystem::path m_draws;
@@ -173,6 +204,9 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     toolkit::applyLook(application);
+    test_support::endAtFirstFailure(
+        [](const std::string& what) { std::fprintf(stderr, "failed: %s\n", what.c_str()); });
+    const test_support::UnexpectedDialogs guard;
     Stage stage(argc > 1 ? argv[1] : "out");
     const std::filesystem::path scratch = workspace::programFolder() / "evening.txt";
     const bool real = argc > 2 && std::filesystem::exists(argv[2]);
