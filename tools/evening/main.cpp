@@ -64,9 +64,9 @@ class Evening {
         readHistory();
         chooseNumbers();
         generateAndFilter();
+        drawNumbers();
         writeBets();
         writeChecksum();
-        drawNumbers();
         test_support::window(u"Form1"_s)->close();
     }
 
