@@ -216,6 +216,16 @@ TEST_F(DrawWindowTest, TheTraceCanBeMagnified) {
     EXPECT_EQ(trace->tickAt(trace->width()), 5000);
 }
 
+TEST_F(DrawWindowTest, SixteenNumbersDoNotWidenTheirColumn) {
+    press(form(), u"Command41"_s);
+    const int width = control(form(), u"DrawPanel"_s)->width();
+    trigger(form(), u"meuDanxuan(16)"_s);
+    press(form(), u"ComSta"_s);
+    waitForTicks(3);
+    EXPECT_TRUE(control(form(), u"Label2(15)"_s)->isVisible());
+    EXPECT_EQ(control(form(), u"DrawPanel"_s)->width(), width);
+}
+
 TEST_F(DrawWindowTest, CancelLeavesTheResultForLater) {
     choose({3, 8, 12, 17, 21, 26, 30}, {5});
     makeRunsShort();

@@ -8,7 +8,6 @@
 
 #include "toolkit/card.h"
 #include "toolkit/colours.h"
-#include "toolkit/fixed_label.h"
 
 using namespace Qt::StringLiterals;
 
@@ -79,9 +78,9 @@ QHBoxLayout* DrawPanel::numberRow(const QString& captionName, const QString& cap
     row->setSpacing(2);
     row->addWidget(label(captionName, caption));
     for (std::size_t place = 0; place < numbers.size(); ++place) {
-        QLabel* number = label(u"%1(%2)"_s.arg(name).arg(place), {});
+        auto* number = new toolkit::QuickLabel(m_characters, u"00"_s);
+        number->setObjectName(u"%1(%2)"_s.arg(name).arg(place));
         number->setAlignment(Qt::AlignCenter);
-        toolkit::fixSize(*number, u"00"_s);
         numbers[place] = number;
         row->addWidget(number);
     }

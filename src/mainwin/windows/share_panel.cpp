@@ -11,7 +11,6 @@
 
 #include "mainwin/main_texts.h"
 #include "toolkit/card.h"
-#include "toolkit/fixed_label.h"
 #include "toolkit/look.h"
 
 using namespace Qt::StringLiterals;
@@ -92,12 +91,11 @@ std::vector<SharePanel::Row> SharePanel::makeRows(int count, QColor toolkit::Col
     std::vector<Row> rows;
     for (int number = 1; number <= count; ++number) {
         const QString index = u"(%1)"_s.arg(number);
-        const Row row{new toolkit::InkLabel(names.caption + index, ink, shareCaption(number)), new QLabel,
-                      new ShareBar};
+        const Row row{new toolkit::InkLabel(names.caption + index, ink, shareCaption(number)),
+                      new toolkit::QuickLabel(m_characters, u"100.00%"_s), new ShareBar};
         row.share->setObjectName(names.share + index);
         row.bar->setObjectName(names.bar + index);
         row.share->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        toolkit::fixSize(*row.share, u"100.00%"_s);
         rows.push_back(row);
     }
     return rows;

@@ -9,6 +9,7 @@
 
 #include "history/history.h"
 #include "toolkit/ink_label.h"
+#include "toolkit/quick_label.h"
 
 class QGridLayout;
 class QLabel;
@@ -63,6 +64,7 @@ class SharePanel : public QWidget {
     int placeRows(const std::vector<Row>& rows, int count, int firstLine);
     void place(int reds, int blues);
 
+    toolkit::LaidOutCharacters m_characters;
     QGridLayout* m_grid;
     toolkit::InkLabel* m_expected;
     std::vector<Row> m_reds;
