@@ -195,6 +195,8 @@ void Pad::clearBlues() {
 }
 
 void Pad::setRule(int reds, int blues) {
+    const int redsBefore = Redcnt + Dancnt;
+    const int bluesBefore = Bluecnt;
     for (int number = reds + 1; number <= kMostReds; ++number) {
         const auto index = static_cast<std::size_t>(number);
         if (Redsel[index])
@@ -208,7 +210,11 @@ void Pad::setRule(int reds, int blues) {
             dropBlue(number);
     m_reds = reds;
     m_blues = blues;
-    tellReds();
+    if (Redcnt + Dancnt != redsBefore)
+        tellReds();
+    if (Bluecnt != bluesBefore)
+        tellBlues();
+    emit changed();
 }
 
 void Pad::sortReds() {

@@ -67,7 +67,8 @@ class Pad : public QObject {
     void invertBlues();
     void clearBlues();
 
-    /// Another rule: numbers above it leave the pad as if they had been pressed once more.
+    /// Another rule: numbers above it leave the pad as if they had been pressed once more. A rule that all chosen
+    /// numbers keep changes no choice, so that a simulated draw goes on undisturbed.
     void setRule(int reds, int blues);
     int reds() const { return m_reds; }
     int blues() const { return m_blues; }

@@ -37,7 +37,7 @@ void Simulator::start() {
 }
 
 void Simulator::startUntested() {
-    run(m_controls.arrange);
+    run(true);
 }
 
 void Simulator::run(bool arrange) {
@@ -147,6 +147,10 @@ void Simulator::rankShares() {
     sortNumbers(Top);
 }
 
+bool Simulator::hasRanking() const {
+    return std::find(Top.begin(), Top.begin() + Picknum, 0) == Top.begin() + Picknum;
+}
+
 bool Simulator::isUnchanged() const {
     return std::equal(Prevtop.begin(), Prevtop.begin() + Picknum, Top.begin());
 }
@@ -207,11 +211,12 @@ void Simulator::followBankers() {
         setPicks(Pad::kBetReds - m_pad.Dancnt);
         if (m_pad.Dancnt < Pad::kBetReds)
             stability.shorten(m_storedFactor());
-    } else if (m_pad.Redcnt > 0) {
-        if (had || Picknum == 0)
-            setPicks(m_wanted);
-        stability.shorten();
+        return;
     }
+    if (had || Picknum == 0)
+        setPicks(m_wanted);
+    if (m_pad.Redcnt > 0)
+        stability.shorten();
 }
 
 void Simulator::followBlues() {
@@ -229,7 +234,6 @@ void Simulator::forget() {
     rank(Pad::kBetReds);
     DrawControls controls = m_controls;
     controls.start = false;
-    controls.goOn = false;
     setControls(controls);
 }
 

@@ -68,6 +68,10 @@ class Simulator : public QObject {
     /// The numbers of the last tick in the order in which they were drawn, Picknum of them.
     const std::array<std::int16_t, kMostPicks>& drawnInOrder() const { return m_inOrder; }
     bool isRunning() const { return m_running; }
+    /// Whether every ranked place holds a number: in the first ticks a 0 can be among them.
+    bool hasRanking() const;
+    /// Numbers that are ranked while there are no bankers.
+    int wanted() const { return m_wanted; }
     const DrawControls& controls() const { return m_controls; }
 
     /// What a stored stability factor is read from when bankers change; at first the factor that holds.
@@ -75,7 +79,7 @@ class Simulator : public QObject {
 
     /// Start or continue by the button. With nothing to rank (no more reds than a tick draws) no draw starts.
     void start();
-    /// Start or continue by the menu: without that test, and the way to the arrangement stays open.
+    /// Start or continue by the menu: without that test, and the way to the arrangement is open meanwhile.
     void startUntested();
     void pause();
     /// Zeroes the counts and starts again.

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -39,10 +40,14 @@ Card::Card(const QString& name, const QString& heading, QWidget* parent) : QFram
     m_body->addLayout(m_head);
 }
 
-void Card::paintEvent(QPaintEvent*) {
+void Card::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const Colours& look = colours(palette());
+    if (rect().marginsRemoved({kMargin, kMargin, kMargin, kMargin}).contains(event->rect())) {
+        painter.fillRect(event->rect(), look.card); // behind what changes within: its edge stays as it is
+        return;
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(look.card);
     painter.setPen(look.line);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);

@@ -49,5 +49,29 @@ TEST(Stability, ALoadedFactorChecksItsItemButTheEndlessOneChecksNone) {
     EXPECT_EQ(checkedItem(30000)->wd, 8000);
 }
 
+// 6 / 100 of it, twenty times: whole for every factor of the menu.
+TEST(Stability, AChangeOfThePadShortensTheTargetAndLeavesTheMark) {
+    for (const StabilityItem& item : kStabilityItems) {
+        Stability stability;
+        stability.choose(item);
+        stability.shorten();
+        EXPECT_EQ(stability.Stabletarget, item.wd * 6 / 5) << item.wd;
+        ASSERT_TRUE(stability.checked);
+        EXPECT_EQ(stability.checked->name, item.name);
+    }
+}
+
+TEST(Stability, BankersTakeTheStoredFactorAndItsMark) {
+    Stability stability;
+    stability.choose(kStabilityItems.back());
+    stability.shorten(50);
+    EXPECT_EQ(stability.Wd, 50);
+    EXPECT_EQ(stability.Stabletarget, 60);
+    EXPECT_EQ(stability.checked->name, u"meuSpd1");
+    stability.shorten(8000);
+    EXPECT_EQ(stability.Stabletarget, 9600);
+    EXPECT_FALSE(stability.checked);
+}
+
 } // namespace
 } // namespace selection

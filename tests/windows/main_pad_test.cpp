@@ -121,9 +121,10 @@ TEST_F(MainWindow, TheButtonUnderThePadSaysWhatIsMissingAndRunsWhatFits) {
     open();
     const auto shown = [this] { return text(u"ArrangeMissing"_s) + u'|' + text(u"ArrangeOutlook"_s); };
     pressNumbers(u"Command1(%1)"_s, {1, 2, 3, 4, 5, 6});
-    EXPECT_EQ(shown(), u"还需：1 红|满 7 红即可排 6红+1蓝"_s);
+    EXPECT_EQ(shown(), u"还需：1 红|满 7 红即可排 6红"_s);
     EXPECT_FALSE(control(*form, u"cmdArrange"_s)->isEnabled());
     pressNumbers(u"Command1(%1)"_s, {7, 8});
+    EXPECT_EQ(shown(), u"28 注，56 元|6红球；选 1 蓝可排 6红+1蓝"_s);
     press(*form, u"Command2(3)"_s);
     EXPECT_EQ(shown(), u"28 注，56 元|"_s);
     press(*form, u"cmdArrange"_s);

@@ -204,11 +204,13 @@ TEST_F(ProgramTest, APasswordIsAskedUntilItMatches) {
     EXPECT_TRUE(window(u"Form1"_s)->isVisible());
 }
 
-TEST_F(ProgramTest, BetsAreOfferedWithABlueOnly) {
+TEST_F(ProgramTest, BetsAreOfferedWithABlueAndWithout) {
     enterAs(u"张三"_s);
     QWidget& form = *window(u"Form1"_s);
     pressNumbers(u"Command1(%1)"_s, {1, 2, 3, 4, 5, 6, 7});
-    EXPECT_FALSE(action(form, u"mnuLst"_s)->isEnabled()); // the window of six reds does not exist yet
+    EXPECT_TRUE(action(form, u"mnuLst"_s)->isEnabled());
+    EXPECT_EQ(action(form, u"mnuLst"_s)->text(), u"红球复选组合排列（6红球排列）(&L)"_s);
+    inFilterWindow(u"mnuLst"_s, u"GAganR"_s, [](QWidget& opened) { EXPECT_EQ(opened.windowTitle(), title(7)); });
     pressNumbers(u"Command2(%1)"_s, {4});
     EXPECT_TRUE(action(form, u"mnuLst"_s)->isEnabled());
     EXPECT_EQ(action(form, u"mnuLst"_s)->text(), u"红球复选组合排列（6红+1蓝排列）(&L)"_s);

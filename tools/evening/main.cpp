@@ -10,6 +10,11 @@
 
 #include <QApplication>
 #include <QCryptographicHash>
+#include <QDialog>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
 
 #include "evening/stage.h"
 #include "mainwin/windows/program.h"
@@ -29,6 +34,7 @@ namespace {
 
 constexpr unsigned kSeed = 20030216;
 constexpr int kMadeUpDraws = 2000;
+constexpr int kDrawPatienceMs = 120'000; // it takes some seconds
 
 /// A history that nobody drew: the same at every run.
 void writeMadeUpDraws(const std::filesystem::path& file) {
@@ -58,6 +64,7 @@ class Evening {
         readHistory();
         chooseNumbers();
         generateAndFilter();
+        drawNumbers();
         writeBets();
         writeChecksum();
         test_support::window(u"Form1"_s)->close();
@@ -164,6 +171,25 @@ class Evening {
         add(*m_program.workspace.dbFilnum, "fig");
         add(*m_program.workspace.dbFilnum, "zuhe");
         m_stage.say(u"所有表的校验和 "_s + QString::fromLatin1(hash.result().toHex().left(16)));
+    }
+
+    /// A simulated draw among seven reds, by the smallest stability factor, until it stops by itself. It changes no
+    /// table. Without a pause between its ticks: the evening waits for it.
+    void drawNumbers() {
+        QWidget& form = *test_support::window(u"Form1"_s);
+        form.findChild<QTimer*>(u"Timer1"_s)->setInterval(0);
+        m_stage.click(u"Form1"_s, u"Command45"_s);
+        for (const int red : {3, 8, 12, 17, 22, 28, 33})
+            m_stage.click(u"Form1"_s, u"Command1(%1)"_s.arg(red));
+        m_stage.menu(u"Form1"_s, {u"meuCol"_s, u"meuSpd"_s, u"meuSpd1"_s});
+        const ModalScript script({{u"MsgBox"_s, [this](QWidget& question) {
+                                       m_stage.show(u"draw"_s, u"摇奖分析: 稳定系数 %1，预测已得出"_s.arg(
+                                                                   m_program.simulator.stability.Wd));
+                                       static_cast<QDialog&>(question).reject();
+                                   }}});
+        m_stage.click(u"Form1"_s, u"ComSta"_s);
+        if (!QTest::qWaitFor([&script] { return script.left() == 0; }, kDrawPatienceMs))
+            ADD_FAILURE() << "the draw does not stop";
     }
 
     Stage& m_stage;

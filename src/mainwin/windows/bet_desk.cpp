@@ -4,6 +4,7 @@
 
 #include "filter/member.h"
 #include "selection/combinations.h"
+#include "toolkit/dialog_boxes.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,10 +41,37 @@ void BetDesk::arrangePad(const Forms& forms) {
 
 void BetDesk::arrangeDraw() {
     selection::Pad& pad = m_context.pad;
+    if (!hasDrawn()) {
+        tellNotDrawn();
+        return;
+    }
     m_generation.Fromdraw = true;
     pad.Genreds = m_context.simulator.Picknum;
     pad.Bankermode = pad.Dancnt > 0;
     enumerate(pad.Bankermode ? Forms{"Gdanagan", "GdanaganR"} : Forms{"GAgan", "GAganR"});
+}
+
+int BetDesk::finishedRuns() const {
+    return std::min<int>(m_context.simulator.Runs, m_context.simulator.Rungoal);
+}
+
+/// The draw opens the way here also when it has been stopped before it could rank enough numbers.
+bool BetDesk::hasDrawn() const {
+    const bool severalRuns = m_generation.Multirows && m_context.pad.Dancnt == 0;
+    return severalRuns ? finishedRuns() > 0 : m_context.simulator.hasRanking();
+}
+
+void BetDesk::tellNotDrawn() {
+    const selection::Simulator& simulator = m_context.simulator;
+    const bool tooFew = simulator.Picknum >= m_context.pad.Redcnt;
+    toolkit::DialogBoxes(&m_opener.window())
+        .tell(
+            tooFew
+                ? u"选了 %1 个红球，摇奖要排出 %2 个，没有可摇的。请多选红球，或在“组号方式”里少选摇奖红球，再摇奖。"_s
+                      .arg(m_context.pad.Redcnt)
+                      .arg(simulator.Picknum)
+                : u"摇奖还没有结果，现在排列不出组合。请先开始（或继续）摇奖，等它得出预测。"_s,
+            u"摇奖排列组合"_s);
 }
 
 void BetDesk::enumerate(const Forms& forms) {
@@ -54,7 +82,7 @@ void BetDesk::enumerate(const Forms& forms) {
                            listOf(pad.Bluelist, pad.Bluecnt)};
     m_generation.Drawnlist.assign(simulator.Top.begin(), simulator.Top.end());
     m_generation.Multitable = simulator.Runresults;
-    m_generation.Multicount = std::min<int>(simulator.Runs, simulator.Rungoal);
+    m_generation.Multicount = finishedRuns();
     const std::string_view form = pad.Bluecnt > 0 ? forms.blue : forms.reds;
     selection::Enumeration source(m_generation);
     m_opener.open(form, source, source.announced(filter::shapeOf(*filter::findMember(form))));

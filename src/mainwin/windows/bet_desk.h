@@ -25,6 +25,10 @@ class BetDesk : public QObject {
     void arrangePad(const Forms& forms);
     /// The numbers that the simulated draw has ranked; or those of all its runs, when several were wanted.
     void arrangeDraw();
+    int finishedRuns() const;
+    /// Whether there is something that the draw has ranked. A number 0 is never arranged.
+    bool hasDrawn() const;
+    void tellNotDrawn();
     void enumerate(const Forms& forms);
 
     MainContext& m_context;

@@ -1,9 +1,11 @@
 #include "mainwin/windows/draw_desk.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QApplication>
 #include <QScreen>
+#include <QTimer>
 
 #include "base/number_text.h"
 #include "toolkit/dialog_boxes.h"
@@ -26,23 +28,37 @@ int tickInterval(const QWidget& window) {
     return std::max(1, static_cast<int>(1000 / rate));
 }
 
+/// A count of runs, half to the even side; nothing for what is no number of 16 bits. Other than elsewhere a number
+/// with a word behind it is none: a run that nobody wanted costs minutes.
+std::optional<std::int16_t> runsOf(const QString& answer) {
+    bool isNumber = false;
+    const double number = answer.trimmed().toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(number) || std::abs(number) > INT16_MAX)
+        return std::nullopt;
+    return static_cast<std::int16_t>(base::roundHalfEven(number));
+}
+
 } // namespace
 
 DrawDesk::DrawDesk(MainContext& context, selection::GenerationInput& generation, QWidget& window)
-    : m_context(context), m_generation(generation), m_window(window) {
+    : m_context(context), m_generation(generation), m_window(window), m_timer(new QTimer(&window)),
+      m_askAgain(new QTimer(&window)) {
     selection::Simulator& simulator = context.simulator;
     simulator.stability.load(storedFactor());
     simulator.readFactorBy([this] { return storedFactor(); });
-    m_timer.setObjectName(u"Timer1"_s);
-    m_timer.setInterval(tickInterval(window));
-    m_timer.setTimerType(Qt::PreciseTimer);
-    connect(&m_timer, &QTimer::timeout, &simulator, &selection::Simulator::tick);
+    m_timer->setObjectName(u"Timer1"_s);
+    m_timer->setInterval(tickInterval(window));
+    m_timer->setTimerType(Qt::PreciseTimer);
+    m_askAgain->setObjectName(u"TimerAsk"_s);
+    m_askAgain->setInterval(kAskAgain);
+    m_askAgain->setSingleShot(true);
+    connect(m_askAgain, &QTimer::timeout, this, &DrawDesk::askArrange);
+    connect(m_timer, &QTimer::timeout, &simulator, &selection::Simulator::tick);
     connect(&simulator, &selection::Simulator::runningChanged, this,
-            [this](bool running) { running ? m_timer.start() : m_timer.stop(); });
+            [this](bool running) { running ? m_timer->start() : m_timer->stop(); });
     // Not from within the tick: the question waits for its answer.
     connect(&simulator, &selection::Simulator::finished, this, &DrawDesk::askArrange, Qt::QueuedConnection);
     connect(&simulator, &selection::Simulator::runsFull, this, &DrawDesk::tellFull, Qt::QueuedConnection);
-    connect(&context.pad, &selection::Pad::redsCleared, this, [this] { m_drawReds = selection::Pad::kBetReds; });
     registerControls();
     registerFactors();
     registerSizes();
@@ -73,15 +89,9 @@ void DrawDesk::registerSizes() {
     Commands& commands = m_context.commands;
     commands.on(u"mnuMilt"_s, [this](int) { askRuns(); });
     commands.on(u"meuDanxuan"_s, [this](int reds) { rank(reds); });
-    commands.mark(u"meuDanxuan"_s, [this](int reds) { return reds == m_drawReds; });
-    commands.on(u"mnuDtuo"_s, [this](int) {
-        const selection::Simulator& simulator = m_context.simulator;
-        m_context.pad.Genreds = simulator.Picknum;
-        if (simulator.controls().arrange)
-            m_context.commands.run(u"meuAgarr"_s, -1);
-        else
-            m_context.commands.run(u"ComSta"_s, -1); // the arrangement is offered when it has finished
-    });
+    const selection::Simulator& simulator = m_context.simulator;
+    commands.mark(u"meuDanxuan"_s, [&simulator](int reds) { return reds == simulator.wanted(); });
+    commands.on(u"mnuDtuo"_s, [this](int) { drawBankers(); });
 }
 
 int DrawDesk::storedFactor() {
@@ -95,27 +105,36 @@ void DrawDesk::choose(const selection::StabilityItem& item) {
 }
 
 void DrawDesk::rank(int reds) {
-    m_drawReds = reds;
     m_context.pad.Genreds = static_cast<std::int16_t>(reds);
     m_context.simulator.rank(reds);
+}
+
+/// Arranges what the draw has ranked, or draws first: the arrangement is offered when that has finished.
+void DrawDesk::drawBankers() {
+    const selection::Simulator& simulator = m_context.simulator;
+    m_context.pad.Genreds = simulator.Picknum;
+    m_context.commands.run(simulator.controls().arrange ? u"meuAgarr"_s : u"ComSta"_s, -1);
 }
 
 void DrawDesk::askRuns() {
     toolkit::DialogBoxes boxes(&m_window);
     const QString answer =
         boxes.askText(u"请输入单词摇奖生成注数！"_s, u"摇奖注数设置"_s, u"1"_s).value_or(QString());
-    const std::optional<double> number = base::leadingNumber(answer.toStdString());
-    if (!number || *number < INT16_MIN || *number > INT16_MAX) {
+    const std::optional<std::int16_t> runs = runsOf(answer);
+    if (!runs) {
         boxes.tell(u"请输入整数数字"_s, u"输入错误"_s);
         return;
     }
-    m_context.simulator.wantRuns(static_cast<std::int16_t>(base::wholeWithin(*number, INT16_MIN, INT16_MAX)));
+    m_context.simulator.wantRuns(*runs);
     m_generation.Multirows = true;
 }
 
 void DrawDesk::askArrange() {
-    if (QApplication::activeModalWidget()) {
-        QTimer::singleShot(kAskAgain, this, &DrawDesk::askArrange);
+    m_askAgain->stop();
+    if (m_context.simulator.isRunning())
+        return; // it goes on already
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget()) {
+        m_askAgain->start();
         return;
     }
     toolkit::DialogBoxes boxes(&m_window);
@@ -132,7 +151,7 @@ void DrawDesk::tellFull() {
 }
 
 void DrawDesk::finish() {
-    m_timer.stop();
+    m_timer->stop();
     for (int place = 0; place < selection::Pad::kBetReds; ++place)
         m_context.settings.set(kSection, QString::number(place + 1),
                                m_context.simulator.Top[static_cast<std::size_t>(place)]);

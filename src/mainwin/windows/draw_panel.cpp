@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "toolkit/card.h"
+#include "toolkit/colours.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,31 +29,35 @@ class TraceCaption : public QLabel {
   public:
     explicit TraceCaption(int place) : QLabel(u"%1位走势"_s.arg(place)), m_place(place) {
         setObjectName(u"Label13(%1)"_s.arg(place));
-        setContentsMargins(0, 0, 0, kStroke + 1);
+        setContentsMargins(0, 0, 0, kStrip + 1);
     }
 
   protected:
     void paintEvent(QPaintEvent* event) override {
         QLabel::paintEvent(event);
         QPainter painter(this);
-        painter.fillRect(0, height() - kStroke, width(), kStroke,
+        painter.fillRect(0, height() - kStrip, width(), kStrip, toolkit::colours(palette()).trace);
+        painter.fillRect(1, height() - kStrip + 1, width() - 2, kStrip - 2,
                          TracePicture::lineColour(static_cast<std::size_t>(m_place - 1)));
     }
 
   private:
-    static constexpr int kStroke = 3;
+    static constexpr int kStrip = 5; // of the trace's ground: black is not seen on a dark card
     int m_place;
 };
 
 } // namespace
 
 DrawPanel::DrawPanel(QWidget* parent)
-    : QWidget(parent), m_ticks(label(u"Label11"_s, u"0"_s)), m_trace(new TracePicture), m_buttons(new QHBoxLayout) {
+    : QWidget(parent), m_ticksCaption(label(u"LabelTicks"_s, u"摇奖次数:"_s)), m_ticks(label(u"Label11"_s, u"0"_s)),
+      m_trace(new TracePicture), m_buttons(new QHBoxLayout) {
     setObjectName(u"DrawPanel"_s);
+    toolkit::fixSize(*m_ticks, u"0000000"_s);
+    m_ticks->setToolTip(u"摇奖次数"_s);
     auto* card = new toolkit::Card(u"FrameDraw"_s, u"摇奖分析"_s);
     card->head().addLayout(m_buttons);
     auto* first = numberRow(u"Label7"_s, u"红球机选:"_s, u"Label1"_s, m_drawn);
-    first->addWidget(label(u"LabelTicks"_s, u"摇奖次数:"_s));
+    first->addWidget(m_ticksCaption);
     first->addWidget(m_ticks);
     card->body().addLayout(first);
     card->body().addLayout(numberRow(u"Label118"_s, u"红球预测:"_s, u"Label2"_s, m_ranked));
@@ -73,9 +78,9 @@ QHBoxLayout* DrawPanel::numberRow(const QString& captionName, const QString& cap
     row->setSpacing(2);
     row->addWidget(label(captionName, caption));
     for (std::size_t place = 0; place < numbers.size(); ++place) {
-        QLabel* number = label(u"%1(%2)"_s.arg(name).arg(place), {});
+        auto* number = new toolkit::QuickLabel(m_characters, u"00"_s);
+        number->setObjectName(u"%1(%2)"_s.arg(name).arg(place));
         number->setAlignment(Qt::AlignCenter);
-        number->setFixedWidth(number->fontMetrics().horizontalAdvance(u"00"_s) + 2);
         numbers[place] = number;
         row->addWidget(number);
     }
@@ -89,7 +94,7 @@ void DrawPanel::showPicks(const selection::Simulator& simulator) {
         m_drawn[place]->setVisible(used);
         m_ranked[place]->setVisible(used);
     }
-    findChild<QLabel*>(u"LabelTicks"_s)->setVisible(simulator.Picknum <= kCaptionedPicks);
+    m_ticksCaption->setVisible(simulator.Picknum <= kCaptionedPicks);
     if (simulator.Ticks == 0)
         clear(simulator);
 }

@@ -9,6 +9,7 @@
 
 #include "mainwin/windows/trace_picture.h"
 #include "selection/simulator.h"
+#include "toolkit/quick_label.h"
 
 class QHBoxLayout;
 class QLabel;
@@ -36,6 +37,8 @@ class DrawPanel : public QWidget {
     using Numbers = std::array<QLabel*, selection::Simulator::kMostPicks>;
     QHBoxLayout* numberRow(const QString& captionName, const QString& caption, const QString& name, Numbers& numbers);
 
+    toolkit::LaidOutCharacters m_characters;
+    QLabel* m_ticksCaption;
     Numbers m_drawn{};
     Numbers m_ranked{};
     QLabel* m_ticks;

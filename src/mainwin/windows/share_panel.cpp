@@ -1,6 +1,8 @@
 #include "mainwin/windows/share_panel.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include <QGridLayout>
 #include <QLabel>
@@ -29,11 +31,21 @@ constexpr double kExpected = 3;
 
 ShareBar::ShareBar(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
+/// A draw sets the lengths of all bars sixty times a second: only what changes is painted.
 void ShareBar::setLength(double length) {
-    m_length = length;
-    update();
+    const double former = std::exchange(m_length, length);
+    const auto [left, right] = std::minmax({end(former), end(length)});
+    if (left < right)
+        update(QRect(static_cast<int>(left), 0, static_cast<int>(right - left) + 2, height()));
+}
+
+/// Where a bar of this length ends, in whole pixels of the screen.
+double ShareBar::end(double length) const {
+    const double fine = devicePixelRatioF();
+    return std::round(width() * length / kScaleEnd * fine) / fine;
 }
 
 QSize ShareBar::sizeHint() const {
@@ -46,18 +58,13 @@ QSize ShareBar::minimumSizeHint() const {
 
 void ShareBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
     const toolkit::Colours& look = toolkit::colours(palette());
-    const QRectF track(0, (height() - kBarHeight) / 2.0, width(), kBarHeight);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(look.track);
-    painter.drawRoundedRect(track, 2, 2);
-    painter.setBrush(look.bar);
-    painter.drawRoundedRect(QRectF(track.topLeft(), QSizeF(track.width() * m_length / kScaleEnd, track.height())), 2,
-                            2);
-    painter.setPen(QPen(look.quiet, 1));
-    const qreal middle = track.width() * kExpected / kScaleEnd;
-    painter.drawLine(QPointF(middle, track.top()), QPointF(middle, track.bottom()));
+    const double here = end(m_length);
+    const double top = (height() - kBarHeight) / 2;
+    painter.fillRect(rect(), look.card);
+    painter.fillRect(QRectF(0, top, here, kBarHeight), look.bar);
+    painter.fillRect(QRectF(here, top, width() - here, kBarHeight), look.track);
+    painter.fillRect(QRectF(end(kExpected), top, 1, kBarHeight), look.quiet);
 }
 
 SharePanel::SharePanel(QWidget* parent)
@@ -88,12 +95,11 @@ std::vector<SharePanel::Row> SharePanel::makeRows(int count, QColor toolkit::Col
     std::vector<Row> rows;
     for (int number = 1; number <= count; ++number) {
         const QString index = u"(%1)"_s.arg(number);
-        const Row row{new toolkit::InkLabel(names.caption + index, ink, shareCaption(number)), new QLabel,
-                      new ShareBar};
+        const Row row{new toolkit::InkLabel(names.caption + index, ink, shareCaption(number)),
+                      new toolkit::QuickLabel(m_characters, u"100.00%"_s), new ShareBar};
         row.share->setObjectName(names.share + index);
         row.bar->setObjectName(names.bar + index);
         row.share->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        row.share->setMinimumWidth(row.share->fontMetrics().horizontalAdvance(u"00.00%"_s));
         rows.push_back(row);
     }
     return rows;
@@ -125,16 +131,26 @@ void SharePanel::place(int reds, int blues) {
     const int gap = placeRows(m_reds, reds, 0);
     m_grid->setRowMinimumHeight(gap, kGap * 2);
     placeRows(m_blues, blues, gap + 1);
+    for (std::size_t row = 0; row < m_reds.size(); ++row)
+        m_reds[row].setVisible(static_cast<int>(row) < reds);
+    for (std::size_t row = 0; row < m_blues.size(); ++row)
+        m_blues[row].setVisible(static_cast<int>(row) < blues);
     m_placedReds = reds;
     m_placedBlues = blues;
 }
 
-void SharePanel::Row::show(bool inRule, double percent, int numbers) {
+void SharePanel::Row::setVisible(bool inRule) {
     for (QWidget* widget : {static_cast<QWidget*>(caption), static_cast<QWidget*>(share), static_cast<QWidget*>(bar)})
         widget->setVisible(inRule);
-    share->setText(shareText(percent));
+}
+
+void SharePanel::Row::show(double percent, int numbers) {
     bar->setLength(shareBarLength(percent, numbers));
-    bar->setAccessibleName(caption->text() + share->text());
+    const QString text = shareText(percent);
+    if (text == share->text())
+        return;
+    share->setText(text);
+    bar->setAccessibleName(caption->text() + text);
 }
 
 void SharePanel::showShares(const history::History& history, int reds, int blues) {
@@ -143,16 +159,16 @@ void SharePanel::showShares(const history::History& history, int reds, int blues
                             ? u"要有历史才能统计"_s
                             : u"竖线：期望 %1 / %2"_s.arg(shareText(100.0 / reds), shareText(100.0 / blues)));
     for (std::size_t place = 0; place < m_reds.size(); ++place)
-        m_reds[place].show(static_cast<int>(place) < reds, history.Gailvred[place + 1], reds);
+        m_reds[place].show(history.Gailvred[place + 1], reds);
     for (std::size_t place = 0; place < m_blues.size(); ++place)
-        m_blues[place].show(static_cast<int>(place) < blues, history.GailvBlue[place + 1], blues);
+        m_blues[place].show(history.GailvBlue[place + 1], blues);
 }
 
 void SharePanel::showDraw(std::span<const double> shares, int reds, int chosen) {
     if (chosen > 0)
         m_expected->setText(u"红球：本次摇奖，竖线：期望 %1"_s.arg(shareText(100.0 / chosen)));
     for (std::size_t place = 0; place < static_cast<std::size_t>(reds); ++place)
-        m_reds[place].show(true, shares[place + 1], chosen);
+        m_reds[place].show(shares[place + 1], chosen);
 }
 
 } // namespace mainwin

@@ -9,6 +9,7 @@
 
 #include "history/history.h"
 #include "toolkit/ink_label.h"
+#include "toolkit/quick_label.h"
 
 class QGridLayout;
 class QLabel;
@@ -29,6 +30,8 @@ class ShareBar : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    double end(double length) const;
+
     double m_length = 0;
 };
 
@@ -49,7 +52,8 @@ class SharePanel : public QWidget {
         toolkit::InkLabel* caption;
         QLabel* share;
         ShareBar* bar;
-        void show(bool inRule, double percent, int numbers);
+        void setVisible(bool inRule);
+        void show(double percent, int numbers);
     };
     struct Names {
         QString caption;
@@ -60,6 +64,7 @@ class SharePanel : public QWidget {
     int placeRows(const std::vector<Row>& rows, int count, int firstLine);
     void place(int reds, int blues);
 
+    toolkit::LaidOutCharacters m_characters;
     QGridLayout* m_grid;
     toolkit::InkLabel* m_expected;
     std::vector<Row> m_reds;

@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <array>
 
-#include <QEvent>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QStringList>
+#include <QToolTip>
+#include <QWheelEvent>
 
 #include "toolkit/colours.h"
 
@@ -16,6 +19,7 @@ namespace {
 
 constexpr int kGridLines = 5;
 constexpr double kLineWidth = 1.5;
+constexpr int kMostMagnified = 64;
 
 } // namespace
 
@@ -45,6 +49,7 @@ void TracePicture::setLogicalHeight(int height) {
 
 void TracePicture::clear() {
     m_ticks.clear();
+    m_first = 0;
     m_picture = {};
     update();
 }
@@ -56,6 +61,10 @@ void TracePicture::add(int tick, std::span<const std::int16_t> before, std::span
         return;
     }
     m_ticks.push_back({x, {before.begin(), before.end()}, {now.begin(), now.end()}});
+    if (x > m_first + m_shown) { // half a width further, so that not every tick paints all anew
+        m_first = x - m_shown / 2;
+        m_picture = {};
+    }
     if (m_picture.isNull()) {
         update();
         return;
@@ -66,18 +75,19 @@ void TracePicture::add(int tick, std::span<const std::int16_t> before, std::span
 
 /// \return what it has painted on, in pixels of the widget
 QRectF TracePicture::paintTick(QPainter& painter, const Tick& tick) const {
-    const double across = static_cast<double>(width()) / kLogicalWidth;
+    const double across = static_cast<double>(width()) / m_shown;
+    const int x = tick.x - m_first;
     const double down = static_cast<double>(height()) / m_logicalHeight;
     painter.setRenderHint(QPainter::Antialiasing);
     for (std::size_t place = 0; place < tick.now.size(); ++place) {
         painter.setPen(QPen(lineColour(place), kLineWidth));
-        painter.drawLine(QPointF((tick.x - 1) * across, (m_logicalHeight - tick.before[place]) * down),
-                         QPointF(tick.x * across, (m_logicalHeight - tick.now[place]) * down));
+        painter.drawLine(QPointF((x - 1) * across, (m_logicalHeight - tick.before[place]) * down),
+                         QPointF(x * across, (m_logicalHeight - tick.now[place]) * down));
     }
-    return {(tick.x - 1) * across - kLineWidth, 0.0, across + 2 * kLineWidth, static_cast<double>(height())};
+    return {(x - 1) * across - kLineWidth, 0.0, across + 2 * kLineWidth, static_cast<double>(height())};
 }
 
-/// The ground with its lines, and on it all ticks so far.
+/// The ground with its lines, and on it all ticks in sight.
 void TracePicture::begin() {
     m_picture = QPixmap(size() * devicePixelRatio());
     m_picture.setDevicePixelRatio(devicePixelRatio());
@@ -89,7 +99,47 @@ void TracePicture::begin() {
         painter.drawLine(QPointF(0, level), QPointF(width(), level));
     }
     for (const Tick& tick : m_ticks)
-        paintTick(painter, tick);
+        if (tick.x > m_first)
+            paintTick(painter, tick);
+}
+
+int TracePicture::tickAt(int pixel) const {
+    return m_first + pixel * m_shown / std::max(1, width());
+}
+
+/// With Ctrl: twice or half as many ticks across, the newest at the right end.
+void TracePicture::wheelEvent(QWheelEvent* event) {
+    if (!event->modifiers().testFlag(Qt::ControlModifier) || event->angleDelta().y() == 0) {
+        event->ignore(); // the column scrolls
+        return;
+    }
+    m_magnified = std::clamp(event->angleDelta().y() > 0 ? m_magnified * 2 : m_magnified / 2, 1, kMostMagnified);
+    m_shown = kLogicalWidth / m_magnified;
+    const int newest = m_ticks.empty() ? 0 : m_ticks.back().x;
+    m_first = std::max(0, newest - m_shown);
+    m_picture = {};
+    update();
+    event->accept();
+}
+
+bool TracePicture::event(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const auto* help = static_cast<QHelpEvent*>(event);
+    QToolTip::showText(help->globalPos(), describe(help->pos().x()), this);
+    return true;
+}
+
+/// The ranking under the mouse, and how to see more of it.
+QString TracePicture::describe(int pixel) const {
+    const QString hint = u"横向共 %1 次摇奖。按住 Ctrl 滚动滚轮：放大或缩小"_s.arg(m_shown);
+    const auto tick = std::ranges::lower_bound(m_ticks, tickAt(pixel), {}, &Tick::x);
+    if (tick == m_ticks.end())
+        return hint;
+    QStringList numbers;
+    for (const std::int16_t number : tick->now)
+        numbers << QString::number(number);
+    return u"第 %1 次：%2\n%3"_s.arg(tick->x).arg(numbers.join(u' '), hint);
 }
 
 void TracePicture::paintEvent(QPaintEvent*) {
