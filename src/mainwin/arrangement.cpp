@@ -31,6 +31,20 @@ std::int64_t arrangementBets(const ProgramState& state) {
            std::max(state.blues, 1);
 }
 
+QString lastBets(sql::Database& dbFilnum) {
+    try {
+        const std::int64_t total = dbFilnum.rowCount("zuhe");
+        if (total == 0)
+            return {};
+        const std::int64_t left = dbFilnum.query("SELECT [idx] FROM [zuhe] WHERE [unslt] = false").count();
+        const QLocale plain(QLocale::Chinese);
+        return u"复选胆拖 6红+1蓝，剩余 %1 / %2 注"_s.arg(plain.toString(static_cast<qlonglong>(left)),
+                                                          plain.toString(static_cast<qlonglong>(total)));
+    } catch (const sql::SqlError&) {
+        return {}; // no table that could be called back
+    }
+}
+
 QString arrangementForm(const ProgramState& state) {
     return state.blues > 0 ? QString() : u"6红球；选 1 蓝可排 6红+1蓝"_s;
 }

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "mainwin/menu_rules.h"
+#include "sql/database.h"
 
 namespace mainwin {
 
@@ -21,5 +22,9 @@ QString arrangementCost(std::int64_t bets);
 
 /// What else there would be: "6红球；选 1 蓝可排 6红+1蓝", empty with a blue.
 QString arrangementForm(const ProgramState& state);
+
+/// What the table of the last bets of six reds and a blue holds: "复选胆拖 6红+1蓝，剩余 18,480 / 40,040 注"; empty
+/// when it holds none.
+QString lastBets(sql::Database& dbFilnum);
 
 } // namespace mainwin

@@ -243,6 +243,28 @@ TEST_F(ProgramTest, BankersStandInEveryBetOfTheirWindow) {
     EXPECT_FALSE(program->generation.Fromdraw); // that one always takes the pad's reds
 }
 
+TEST_F(ProgramTest, TheLastBetsCanBeCalledBackFromUnderThePad) {
+    enterAs(u"张三"_s);
+    EXPECT_FALSE(control(*window(u"Form1"_s), u"cmdCallLast"_s)->isVisible()) << "there are none yet";
+    pressNumbers(u"Command1(%1)"_s, {1, 2, 3, 4, 5, 6, 7});
+    pressNumbers(u"Command2(%1)"_s, {4, 9});
+    inFilterWindow(u"mnuLst"_s, u"GAgan"_s, [](QWidget& opened) {
+        typeInto(opened, u"Text5(0)"_s, u"4"_s); // an even number more than there are odd ones
+        press(opened, u"Option4"_s);
+    });
+    const QString last = text(u"LastBets"_s);
+    EXPECT_TRUE(last.endsWith(u" / 14 注"_s)) << last.toStdString();
+    start();
+    enter();
+    EXPECT_EQ(text(u"LastBets"_s), last) << "after a restart too";
+    const ModalScript script({{u"GAganMb"_s, [&last](QWidget& opened) {
+                                   EXPECT_TRUE(last.contains(u"剩余 %1 /"_s.arg(
+                                       controlAs<QTableView>(opened, u"MSFlexGrid1"_s)->model()->rowCount())));
+                                   opened.close();
+                               }}});
+    press(*window(u"Form1"_s), u"cmdCallLast"_s);
+}
+
 TEST_F(ProgramTest, AGenerationReplacesTheTableOfTheOneBefore) {
     enterAs(u"张三"_s);
     pressNumbers(u"Command1(%1)"_s, {1, 2, 3, 4, 5, 6, 7});

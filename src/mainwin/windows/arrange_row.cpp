@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QVBoxLayout>
 
 #include "toolkit/accent_button.h"
 #include "toolkit/ink_label.h"
@@ -40,21 +41,48 @@ class MissingRing : public QWidget {
 ArrangeRow::ArrangeRow(QWidget* parent)
     : QWidget(parent), m_button(new toolkit::AccentButton(u"组合排列…"_s)), m_ring(new MissingRing),
       m_first(new toolkit::InkLabel(u"ArrangeMissing"_s, &Colours::goldText)),
-      m_second(new toolkit::InkLabel(u"ArrangeOutlook"_s, &Colours::quiet)) {
+      m_second(new toolkit::InkLabel(u"ArrangeOutlook"_s, &Colours::quiet)), m_lastRow(new QWidget),
+      m_last(new toolkit::InkLabel(u"LastBets"_s, &Colours::quiet)) {
     setObjectName(u"ArrangeRow"_s);
     m_button->setObjectName(u"cmdArrange"_s);
     m_button->setMinimumWidth(kButtonWidth);
     QFont bold = m_first->font();
     bold.setBold(true);
     m_first->setFont(bold);
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 5, 0, 0);
+    auto* both = new QVBoxLayout(this);
+    both->setContentsMargins(0, 5, 0, 0);
+    both->setSpacing(4);
+    auto* layout = new QHBoxLayout;
+    both->addLayout(layout);
+    both->addWidget(m_lastRow);
     layout->addWidget(m_button);
     layout->addWidget(m_ring);
     layout->addWidget(m_first);
     layout->addWidget(m_second, 1);
     m_second->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // cut, rather than widening the column
+    buildLast();
     connect(m_button, &QPushButton::clicked, this, &ArrangeRow::pressed);
+}
+
+void ArrangeRow::buildLast() {
+    auto* button = new QPushButton(u"调用上次…"_s);
+    button->setObjectName(u"cmdCallLast"_s);
+    button->setMinimumWidth(kButtonWidth);
+    button->setToolTip(u"打开上次的组合表，过滤状态保持不变"_s);
+    auto* line = new QHBoxLayout(m_lastRow);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(button);
+    line->addWidget(m_last, 1);
+    m_last->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_lastRow->setObjectName(u"LastRow"_s);
+    m_lastRow->hide();
+    connect(button, &QPushButton::clicked, this, &ArrangeRow::lastPressed);
+}
+
+void ArrangeRow::showLast(const QString& last) {
+    m_last->setText(last);
+    m_last->setToolTip(last);
+    m_lastRow->setVisible(!last.isEmpty());
 }
 
 void ArrangeRow::showMissing(const QString& missing, const QString& outlook) {

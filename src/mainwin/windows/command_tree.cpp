@@ -148,6 +148,7 @@ Obstacle CommandTree::waitsFor(const QString& name) const {
 void CommandTree::run(const QString& name, int index) {
     m_commands.run(name, index);
     refresh();
+    emit ran();
 }
 
 void CommandTree::refresh() {

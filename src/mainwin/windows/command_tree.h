@@ -41,6 +41,10 @@ class CommandTree : public QObject {
     /// Runs a command as its entry would.
     void run(const QString& name, int index = MenuRow::kNoIndex);
 
+  signals:
+    /// A command was run and is over, its windows closed.
+    void ran();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 

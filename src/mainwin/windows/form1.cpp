@@ -63,6 +63,7 @@ Form1::Form1(MainContext& context, QWidget* parent) : QMainWindow(parent), m_con
     m_context.pad.setRule(m_context.workspace.Bitnum, m_context.workspace.BitnumB);
     listen();
     showRule();
+    showLast();
     toolkit::placeOver(*this, screen()->availableSize());
     toolkit::keepPlace(*this, placesIn(m_context.settings));
 }
@@ -99,6 +100,8 @@ QWidget* Form1::buildLeft() {
     m_pad = new selection::PadPanel(m_context.pad);
     m_arrange = new ArrangeRow;
     m_pad->addUnderEcho(m_arrange);
+    connect(m_arrange, &ArrangeRow::lastPressed, this, [this] { m_tree->run(u"mnuCallfd"_s); });
+    connect(m_tree, &CommandTree::ran, this, &Form1::showLast);
     connect(m_arrange, &ArrangeRow::pressed, this, [this] { m_tree->run(arrangementCommand(state())); });
     m_draw = new DrawPanel;
     for (const char16_t* name : {u"ComSta", u"ComSpd", u"ComRst"})
@@ -163,6 +166,10 @@ void Form1::showFigures() {
 void Form1::showTick() {
     m_draw->showTick(m_context.simulator);
     m_shares->showDraw(m_context.simulator.Share, m_context.pad.reds(), m_context.pad.Redcnt);
+}
+
+void Form1::showLast() {
+    m_arrange->showLast(m_context.workspace.dbFilnum ? lastBets(*m_context.workspace.dbFilnum) : QString());
 }
 
 void Form1::showHistoryNote(const QString& note) {

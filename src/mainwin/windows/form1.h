@@ -60,6 +60,7 @@ class Form1 : public QMainWindow {
     void listen();
     void showFigures();
     void showTick();
+    void showLast();
     void showStatus();
     ProgramState state() const;
 
