@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "mainwin/menu_table.h"
+#include "selection/compound_bets.h"
 #include "selection/wheel_proof.h"
 
 using namespace Qt::StringLiterals;
@@ -13,7 +14,6 @@ namespace mainwin {
 
 namespace {
 
-constexpr int kYuanPerCompound = 14; // a row of seven reds is seven bets
 constexpr int kFirstBankerIndex = 3;
 constexpr int kExtendedReds = 18;
 
@@ -71,7 +71,7 @@ QString wheelCaption(const WheelEntry& entry, const WheelSizes& sizes, std::int6
         return (sizes.blues > 0 ? u"%1蓝球,"_s.arg(sizes.blues) : QString()) +
                u"红球%1选 %2共计%3注,合计 %4 元%5"_s.arg(QString::number(sizes.reds), guarantee,
                                                          QString::number(bets),
-                                                         QString::number(bets * kYuanPerCompound), key);
+                                                         QString::number(bets * selection::kYuanPerCompound), key);
     case WheelFamily::Basic:
     case WheelFamily::Extended:
         break;

@@ -146,7 +146,8 @@ std::int64_t Wheels::rowsToRead(const Pad& pad) {
 std::optional<WheelTable> Wheels::guaranteed(const Pad& pad) {
     const std::optional<WheelTable> table =
         Wheelopen ? m_chosen : wheelTableNamed(WheelFamily::Basic, std::to_string(pad.Redcnt));
-    if (!table || table->problem.positions != pad.Redcnt || rowsToRead(pad) == 0)
+    if (!table || table->family == WheelFamily::Seven || table->problem.positions != pad.Redcnt ||
+        rowsToRead(pad) == 0)
         return std::nullopt;
     const bool bankers = table->family == WheelFamily::Banker;
     return bankers == Wheeldan && (!bankers || (table->bankers == pad.Dancnt && mapFits(pad))) ? table : std::nullopt;

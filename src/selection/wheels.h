@@ -61,7 +61,7 @@ class Wheels {
     /// How many rows read() finds.
     std::int64_t rowsToRead(const Pad& pad);
     /// The table that read() takes, where its guarantee holds for the numbers on the pad: nothing where the mark of
-    /// another wheel is left, or where other numbers have been chosen since.
+    /// another wheel is left, where other numbers have been chosen since, and for a compound wheel cut to six reds.
     std::optional<WheelTable> guaranteed(const Pad& pad);
 
   private:

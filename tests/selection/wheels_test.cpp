@@ -225,6 +225,16 @@ TEST_F(WheelsTest, AGuaranteeIsToldOnlyForTheNumbersThatTheRowsAreMadeOf) {
     EXPECT_FALSE(wheels.guaranteed(pad)) << "the mark of the bankers is left";
 }
 
+TEST_F(WheelsTest, ACompoundWheelCutToSixRedsGuaranteesNothing) {
+    put(WheelFamily::Seven, "0844", {{1, 2, 3, 4, 5, 6, 7}});
+    choose({1, 2, 3, 4, 5, 6, 7, 8});
+    wheels.openMenu(WheelFamily::Super, pad); // sets Wheelopen
+    wheels.openMenu(WheelFamily::Seven, pad);
+    wheels.choose(WheelFamily::Seven, "0844");
+    EXPECT_EQ(filled("zuheRoteR", false), "1 1 2 3 4 5 6 |");
+    EXPECT_FALSE(wheels.guaranteed(pad));
+}
+
 TEST_F(WheelsTest, ABankerWheelGuaranteesNothingForNumbersChosenLater) {
     put(WheelFamily::Banker, "26644", {{1, 2, 3, 4, 5, 6}});
     choose({14, 5, 9, 11});

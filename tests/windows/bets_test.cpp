@@ -341,6 +341,44 @@ TEST_F(BetsTest, TheLastWheelIsCalledOnThePadAsItIsNow) {
     EXPECT_EQ(rowCount("GAganRote"), 0);
 }
 
+TEST_F(BetsTest, CompoundWheelsAreShownWithTheirPriceAndLeaveTheMarksAlone) {
+    putWheel(WheelFamily::Seven, "0844",
+             {{1, 2, 3, 4, 5, 6, 7},
+              {1, 2, 3, 4, 5, 6, 8},
+              {2, 3, 4, 5, 6, 7, 8},
+              {1, 3, 4, 5, 6, 7, 8},
+              {1, 2, 4, 5, 6, 7, 8},
+              {1, 2, 3, 5, 6, 7, 8}});
+    enterAs(u"张三"_s);
+    choose({31, 3, 5, 8, 12, 17, 20, 22}, {4, 12});
+    program->wheels.Wheeldan = true;
+    const ModalScript script({{u"aganFRote"_s,
+                               [](QWidget& shown) {
+                                   EXPECT_EQ(controlAs<QLabel>(shown, u"Label6"_s)->text(), u"168圆"_s);
+                                   EXPECT_TRUE(noticeOf(shown).startsWith(u"复7矩阵，8个红球，中4保4："_s));
+                                   const auto* cells = controlAs<QTableView>(shown, u"MSFlexGrid1"_s)->model();
+                                   EXPECT_EQ(cells->rowCount(), 2);
+                                   EXPECT_EQ(cells->columnCount(), 6);
+                                   EXPECT_EQ(cells->index(0, 0).data().toString(), u"1"_s);
+                                   EXPECT_EQ(cells->index(0, 1).data().toString(), u" 03 05 08 12 17 20 22 04 12"_s);
+                                   EXPECT_EQ(cells->index(1, 0).data().toString(), QString());
+                                   press(shown, u"cmdQut"_s);
+                               }},
+                              {u"aganFRoteR"_s, [](QWidget& shown) {
+                                   EXPECT_EQ(controlAs<QLabel>(shown, u"Label6"_s)->text(), u"84圆"_s);
+                                   press(shown, u"cmdQut"_s);
+                               }}});
+    openMenus({u"mnuSl"_s, u"mnuFuxj"_s});
+    EXPECT_EQ(entry(u"mnuRtF44"_s).text(), u"2蓝球,红球8选 中4保4共计12注,合计 168 元(&F)"_s);
+    EXPECT_FALSE(entry(u"mnuRtF76"_s).isEnabled());
+    trigger(u"Form1"_s, u"mnuRtF44"_s);
+    EXPECT_TRUE(program->wheels.Wheeldan);
+    EXPECT_FALSE(program->wheels.Wheelopen);
+    press(form(), u"Command145"_s);
+    trigger(u"Form1"_s, u"mnuRtF44"_s);
+    EXPECT_EQ(entry(u"mnuRtF44"_s).text(), u"红球8选 中4保4共计6注,合计 84 元(&F)"_s);
+}
+
 // ---- Bets of a text
 
 class BetTextsTest : public BetsTest {

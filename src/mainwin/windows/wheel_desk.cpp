@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 
 #include "filter/member.h"
+#include "mainwin/windows/places.h"
+#include "selection/windows/compound_window.h"
 #include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
@@ -50,8 +52,7 @@ void WheelDesk::registerMenus() {
 void WheelDesk::registerEntries() {
     std::map<QString, std::vector<WheelEntry>> byName; // an array is one command
     for (const WheelEntry& entry : wheelEntries())
-        if (entry.family != WheelFamily::Seven) // the window of the compound wheels does not exist yet
-            byName[entry.name].push_back(entry);
+        byName[entry.name].push_back(entry);
     for (const auto& [name, entries] : byName)
         registerEntry(name, entries);
 }
@@ -96,7 +97,20 @@ void WheelDesk::choose(const WheelEntry& entry) {
         m_wheels.chooseBanker(m_context.pad, entry.pair);
     else
         m_wheels.choose(entry.family, tableOf(entry));
-    open(formOf(m_context.pad));
+    if (entry.family == WheelFamily::Seven)
+        openCompound(tableOf(entry));
+    else
+        open(formOf(m_context.pad));
+}
+
+void WheelDesk::openCompound(const std::string& table) {
+    const bool blue = m_context.pad.Bluecnt > 0;
+    const auto told = selection::wheelTableNamed(WheelFamily::Seven, table);
+    selection::CompoundWindow window(
+        blue ? u"aganFRote"_s : u"aganFRoteR"_s, selection::CompoundBets(m_wheels.rsWheel, m_context.pad, blue),
+        told ? wheelNotice(*told, static_cast<std::int64_t>(m_wheels.rsWheel.size())) : QString(),
+        placesIn(m_context.settings), &m_opener.window());
+    window.exec();
 }
 
 void WheelDesk::open(std::string_view form) {

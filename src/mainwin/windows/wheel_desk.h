@@ -26,6 +26,8 @@ class WheelDesk : public QObject {
     void choose(const WheelEntry& entry);
     /// The window of the wheel that is chosen.
     void open(std::string_view form);
+    /// The bets of the compound wheel that is chosen.
+    void openCompound(const std::string& table);
     /// What the rows of the wheel guarantee; empty where nobody has proven it.
     QString notice();
 
