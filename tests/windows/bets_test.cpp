@@ -323,6 +323,22 @@ TEST_F(BetsTest, ABasicWheelBehindABankerWheelIsReadByTheMapOfTheBankers) {
     EXPECT_EQ(bets("GAganRoteR"), "1 21 22 23 24 25 26|2 21 22 23 27 28 29|3 24 25 26 27 28 29|");
 }
 
+TEST_F(BetsTest, AnEntryChosenWithoutItsMenuMakesTheSameBets) {
+    putWheel(WheelFamily::Basic, "9", kThreeRows);
+    putWheel(WheelFamily::Super, "0954", {{1, 2, 3, 7, 8, 9}});
+    enterAs(u"张三"_s);
+    choose({9, 8, 7, 6, 5, 4, 3, 2, 1});
+    openMenus({u"mnuSl"_s, u"mnuQnjz"_s, u"mnuRt"_s}); // the basic wheels last
+    {
+        const ModalScript script({closes(u"GAganRoteR"_s)});
+        entry(u"mnuRt54"_s).trigger();
+    }
+    EXPECT_EQ(bets("GAganRoteR"), "1 1 2 3 7 8 9|");
+    const ModalScript script({closes(u"GAganRoteR"_s)});
+    entry(u"meuRtxz(9)"_s).trigger();
+    EXPECT_EQ(rowCount("GAganRoteR"), 3);
+}
+
 TEST_F(BetsTest, TheLastWheelIsCalledOnThePadAsItIsNow) {
     putWheel(WheelFamily::Super, "0954", kThreeRows);
     enterAs(u"张三"_s);

@@ -32,7 +32,10 @@ WheelDesk::WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpen
     : m_context(context), m_wheels(wheels), m_opener(opener) {
     registerMenus();
     registerEntries();
-    context.commands.on(u"meuRtxz"_s, [this](int) { open(formOf(m_context.pad)); });
+    context.commands.on(u"meuRtxz"_s, [this](int) {
+        m_wheels.openMenu(WheelFamily::Basic, m_context.pad);
+        open(formOf(m_context.pad));
+    });
     // The load step again, on the pad as it is now and the wheel that was chosen last.
     for (const auto& [name, form] :
          {std::pair(u"mnuCallRote"_s, "GAganRote"), std::pair(u"mnuCallRoteR"_s, "GAganRoteR")})
@@ -92,7 +95,9 @@ QString WheelDesk::obstacle(const WheelEntry& entry) {
                : u"%1 红没有这种矩阵"_s.arg(entry.reds > 0 ? entry.reds : pad.Redcnt);
 }
 
+/// An assistive tool may choose an entry without having opened its menu: that makes no difference.
 void WheelDesk::choose(const WheelEntry& entry) {
+    m_wheels.openMenu(entry.family, m_context.pad);
     if (entry.family == WheelFamily::Banker)
         m_wheels.chooseBanker(m_context.pad, entry.pair);
     else

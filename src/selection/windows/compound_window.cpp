@@ -20,6 +20,7 @@ namespace {
 constexpr QSize kUsefulSize{980, 560};
 constexpr int kNumberWidth = 33;
 constexpr int kBetWidth = 167;
+constexpr double kMostGrowth = 1.5;
 constexpr int kPadding = 16; // beside the text of a cell
 
 class BetRows : public toolkit::RowSource {
@@ -56,6 +57,7 @@ void CompoundWindow::fillGrid() {
     m_model->show(std::move(columns), std::make_unique<BetRows>(m_bets));
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"复式注"_s);
+    m_grid->growColumns(kMostGrowth);
     m_grid->setModel(m_model);
     m_grid->horizontalHeader()->hide();
 }
