@@ -35,17 +35,17 @@ void Commands::mark(const QString& name, const Mark& mark) {
     m_marks.insert(name, mark);
 }
 
-void Commands::caption(const QString& name, Caption caption) {
+void Commands::caption(const QString& name, const Caption& caption) {
     expectKnown(name);
     if (m_captions.contains(name))
         throw std::logic_error("named twice: " + name.toStdString());
-    m_captions.insert(name, std::move(caption));
+    m_captions.insert(name, caption);
 }
 
-void Commands::opening(const QString& menu, std::function<void()> function) {
+void Commands::opening(const QString& menu, const std::function<void()>& function) {
     if (m_openings.contains(menu))
         throw std::logic_error("opened twice: " + menu.toStdString());
-    m_openings.insert(menu, std::move(function));
+    m_openings.insert(menu, function);
 }
 
 QString Commands::missing(const QString& name, int index) const {

@@ -32,9 +32,9 @@ class Commands {
     /// \throws std::logic_error for a name that no table has or that has a function already
     void on(const QString& name, Function function, Missing missing = {});
     /// The caption of an entry that changes with what is chosen. \throws as on()
-    void caption(const QString& name, Caption caption);
+    void caption(const QString& name, const Caption& caption);
     /// What the opening of a menu does by itself. \throws std::logic_error for a menu that has this already
-    void opening(const QString& menu, std::function<void()> function);
+    void opening(const QString& menu, const std::function<void()>& function);
     /// \throws as on(), for marks
     void mark(const QString& name, const Mark& mark);
 

@@ -40,7 +40,7 @@ template <class Number> void appendNumber(std::string& xml, Number number) {
 
 } // namespace
 
-WorkbookPage::WorkbookPage(std::string xml, std::int64_t pattern, int columns) : m_next(pattern + 1) {
+WorkbookPage::WorkbookPage(const std::string& xml, std::int64_t pattern, int columns) : m_next(pattern + 1) {
     const std::size_t row = xml.find("<row r=\"" + std::to_string(m_next) + '"');
     const std::size_t after = xml.find("</row>", row);
     if (row == std::string::npos || after == std::string::npos || !xml.ends_with("</worksheet>"))

@@ -15,7 +15,7 @@ class WorkbookPage {
   public:
     /// \param xml  with a row of empty cells that have their formats  \param pattern  that row, from 0
     /// \throws std::system_error when the page is not whole
-    WorkbookPage(std::string xml, std::int64_t pattern, int columns);
+    WorkbookPage(const std::string& xml, std::int64_t pattern, int columns);
 
     /// \param last  row of the page, from 1
     std::string head(std::int64_t last) const;

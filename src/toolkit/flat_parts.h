@@ -1,4 +1,5 @@
-// Buttons, fields, headings and scroll bars without bevels: a ground, an edge, no arrows. ProgramStyle paints with them.
+// Buttons, fields, headings and scroll bars without bevels: a ground, an edge, no arrows. ProgramStyle paints with
+// them.
 #pragma once
 
 #include <QRect>

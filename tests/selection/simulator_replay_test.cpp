@@ -1,5 +1,6 @@
 // Whole runs of the simulated draw against a second ranking, coded apart and in another shape: folds are remainders,
-// the search for the smallest share turns the numbers along the line of its records, and the sort takes the zeros out.
+// the search for the smallest share turns the numbers along the line of its records, and the sort takes the zeros
+// out.
 #include "selection/simulator.h"
 
 #include <algorithm>
@@ -265,7 +266,8 @@ TEST(SimulatorReplay, AResetBeginsTheCountsAnewButNotStable) {
     EXPECT_GT(replay.stops(), 1);
 }
 
-// A draw of 33 folded onto 7 places: 33 = 4 * 7 + 5, so places 1..5 come up five times in 33, places 6 and 7 four times.
+// A draw of 33 folded onto 7 places: 33 = 4 * 7 + 5, so places 1..5 come up five times in 33, places 6 and 7 four
+// times.
 TEST(SimulatorReplay, TheFoldFavoursTheFirstPlaces) {
     Pad pad;
     ReplayedNumbers random(20240101);

@@ -64,9 +64,14 @@ class Evening {
         readHistory();
         chooseNumbers();
         generateAndFilter();
+        saveSelection();
         drawNumbers();
+        callSelection();
+        applyWheel();
         writeBets();
-        writeChecksum();
+        const QString sum = checksum();
+        arrangeBankers();
+        m_stage.say(sum);
         test_support::window(u"Form1"_s)->close();
     }
 
@@ -158,7 +163,7 @@ class Evening {
     }
 
     /// The same evening on the same draws ends in the same tables: one number to compare.
-    void writeChecksum() {
+    QString checksum() {
         QCryptographicHash hash(QCryptographicHash::Sha256);
         const auto add = [&](sql::Database& database, const char* table) {
             const sql::Rows rows = database.query(std::string("SELECT * FROM [") + table + "]");
@@ -170,7 +175,7 @@ class Evening {
             add(*m_program.workspace.dbUser, table);
         add(*m_program.workspace.dbFilnum, "fig");
         add(*m_program.workspace.dbFilnum, "zuhe");
-        m_stage.say(u"所有表的校验和 "_s + QString::fromLatin1(hash.result().toHex().left(16)));
+        return u"所有表的校验和 "_s + QString::fromLatin1(hash.result().toHex().left(16));
     }
 
     /// A simulated draw among seven reds, by the smallest stability factor, until it stops by itself. It changes no
@@ -190,6 +195,49 @@ class Evening {
         m_stage.click(u"Form1"_s, u"ComSta"_s);
         if (!QTest::qWaitFor([&script] { return script.left() == 0; }, kDrawPatienceMs))
             ADD_FAILURE() << "the draw does not stop";
+    }
+
+    void saveSelection() {
+        const ModalScript script({{u"InputBox"_s, test_support::type(u"十六红五蓝"_s)}});
+        m_stage.menu(u"Form1"_s, {u"mnuSelect"_s, u"mnuSave"_s});
+    }
+
+    void callSelection() {
+        const ModalScript script({{u"frmnmFind"_s, [this](QWidget&) {
+                                       m_stage.show(u"saved"_s, u"调用历史选号号码"_s);
+                                       m_stage.doubleClickCell(u"frmnmFind"_s, u"MSFlexGrid1"_s, 0, 0);
+                                   }}});
+        m_stage.menu(u"Form1"_s, {u"mnuSelect"_s, u"mnuCall"_s});
+        m_stage.show(u"called"_s, u"选号已调用: "_s + m_program.pad.statusText());
+    }
+
+    void applyWheel() {
+        m_stage.click(u"Form1"_s, u"Command45"_s);
+        for (const int red : {2, 6, 9, 11, 16, 20, 25, 27, 31})
+            m_stage.click(u"Form1"_s, u"Command1(%1)"_s.arg(red));
+        const ModalScript script({{u"GAganRote"_s, [this](QWidget& wheel) {
+                                       m_stage.show(u"wheel"_s, u"旋转矩阵 9 红: "_s + wheel.windowTitle());
+                                       wheel.close();
+                                   }}});
+        m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuRt"_s, u"meuRtxz(9)"_s});
+    }
+
+    void arrangeBankers() {
+        QWidget& form = *test_support::window(u"Form1"_s);
+        m_stage.click(u"Form1"_s, u"Command45"_s);
+        for (const int red : {1, 5, 10, 14, 25, 30, 31})
+            m_stage.click(u"Form1"_s, u"Command1(%1)"_s.arg(red));
+        for (const int red : {3, 20}) {
+            test_support::rightPress(form, u"Command1(%1)"_s.arg(red));
+            test_support::action(form, u"mnuDan"_s)->trigger();
+            if (QWidget* menu = QApplication::activePopupWidget())
+                menu->close();
+        }
+        const ModalScript script({{u"Gdanagan"_s, [this](QWidget& bankers) {
+                                       m_stage.show(u"bankers"_s, u"胆拖组合: "_s + bankers.windowTitle());
+                                       bankers.close();
+                                   }}});
+        m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuDtlst"_s});
     }
 
     Stage& m_stage;

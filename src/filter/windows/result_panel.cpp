@@ -118,8 +118,8 @@ void ResultPanel::connectGrid(const FilterMember& member) {
             [this] { emit rowDoubleClicked(-1); });
 }
 
-void ResultPanel::show(View view, Shows shows) {
-    m_model->show(std::move(view));
+void ResultPanel::show(const View& view, Shows shows) {
+    m_model->show(view);
     m_grid->setEmptyText(shows == Shows::Page ? u"这一页没有剩余组合：换一个页号，或按任一过滤看全部剩余"_s
                          : shows == Shows::Left ? kAdvice
                                                 : u"没有组合：先在组合排列里生成"_s);

@@ -20,7 +20,7 @@ class ResultPanel : public toolkit::Card {
 
     /// Which rows a view holds, for the headline.
     enum class Shows { Left, Reasons, Page };
-    void show(View view, Shows shows);
+    void show(const View& view, Shows shows);
     using QWidget::show;
     /// What the last step left and did. \param step  its words, empty for the opening of the table
     void tell(const Outcome& outcome, std::int64_t total, const QString& step);

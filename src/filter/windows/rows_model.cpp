@@ -94,7 +94,7 @@ class RowsModel::ViewRows final : public toolkit::RecordRows {
 
 RowsModel::RowsModel(const FilterMember& member, QObject* parent) : toolkit::RowsModel(parent), m_member(member) {}
 
-void RowsModel::show(View view) {
+void RowsModel::show(const View& view) {
     auto rows = std::make_unique<ViewRows>(view);
     m_view = rows.get();
     toolkit::RowsModel::show(columnsOf(view, m_member), std::move(rows));

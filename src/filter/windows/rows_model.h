@@ -15,7 +15,7 @@ class RowsModel : public toolkit::RowsModel {
     RowsModel(const FilterMember& member, QObject* parent);
 
     /// Shows another view; grey cells are forgotten.
-    void show(View view);
+    void show(const View& view);
     void setGrey(int row, bool grey);
 
   private:

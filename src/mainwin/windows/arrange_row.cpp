@@ -52,8 +52,8 @@ ArrangeRow::ArrangeRow(QWidget* parent)
     layout->addWidget(m_button);
     layout->addWidget(m_ring);
     layout->addWidget(m_first);
-    layout->addWidget(m_second);
-    layout->addStretch();
+    layout->addWidget(m_second, 1);
+    m_second->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // cut, rather than widening the column
     connect(m_button, &QPushButton::clicked, this, &ArrangeRow::pressed);
 }
 
@@ -73,6 +73,7 @@ void ArrangeRow::showReady(const QString& cost, const QString& form) {
     m_first->setInk(&Colours::text);
     m_first->setText(cost);
     m_second->setText(form);
+    m_second->setToolTip(form);
 }
 
 void ArrangeRow::paintEvent(QPaintEvent*) {

@@ -117,7 +117,7 @@ int SharePanel::placeRows(const std::vector<Row>& rows, int count, int firstLine
         for (QWidget* widget :
              {static_cast<QWidget*>(row.caption), static_cast<QWidget*>(row.share), static_cast<QWidget*>(row.bar)}) {
             m_grid->removeWidget(widget);
-            m_grid->addWidget(widget, line, column++);
+            m_grid->addWidget(widget, line, column++, widget == row.share ? Qt::AlignVCenter : Qt::Alignment());
         }
     }
     return firstLine + lines;

@@ -51,7 +51,7 @@ TableDesk::TableDesk(MainContext& context, FilterOpener& opener) : m_context(con
         {u"mnuCatxt"_s, "GAganRead"},     {u"mnuCatxtR"_s, "GAganReadR"}, {u"mnuCallZhmb"_s, "GAganZhMb"},
         {u"mnuCallZhmbR"_s, "GAganZhMbR"}};
     for (const auto& [name, form] : kept)
-        commands.on(name, [this, form](int) { m_opener.openKept(form); });
+        commands.on(name, [this, form = form](int) { m_opener.openKept(form); });
     commands.on(u"mnuRdtxt"_s, [this](int) { readText({{"zuheRead", 7}, "GAganRead"}); });
     // Its window shows the table of that name in filnumR, while the reading writes the one in filnum: meant so.
     commands.on(u"mnuRdtxtR"_s, [this](int) { readText({{"zuheReadR", 6}, "GAganReadR", true}); });

@@ -39,7 +39,7 @@ WheelDesk::WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpen
     // The load step again, on the pad as it is now and the wheel that was chosen last.
     for (const auto& [name, form] :
          {std::pair(u"mnuCallRote"_s, "GAganRote"), std::pair(u"mnuCallRoteR"_s, "GAganRoteR")})
-        context.commands.on(name, [this, form](int) { open(form); });
+        context.commands.on(name, [this, form = form](int) { open(form); });
 }
 
 void WheelDesk::registerMenus() {
@@ -49,7 +49,7 @@ void WheelDesk::registerMenus() {
                                                      {u"mnuDtxj"_s, WheelFamily::Banker},
                                                      {u"mnuFuxj"_s, WheelFamily::Seven}};
     for (const auto& [menu, family] : menus)
-        m_context.commands.opening(menu, [this, family] { m_wheels.openMenu(family, m_context.pad); });
+        m_context.commands.opening(menu, [this, family = family] { m_wheels.openMenu(family, m_context.pad); });
 }
 
 void WheelDesk::registerEntries() {
