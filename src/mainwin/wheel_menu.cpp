@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "mainwin/menu_table.h"
+#include "selection/compound_bets.h"
 #include "selection/wheel_proof.h"
 
 using namespace Qt::StringLiterals;
@@ -13,7 +14,6 @@ namespace mainwin {
 
 namespace {
 
-constexpr int kYuanPerCompound = 14; // a row of seven reds is seven bets
 constexpr int kFirstBankerIndex = 3;
 constexpr int kExtendedReds = 18;
 
@@ -71,7 +71,7 @@ QString wheelCaption(const WheelEntry& entry, const WheelSizes& sizes, std::int6
         return (sizes.blues > 0 ? u"%1蓝球,"_s.arg(sizes.blues) : QString()) +
                u"红球%1选 %2共计%3注,合计 %4 元%5"_s.arg(QString::number(sizes.reds), guarantee,
                                                          QString::number(bets),
-                                                         QString::number(bets * kYuanPerCompound), key);
+                                                         QString::number(bets * selection::kYuanPerCompound), key);
     case WheelFamily::Basic:
     case WheelFamily::Extended:
         break;
@@ -86,12 +86,14 @@ QString wheelNotice(const selection::WheelTable& table, std::int64_t rows) {
         QString::fromUtf8(selection::wheelFamily(table.family).title.data(),
                           static_cast<qsizetype>(selection::wheelFamily(table.family).title.size()));
     const QString numbers = bankers > 0 ? u"%1胆%2拖"_s.arg(bankers).arg(positions) : u"%1个红球"_s.arg(positions);
-    return u"%1矩阵，%2，中%3保%4：选中的号码里若有 %3 个开出，至少有一注含其中 %4 个。共 %5 行，任何矩阵都不少于 %6 行。"_s
+    const QString condition = bankers > 0 ? u"胆码全部开出、连胆共开出 %1 个时"_s : u"选中的号码里若有 %1 个开出"_s;
+    return u"%1矩阵，%2，中%3保%4：%7，至少有一注含其中 %4 个。共 %5 行，任何矩阵都不少于 %6 行。"_s
         .arg(family, numbers)
         .arg(chosen + bankers)
         .arg(common + bankers)
         .arg(rows)
-        .arg(selection::fewestRows(table.problem));
+        .arg(selection::fewestRows(table.problem))
+        .arg(condition.arg(chosen + bankers));
 }
 
 } // namespace mainwin

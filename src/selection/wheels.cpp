@@ -31,6 +31,8 @@ std::vector<std::int32_t> numbersOf(const WheelRow& row, const Pad& pad, bool nu
 Wheels::Wheels(sql::Engine& engine, FileOf fileOf) : m_engine(engine), m_fileOf(std::move(fileOf)) {}
 
 void Wheels::openMenu(WheelFamily family, Pad& pad) {
+    m_open.erase(family);
+    std::erase_if(m_counts, [family](const auto& counted) { return counted.first.first == family; });
     pad.sortReds();
     switch (family) {
     case WheelFamily::Basic:
@@ -64,11 +66,6 @@ sql::Database* Wheels::open(WheelFamily family) {
     return database.get();
 }
 
-void Wheels::forget() {
-    m_open.clear();
-    m_counts.clear();
-}
-
 std::optional<std::int64_t> Wheels::rows(WheelFamily family, const Pad& pad, const Guarantee& pair) {
     const int bankers = family == WheelFamily::Banker ? pad.Dancnt : 0;
     return rows(family, wheelTableName(family, pad.Redcnt, bankers, pair));
@@ -78,10 +75,26 @@ std::optional<std::int64_t> Wheels::rows(WheelFamily family, const std::string& 
     const auto [counted, unknown] = m_counts.try_emplace({family, table});
     if (!unknown)
         return counted->second;
-    if (sql::Database* database = open(family); database && database->hasTable(table))
-        counted->second = database->rowCount(table);
+    try {
+        if (sql::Database* database = open(family); database && database->hasTable(table))
+            counted->second = database->rowCount(table);
+    } catch (const sql::SqlError&) {
+        // A damaged file is as good as none: its entries are not offered.
+    }
     return counted->second;
 }
+
+namespace {
+
+/// "[fig1],[fig2],…": by name, whatever else a table brings along.
+std::string cellColumns(int cells) {
+    std::string columns;
+    for (int cell = 1; cell <= cells; ++cell)
+        columns += (cell > 1 ? ",[fig" : "[fig") + std::to_string(cell) + "]";
+    return columns;
+}
+
+} // namespace
 
 std::vector<WheelRow> Wheels::rowsOf(WheelFamily family, const std::string& table) {
     std::vector<WheelRow> found;
@@ -89,8 +102,8 @@ std::vector<WheelRow> Wheels::rowsOf(WheelFamily family, const std::string& tabl
     if (!database)
         return found;
     try {
-        const sql::Rows rows = database->query("SELECT * FROM [" + table + "]");
-        const int cells = std::min(rows.columnCount(), wheelFamily(family).cells);
+        const int cells = wheelFamily(family).cells;
+        const sql::Rows rows = database->query("SELECT " + cellColumns(cells) + " FROM [" + table + "]");
         const std::int64_t count = std::min(rows.count(), static_cast<std::int64_t>(kMostRows));
         for (std::int64_t row = 0; row < count; ++row) {
             WheelRow& added = found.emplace_back();
@@ -105,6 +118,7 @@ std::vector<WheelRow> Wheels::rowsOf(WheelFamily family, const std::string& tabl
 
 void Wheels::choose(WheelFamily family, const std::string& table) {
     rsWheel = rowsOf(family, table);
+    m_chosen = wheelTableNamed(family, table);
 }
 
 void Wheels::chooseBanker(const Pad& pad, const Guarantee& pair) {
@@ -122,6 +136,28 @@ void Wheels::read(const Pad& pad) {
     Rotetable = Wheelopen ? rsWheel : rowsOf(WheelFamily::Basic, std::to_string(pad.Redcnt));
     if (Wheeldan)
         mapBankers();
+}
+
+std::int64_t Wheels::rowsToRead(const Pad& pad) {
+    return Wheelopen ? static_cast<std::int64_t>(rsWheel.size())
+                     : rows(WheelFamily::Basic, std::to_string(pad.Redcnt)).value_or(0);
+}
+
+std::optional<WheelTable> Wheels::guaranteed(const Pad& pad) {
+    const std::optional<WheelTable> table =
+        Wheelopen ? m_chosen : wheelTableNamed(WheelFamily::Basic, std::to_string(pad.Redcnt));
+    if (!table || table->family == WheelFamily::Seven || table->problem.positions != pad.Redcnt ||
+        rowsToRead(pad) == 0)
+        return std::nullopt;
+    const bool bankers = table->family == WheelFamily::Banker;
+    return bankers == Wheeldan && (!bankers || (table->bankers == pad.Dancnt && mapFits(pad))) ? table : std::nullopt;
+}
+
+/// Whether the positions stand for the numbers that are chosen now.
+bool Wheels::mapFits(const Pad& pad) const {
+    const auto drags = Rotemap.begin() + 1;
+    return std::equal(drags, drags + pad.Redcnt, pad.Redlist.begin() + 1) &&
+           std::equal(drags + pad.Redcnt, drags + pad.Redcnt + pad.Dancnt, pad.Danlist.begin() + 1);
 }
 
 void Wheels::mapBankers() {

@@ -43,7 +43,8 @@ class Wheels {
     std::array<std::int16_t, Pad::kMostReds + 1> Rotemap{}; ///< the number at a position of a wheel with bankers
     std::vector<WheelRow> Rotetable; ///< the rows of the last wheel read; numbers where it was one with bankers
 
-    /// The menu of a family is opened: the reds are sorted, and the marks are set as the family sets them.
+    /// The menu of a family is opened: the reds are sorted, the marks are set as the family sets them, and its file
+    /// is looked at anew.
     void openMenu(WheelFamily family, Pad& pad);
 
     /// Rows of the table for the numbers on the pad; nothing when there is no such table.
@@ -57,17 +58,21 @@ class Wheels {
 
     /// Fills Rotetable from the chosen wheel, or from the basic one; empty when there is none.
     void read(const Pad& pad);
-
-    /// The tables may be others: an imported wheel.
-    void forget();
+    /// How many rows read() finds.
+    std::int64_t rowsToRead(const Pad& pad);
+    /// The table that read() takes, where its guarantee holds for the numbers on the pad: nothing where the mark of
+    /// another wheel is left, where other numbers have been chosen since, and for a compound wheel cut to six reds.
+    std::optional<WheelTable> guaranteed(const Pad& pad);
 
   private:
     sql::Database* open(WheelFamily family);
     std::vector<WheelRow> rowsOf(WheelFamily family, const std::string& table);
     void mapBankers();
+    bool mapFits(const Pad& pad) const;
 
     sql::Engine& m_engine;
     FileOf m_fileOf;
+    std::optional<WheelTable> m_chosen; ///< what rsWheel was read from
     std::map<WheelFamily, std::unique_ptr<sql::Database>> m_open;
     std::map<std::pair<WheelFamily, std::string>, std::optional<std::int64_t>> m_counts;
 };

@@ -2,8 +2,12 @@
 #include "executor_names.h"
 #include "selection/bet_source.h"
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <filesystem>
 #include <numeric>
+#include <random>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
@@ -295,6 +299,98 @@ TEST_P(EnumerationRows, BlocksJoinWithoutAGap) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Executors, EnumerationRows, testing::Values(sql::Executor::Sqlite, sql::Executor::Column));
+
+/// The sets around the bankers by falling bit masks, whose highest bit is the first drag: an independent second way.
+std::vector<Row> setsByMasks(const std::vector<std::int32_t>& drags, const std::vector<std::int32_t>& bankers,
+                             int size) {
+    std::vector<Row> found;
+    const int count = static_cast<int>(drags.size());
+    for (std::uint32_t mask = (1U << count) - 1; mask > 0; --mask) { // the lexicographic order of ascending places
+        if (std::popcount(mask) != size - static_cast<int>(bankers.size()))
+            continue;
+        Row row(bankers.begin(), bankers.end());
+        for (int place = 0; place < count; ++place)
+            if ((mask >> (count - 1 - place) & 1U) != 0)
+                row.push_back(drags[static_cast<std::size_t>(place)]);
+        std::sort(row.begin(), row.end());
+        found.push_back(row);
+    }
+    return found;
+}
+
+std::vector<Row> numbered(const std::vector<Row>& sets, const std::vector<std::int32_t>& blues, bool blue) {
+    std::vector<Row> rows;
+    for (const Row& set : sets)
+        for (std::size_t each = 0; each < (blue ? blues.size() : 1); ++each) {
+            Row row{static_cast<int>(rows.size()) + 1};
+            row.insert(row.end(), set.begin(), set.end());
+            if (blue)
+                row.push_back(blues[each]);
+            rows.push_back(row);
+        }
+    return rows;
+}
+
+struct Choice {
+    std::vector<std::int32_t> drags, bankers, blues;
+};
+
+/// Numbers of a random choice: drags ascending, the others in the order of the clicks.
+Choice randomChoice(std::mt19937& random, bool bankers, int reds) {
+    std::vector<std::int32_t> all(33), blues(16);
+    std::iota(all.begin(), all.end(), 1);
+    std::iota(blues.begin(), blues.end(), 1);
+    std::shuffle(all.begin(), all.end(), random);
+    std::shuffle(blues.begin(), blues.end(), random);
+    const auto d = static_cast<std::ptrdiff_t>(bankers ? 1 + random() % static_cast<unsigned>(reds - 1) : 0);
+    const auto n = static_cast<std::ptrdiff_t>(reds - d + static_cast<std::ptrdiff_t>(random() % 6));
+    Choice choice{{all.begin(), all.begin() + n},
+                  {all.begin() + n, all.begin() + n + d},
+                  {blues.begin(), blues.begin() + 1 + static_cast<std::ptrdiff_t>(random() % 4)}};
+    std::sort(choice.drags.begin(), choice.drags.end());
+    return choice;
+}
+
+TEST_P(EnumerationRows, EveryFormWritesWhatBitMasksGiveForRandomChoices) {
+    constexpr TableShape kSevenWithBankers{"zuhef", 7, false, true};
+    constexpr std::array kForms{kWithBlue, kRedsOnly, kBankersWithBlue, kBankersOnly, kSevenReds, kSevenWithBankers};
+    constexpr unsigned kSeed = 20030216;
+    constexpr int kChoices = 12;
+    std::mt19937 random(kSeed);
+    for (const TableShape& form : kForms)
+        for (int round = 0; round < kChoices; ++round) {
+            const Choice choice = randomChoice(random, form.bankers, form.reds);
+            GenerationInput input;
+            input.chosen = {choice.drags, choice.bankers, choice.blues};
+            input.Genreds = static_cast<int>(choice.drags.size());
+            const std::int64_t announced = Enumeration(input).announced(form);
+            const Generated generated = run(form, input);
+            const std::vector<Row> expected =
+                numbered(setsByMasks(choice.drags, choice.bankers, form.reds), choice.blues, form.blue);
+            const std::vector<Row> found = rows(form);
+            ASSERT_FALSE(expected.empty());
+            ASSERT_EQ(found.size(), expected.size()) << form.table << " round " << round << " seed " << kSeed;
+            EXPECT_EQ(found.front(), expected.front());
+            EXPECT_EQ(found.back(), expected.back());
+            EXPECT_TRUE(found == expected) << form.table << " round " << round << " seed " << kSeed;
+            EXPECT_EQ(announced, static_cast<std::int64_t>(found.size()));
+            EXPECT_EQ(generated.announced, announced);
+            EXPECT_EQ(generated.written, announced);
+        }
+}
+
+TEST_P(EnumerationRows, OfAShortDrawTheMissingNumbersAreZero) {
+    GenerationInput input = plainInput(8, {5});
+    input.Genreds = 7;
+    input.Fromdraw = true;
+    input.Drawnlist = {3, 8, 13, 18, 23, 28};
+    run(kWithBlue, input);
+    const std::vector<Row> found = rows(kWithBlue);
+    ASSERT_EQ(found.size(), 7U);
+    EXPECT_EQ(found[0], (Row{1, 3, 8, 13, 18, 23, 28, 5}));
+    EXPECT_EQ(found[1], (Row{2, 3, 8, 13, 18, 23, 0, 5}));
+    EXPECT_EQ(found[6], (Row{7, 8, 13, 18, 23, 28, 0, 5}));
+}
 
 TEST(CombinationCount, FollowsTheClosedForm) {
     EXPECT_EQ(combinationCount(33, 6), 1107568);

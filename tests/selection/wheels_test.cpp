@@ -1,5 +1,7 @@
 #include "selection/wheels.h"
 
+#include <fstream>
+
 #include <gtest/gtest.h>
 
 #include "scratch_folder.h"
@@ -150,6 +152,104 @@ TEST_F(WheelsTest, DamagedCellsHitNoNumber) {
     put(WheelFamily::Basic, "9", {{1, 2, 3, -4, 500, 6}});
     choose({1, 2, 3, 4, 5, 6, 7, 8, 9});
     EXPECT_EQ(filled("zuheRoteR", false), "1 1 2 3 0 0 6 |");
+}
+
+TEST_F(WheelsTest, ADamagedFileOffersNothing) {
+    for (const auto& info : selection::wheelFamilies())
+        std::ofstream(folder.path() / std::string(info.file)) << "this is no database, only a text of some length\n";
+    choose({1, 2, 3, 4, 5, 6, 7, 8, 9});
+    for (const auto& info : selection::wheelFamilies())
+        EXPECT_EQ(wheels.rows(info.family, pad, {5, 4}), std::nullopt) << info.title;
+    wheels.choose(WheelFamily::Super, "0954");
+    EXPECT_TRUE(wheels.rsWheel.empty());
+    EXPECT_EQ(filled("zuheRoteR", false), "");
+}
+
+TEST_F(WheelsTest, AFileDamagedBehindItsHeadOffersNothing) {
+    put(WheelFamily::Super, "0954", kThreeRows);
+    constexpr std::streamoff kPage = 4096; // the first one lists the tables and stays
+    const auto file = folder.path() / "Xuanzhuancj";
+    const auto bytes = std::filesystem::file_size(file);
+    ASSERT_GT(bytes, static_cast<std::uintmax_t>(kPage));
+    std::fstream damaged(file, std::ios::in | std::ios::out | std::ios::binary);
+    damaged.seekp(kPage);
+    damaged << std::string(static_cast<std::size_t>(bytes) - kPage, '\xff');
+    damaged.close();
+    EXPECT_EQ(wheels.rows(WheelFamily::Super, "0954"), std::nullopt);
+    wheels.choose(WheelFamily::Super, "0954");
+    EXPECT_TRUE(wheels.rsWheel.empty());
+}
+
+TEST_F(WheelsTest, TheMenuLooksAtItsFileAnewAtEachOpening) {
+    choose({1, 2, 3, 4, 5, 6, 11});
+    wheels.openMenu(WheelFamily::Super, pad);
+    EXPECT_EQ(wheels.rows(WheelFamily::Super, pad, {5, 4}), std::nullopt);
+    put(WheelFamily::Super, "0754", {{1, 2, 3, 4, 5, 7}});
+    wheels.openMenu(WheelFamily::Super, pad);
+    EXPECT_EQ(wheels.rows(WheelFamily::Super, pad, {5, 4}), 1);
+}
+
+TEST_F(WheelsTest, CellsAreFoundByTheNamesOfTheirColumns) {
+    auto wheel = engine.create(folder.path() / "Xuanzhuanjb");
+    wheel->execute("CREATE TABLE [7]([line] integer,[fig6] integer,[fig5] integer,[fig4] integer,[fig3] integer,"
+                   "[fig2] integer,[fig1] integer)");
+    const std::vector<std::int32_t> cells{99, 7, 5, 4, 3, 2, 1};
+    sql::RowBlock row{{"line", "fig6", "fig5", "fig4", "fig3", "fig2", "fig1"}, {}};
+    for (const std::int32_t& cell : cells)
+        row.values.emplace_back(&cell, 1);
+    wheel->appendRows("7", row);
+    choose({11, 12, 13, 14, 15, 16, 17});
+    EXPECT_EQ(filled("zuheRoteR", false), "1 11 12 13 14 15 17 |");
+}
+
+TEST_F(WheelsTest, AGuaranteeIsToldOnlyForTheNumbersThatTheRowsAreMadeOf) {
+    put(WheelFamily::Super, "0954", kThreeRows);
+    put(WheelFamily::Basic, "9", kThreeRows);
+    choose({21, 22, 23, 24, 25, 26, 27, 28, 29});
+    wheels.openMenu(WheelFamily::Basic, pad);
+    ASSERT_TRUE(wheels.guaranteed(pad));
+    EXPECT_EQ(wheels.guaranteed(pad)->name, "9");
+    wheels.openMenu(WheelFamily::Super, pad);
+    EXPECT_FALSE(wheels.guaranteed(pad)) << "no table is chosen yet";
+    wheels.choose(WheelFamily::Super, "0954");
+    ASSERT_TRUE(wheels.guaranteed(pad));
+    EXPECT_EQ(wheels.guaranteed(pad)->name, "0954");
+    EXPECT_EQ(wheels.rowsToRead(pad), 3);
+    choose({30});
+    EXPECT_FALSE(wheels.guaranteed(pad)) << "its rows leave the tenth number out";
+    wheels.openMenu(WheelFamily::Basic, pad);
+    EXPECT_FALSE(wheels.guaranteed(pad)) << "there is no basic wheel of ten";
+    choose({30});
+    wheels.openMenu(WheelFamily::Banker, pad);
+    wheels.openMenu(WheelFamily::Basic, pad);
+    EXPECT_FALSE(wheels.guaranteed(pad)) << "the mark of the bankers is left";
+}
+
+TEST_F(WheelsTest, ACompoundWheelCutToSixRedsGuaranteesNothing) {
+    put(WheelFamily::Seven, "0844", {{1, 2, 3, 4, 5, 6, 7}});
+    choose({1, 2, 3, 4, 5, 6, 7, 8});
+    wheels.openMenu(WheelFamily::Super, pad); // sets Wheelopen
+    wheels.openMenu(WheelFamily::Seven, pad);
+    wheels.choose(WheelFamily::Seven, "0844");
+    EXPECT_EQ(filled("zuheRoteR", false), "1 1 2 3 4 5 6 |");
+    EXPECT_FALSE(wheels.guaranteed(pad));
+}
+
+TEST_F(WheelsTest, ABankerWheelGuaranteesNothingForNumbersChosenLater) {
+    put(WheelFamily::Banker, "26644", {{1, 2, 3, 4, 5, 6}});
+    choose({14, 5, 9, 11});
+    makeBankers({2, 30});
+    wheels.openMenu(WheelFamily::Banker, pad);
+    wheels.chooseBanker(pad, {4, 4});
+    EXPECT_FALSE(wheels.guaranteed(pad)) << "rows of six out of 4 + 2: nothing is left to guarantee";
+    put(WheelFamily::Banker, "26754", {{1, 2, 3, 4, 6, 7}, {1, 2, 3, 5, 6, 7}});
+    choose({20});
+    wheels.openMenu(WheelFamily::Banker, pad);
+    wheels.chooseBanker(pad, {5, 4});
+    ASSERT_TRUE(wheels.guaranteed(pad));
+    EXPECT_EQ(wheels.guaranteed(pad)->name, "26754");
+    choose({20, 21});
+    EXPECT_FALSE(wheels.guaranteed(pad)) << "as many drags, but another one";
 }
 
 TEST(WheelNames, AreMadeOfTheNumbersAndTheGuarantee) {

@@ -8,6 +8,7 @@
 #include "mainwin/windows/places.h"
 #include "toolkit/dialog_boxes.h"
 #include "workspace/combination_files.h"
+#include "workspace/failure.h"
 
 using namespace Qt::StringLiterals;
 
@@ -36,16 +37,36 @@ void FilterOpener::open(std::string_view form, selection::BetSource& source, std
                         const QString& notice) {
     workspace::Workspace& workspace = m_context.workspace;
     const filter::FilterMember& member = *filter::findMember(form);
+    sql::Database* database = databaseOf(member);
+    if (!database)
+        return;
     m_window.setCursor(Qt::WaitCursor);
     filter::FilterWindow window(member,
-                                {workspace::combinationFile(m_engine, workspace, member.file),
-                                 m_context.book.history(), workspace.Bitnum, m_Baoliu, placesIn(m_context.settings),
-                                 workspace.BitnumB},
+                                {*database, m_context.book.history(), workspace.Bitnum, m_Baoliu,
+                                 placesIn(m_context.settings), workspace.BitnumB},
                                 &m_window);
     window.setNotice(notice);
     if (window.load(source, toolkit::DialogBoxes(&m_window).progress(costOfMaking(bets)).get()))
         window.exec();
     m_window.unsetCursor();
+}
+
+sql::Database* FilterOpener::databaseOf(const filter::FilterMember& member) {
+    try {
+        return &workspace::combinationFile(m_engine, m_context.workspace, member.file);
+    } catch (const sql::SqlError& failed) {
+        tellBroken(failed);
+    } catch (const workspace::Failure& failed) {
+        tellBroken(failed);
+    }
+    return nullptr;
+}
+
+void FilterOpener::tellBroken(const std::exception& failure) {
+    toolkit::DialogBoxes(&m_window).warn(
+        {u"数据库读写错误,程序即将退出!"_s, u"数据库错误"_s, workspace::detailsOf(failure),
+         u"原因：%1。您的文件都没有改变，历史号码和保存的选号都在。"_s.arg(workspace::causeOf(failure))});
+    m_window.close();
 }
 
 void FilterOpener::openKept(std::string_view form, const QString& notice) {

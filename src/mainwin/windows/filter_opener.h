@@ -8,6 +8,7 @@
 #include <QString>
 #include <QWidget>
 
+#include "filter/member.h"
 #include "mainwin/main_context.h"
 #include "selection/bet_source.h"
 
@@ -36,6 +37,10 @@ class FilterOpener {
     sql::Engine& engine() const { return m_engine; }
 
   private:
+    /// \return nullptr when the file does not open: that has been told, and the program ends
+    sql::Database* databaseOf(const filter::FilterMember& member);
+    void tellBroken(const std::exception& failure);
+
     MainContext& m_context;
     sql::Engine& m_engine;
     std::int16_t& m_Baoliu;

@@ -52,11 +52,9 @@ TableDesk::TableDesk(MainContext& context, FilterOpener& opener) : m_context(con
         {u"mnuCallZhmbR"_s, "GAganZhMbR"}};
     for (const auto& [name, form] : kept)
         commands.on(name, [this, form = form](int) { m_opener.openKept(form); });
-    commands.on(u"mnuRdtxt"_s, [this](int) { readText({{"zuheRead", 7}, "GAganRead", {}}); });
+    commands.on(u"mnuRdtxt"_s, [this](int) { readText({{"zuheRead", 7}, "GAganRead"}); });
     // Its window shows the table of that name in filnumR, while the reading writes the one in filnum: meant so.
-    commands.on(u"mnuRdtxtR"_s, [this](int) {
-        readText({{"zuheReadR", 6}, "GAganReadR", u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表。"_s});
-    });
+    commands.on(u"mnuRdtxtR"_s, [this](int) { readText({{"zuheReadR", 6}, "GAganReadR", true}); });
 }
 
 void TableDesk::readText(const TextBets& bets) {
@@ -68,7 +66,7 @@ void TableDesk::readText(const TextBets& bets) {
         return;
     const QString told = file.isEmpty() ? u"没有选择文件：表中仍是上次读入的组号。"_s : read(bets, file, *start);
     if (!told.isNull())
-        m_opener.openKept(bets.form, told + bets.elsewhere);
+        m_opener.openKept(bets.form, told);
 }
 
 /// \return nothing for an empty answer, which ends the command
@@ -92,7 +90,13 @@ QString TableDesk::read(const TextBets& bets, const QString& file, int start) {
         const auto progress = boxes.progress(u"读取 %1"_s.arg(file));
         const selection::BetTextResult result = selection::readBets(*m_context.workspace.dbFilnum, bets.target,
                                                                     workspace::toPath(file), start, progress.get());
-        return result.cancelled ? QString() : resultText(result);
+        if (result.cancelled)
+            return {};
+        if (!bets.apart)
+            return resultText(result);
+        store(); // no window stands on this file that would
+        return resultText(result) +
+               (result.bets > 0 ? u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表。"_s : QString());
     } catch (const workspace::Failure& failed) {
         boxes.warn(workspace::failureMessage(failed, u"文本没有读入"_s, u"读取设置"_s));
     } catch (const sql::SqlError& failed) {
@@ -100,6 +104,18 @@ QString TableDesk::read(const TextBets& bets, const QString& file, int start) {
                                              u"表中仍是上次读入的组号。排除原因后再读一次。"_s));
     }
     return {};
+}
+
+/// A failure is told; the bets are there until the program ends, and are stored again then.
+void TableDesk::store() {
+    try {
+        if (m_context.workspace.dbFilnum->storePending())
+            m_context.workspace.dbFilnum->store();
+    } catch (const sql::SqlError& failed) {
+        toolkit::DialogBoxes(&m_opener.window())
+            .warn(workspace::failureMessage(failed, u"读入的组号没有写入文件"_s, u"读取设置"_s,
+                                            u"组号都还在，退出时会再写一次。请先排除原因。"_s));
+    }
 }
 
 } // namespace mainwin

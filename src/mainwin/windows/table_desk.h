@@ -20,11 +20,12 @@ class TableDesk : public QObject {
     struct TextBets {
         selection::BetTextTarget target;
         std::string_view form;
-        QString elsewhere; ///< told behind the result: where the window looks
+        bool apart = false; ///< the window looks into another file than the one that is written
     };
     void readText(const TextBets& bets);
     std::optional<int> askStart();
     QString read(const TextBets& bets, const QString& file, int start);
+    void store();
 
     MainContext& m_context;
     FilterOpener& m_opener;

@@ -4,6 +4,9 @@
 
 #include <QCoreApplication>
 
+#include "filter/member.h"
+#include "mainwin/windows/places.h"
+#include "selection/windows/compound_window.h"
 #include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
@@ -17,21 +20,26 @@ std::filesystem::path wheelFile(const std::filesystem::path& folder, std::string
                                    : workspace::toPath(QCoreApplication::applicationDirPath()) / std::string(name);
 }
 
+namespace {
+
+std::string_view formOf(const selection::Pad& pad) {
+    return pad.Bluecnt > 0 ? "GAganRote" : "GAganRoteR";
+}
+
+} // namespace
+
 WheelDesk::WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpener& opener)
     : m_context(context), m_wheels(wheels), m_opener(opener) {
     registerMenus();
     registerEntries();
-    context.commands.on(u"meuRtxz"_s, [this](int reds) {
-        m_chosen = selection::wheelTableNamed(WheelFamily::Basic, std::to_string(reds));
-        open();
+    context.commands.on(u"meuRtxz"_s, [this](int) {
+        m_wheels.openMenu(WheelFamily::Basic, m_context.pad);
+        open(formOf(m_context.pad));
     });
     // The load step again, on the pad as it is now and the wheel that was chosen last.
     for (const auto& [name, form] :
          {std::pair(u"mnuCallRote"_s, "GAganRote"), std::pair(u"mnuCallRoteR"_s, "GAganRoteR")})
-        context.commands.on(name, [this, form = form](int) {
-            selection::Wheel source(m_wheels, m_context.pad);
-            m_opener.open(form, source, 0, notice());
-        });
+        context.commands.on(name, [this, form = form](int) { open(form); });
 }
 
 void WheelDesk::registerMenus() {
@@ -47,8 +55,7 @@ void WheelDesk::registerMenus() {
 void WheelDesk::registerEntries() {
     std::map<QString, std::vector<WheelEntry>> byName; // an array is one command
     for (const WheelEntry& entry : wheelEntries())
-        if (entry.family != WheelFamily::Seven) // the window of the compound wheels does not exist yet
-            byName[entry.name].push_back(entry);
+        byName[entry.name].push_back(entry);
     for (const auto& [name, entries] : byName)
         registerEntry(name, entries);
 }
@@ -88,26 +95,38 @@ QString WheelDesk::obstacle(const WheelEntry& entry) {
                : u"%1 红没有这种矩阵"_s.arg(entry.reds > 0 ? entry.reds : pad.Redcnt);
 }
 
+/// An assistive tool may choose an entry without having opened its menu: that makes no difference.
 void WheelDesk::choose(const WheelEntry& entry) {
-    const std::string table = tableOf(entry);
+    m_wheels.openMenu(entry.family, m_context.pad);
     if (entry.family == WheelFamily::Banker)
         m_wheels.chooseBanker(m_context.pad, entry.pair);
     else
-        m_wheels.choose(entry.family, table);
-    m_chosen = selection::wheelTableNamed(entry.family, table);
-    open();
+        m_wheels.choose(entry.family, tableOf(entry));
+    if (entry.family == WheelFamily::Seven)
+        openCompound(tableOf(entry));
+    else
+        open(formOf(m_context.pad));
 }
 
-void WheelDesk::open() {
+void WheelDesk::openCompound(const std::string& table) {
+    const bool blue = m_context.pad.Bluecnt > 0;
+    const auto told = selection::wheelTableNamed(WheelFamily::Seven, table);
+    selection::CompoundWindow window(
+        blue ? u"aganFRote"_s : u"aganFRoteR"_s, selection::CompoundBets(m_wheels.rsWheel, m_context.pad, blue),
+        told ? wheelNotice(*told, static_cast<std::int64_t>(m_wheels.rsWheel.size())) : QString(),
+        placesIn(m_context.settings), &m_opener.window());
+    window.exec();
+}
+
+void WheelDesk::open(std::string_view form) {
     selection::Wheel source(m_wheels, m_context.pad);
-    m_opener.open(m_context.pad.Bluecnt > 0 ? "GAganRote" : "GAganRoteR", source, 0, notice());
+    const bool blue = filter::findMember(form)->blue;
+    m_opener.open(form, source, m_wheels.rowsToRead(m_context.pad) * (blue ? m_context.pad.Bluecnt : 1), notice());
 }
 
-QString WheelDesk::notice() const {
-    if (!m_chosen || m_wheels.Wheeldan != (m_chosen->family == WheelFamily::Banker))
-        return {}; // a mark that another wheel has left: what the table guarantees then nobody has proven
-    const auto rows = m_wheels.rows(m_chosen->family, m_chosen->name);
-    return rows ? wheelNotice(*m_chosen, *rows) : QString();
+QString WheelDesk::notice() {
+    const auto table = m_wheels.guaranteed(m_context.pad);
+    return table ? wheelNotice(*table, m_wheels.rowsToRead(m_context.pad)) : QString();
 }
 
 } // namespace mainwin

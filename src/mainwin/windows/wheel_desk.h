@@ -25,13 +25,15 @@ class WheelDesk : public QObject {
     QString obstacle(const WheelEntry& entry);
     void choose(const WheelEntry& entry);
     /// The window of the wheel that is chosen.
-    void open();
-    QString notice() const;
+    void open(std::string_view form);
+    /// The bets of the compound wheel that is chosen.
+    void openCompound(const std::string& table);
+    /// What the rows of the wheel guarantee; empty where nobody has proven it.
+    QString notice();
 
     MainContext& m_context;
     selection::Wheels& m_wheels;
     FilterOpener& m_opener;
-    std::optional<selection::WheelTable> m_chosen; ///< what the window tells of, when it is known
 };
 
 /// Where a wheel database lies: in the program's folder, else beside the program.
