@@ -27,7 +27,7 @@ std::string GroupTemplate::numbers() const {
     return list;
 }
 
-std::int64_t GroupTemplate::add() const {
+std::optional<std::int64_t> GroupTemplate::add() const {
     if (!m_database.hasTable(m_template))
         clear(); // an older workspace may lack it
     const std::int64_t before = count();
@@ -41,7 +41,7 @@ std::int64_t GroupTemplate::add() const {
     const bool rebuilt = run("select * into " + m_template + " from Tmp");
     run("DROP TABLE Tmp");
     if (!rebuilt)
-        return 0;
+        return std::nullopt;
     for (const std::string_view column : kLostColumns)
         run("ALTER TABLE [" + m_template + "] ADD COLUMN " + std::string(column));
     numberRows();

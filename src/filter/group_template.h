@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "filter/member.h"
@@ -23,20 +24,21 @@ class GroupTemplate {
     GroupTemplate(sql::Database& database, const FilterMember& member)
         : m_database(database), m_member(member), m_template(groupTemplateOf(member)) {}
 
-    /// Adds the bets in play of the member's table. A template that cannot be rebuilt stays as it was.
-    /// \return bets that came to it
-    std::int64_t add() const;
+    /// Adds the bets in play of the member's table.
+    /// \return bets that came to it; nothing when it could not be rebuilt: it is as it was then
+    std::optional<std::int64_t> add() const;
     /// Makes it anew without a bet.
     void clear() const;
     /// 组合模版同号滤: takes out every bet of the member's table that the template holds. No snapshot, no reason. In
     /// the template's own window the table is compared with itself.
     void takeOutMembers() const;
+    /// Bets that it holds.
+    std::int64_t count() const;
 
   private:
     std::string numbers() const;
     std::string key() const;
     void numberRows() const;
-    std::int64_t count() const;
 
     sql::Database& m_database;
     const FilterMember& m_member;

@@ -50,6 +50,13 @@ View ResultView::opened() const {
             heads()};
 }
 
+View ResultView::cleared() const {
+    View view = opened();
+    for (int position = 1; position <= m_member.reds; ++position)
+        view.columns[static_cast<std::size_t>(position)].heading = "红" + std::to_string(position);
+    return view;
+}
+
 View ResultView::inPlay() const {
     return {queryQuietly(m_database, select(bracketedColumns(), " WHERE [unslt] = false")), heads()};
 }

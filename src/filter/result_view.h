@@ -37,6 +37,8 @@ class ResultView {
     View generated() const;
     /// What a window shows first: all rows right after an enumeration, else the rows in play in the member's order.
     View opened() const;
+    /// What is shown of a group template that was cleared: headings as when bets are chosen, 红1 for 1位.
+    View cleared() const;
     /// Rows in play, without a value column: after resets, inverts and position parameters.
     View inPlay() const;
     /// Rows in play with canshu under the parameter's grid title.

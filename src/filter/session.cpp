@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "base/number_text.h"
+#include "filter/group_template.h"
 #include "filter/quiet.h"
 
 namespace filter {
@@ -16,6 +17,14 @@ class Stopwatch {
     using Clock = std::chrono::steady_clock;
     Clock::time_point m_start = Clock::now();
 };
+
+/// "1,234,567"
+std::string grouped(std::int64_t count) {
+    std::string text = std::to_string(count);
+    for (auto place = static_cast<std::ptrdiff_t>(text.size()) - 3; place > 0; place -= 3)
+        text.insert(static_cast<std::size_t>(place), 1, ',');
+    return text;
+}
 
 } // namespace
 
@@ -38,6 +47,20 @@ struct Session::Runner {
         if (toggled != Toggled::NotFound)
             what = (toggled == Toggled::TakenOut ? "手工删除 第" : "手工恢复 第") + toggle.idx + "注";
         return {.view = {}, .refill = false, .toggled = toggled, .left = session.m_view.countInPlay()};
+    }
+    Outcome operator()(const AddToTemplate&) const {
+        const GroupTemplate gathering(session.m_context.database, session.m_member);
+        Outcome outcome{.view = {}, .refill = false, .left = session.m_left};
+        if (const std::optional<std::int64_t> added = gathering.add()) {
+            outcome.gathered = Gathered{*added, gathering.count()};
+            what = "加入组号模板 " + grouped(*added) + " 注";
+        }
+        return outcome;
+    }
+    Outcome operator()(const ClearTemplate&) const {
+        what = "清空组号模板";
+        GroupTemplate(session.m_context.database, session.m_member).clear();
+        return {.view = session.m_view.cleared()};
     }
 
   private:
@@ -80,7 +103,8 @@ Outcome Session::run(const Step& step, const WindowState& state) {
     outcome.taken = m_left - outcome.left;
     outcome.ms = watch.ms();
     m_left = outcome.left;
-    m_titled = outcome.left;
+    if (!std::holds_alternative<AddToTemplate>(step))
+        m_titled = outcome.left; // an addition shows no other bets: the title stays
     if (!what.empty())
         m_steps.push_back({what, outcome.left, -outcome.taken});
     return outcome;

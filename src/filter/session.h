@@ -25,15 +25,22 @@ struct SessionContext {
     std::int16_t& Baoliu; ///< keep or remove, one flag for all filter windows
 };
 
+/// What came to a group template.
+struct Gathered {
+    std::int64_t added; ///< bets that it did not hold before
+    std::int64_t total; ///< bets that it holds now
+};
+
 /// What a step did.
 struct Outcome {
     View view;
-    bool refill = true;                  ///< false after a toggle: the grid keeps what it shows, and `view` is empty
+    bool refill = true;                  ///< false where the grid keeps what it shows: `view` is empty then
     Toggled toggled = Toggled::NotFound; ///< what a toggle did to its row
-    bool cancelled = false;              ///< a generation was given up: the table is what it was
-    std::int64_t left = 0;               ///< bets in play
-    std::int64_t taken = 0;              ///< bets that the step took out; negative: so many came back
-    double ms = 0;                       ///< time from the first statement to the view
+    std::optional<Gathered> gathered{}; ///< what an addition to the template did; nothing: it failed, nothing changed
+    bool cancelled = false;             ///< a generation was given up: the table is what it was
+    std::int64_t left = 0;              ///< bets in play
+    std::int64_t taken = 0;             ///< bets that the step took out; negative: so many came back
+    double ms = 0;                      ///< time from the first statement to the view
 };
 
 /// A step that was run, for the list of steps.

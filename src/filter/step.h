@@ -21,7 +21,10 @@ struct Toggle {
     std::string idx; ///< text of the row's number as the grid shows it
 };
 
+struct AddToTemplate {}; ///< 添加到组号模板: nothing of what is in play changes. For members that have a template
+struct ClearTemplate {}; ///< 清空组号模板: for members that work on a template itself
+
 // add a step here: its meaning is one function in session.cpp
-using Step = std::variant<Press, ResetAll, RestoreLast, InvertAll, InvertLast, Toggle>;
+using Step = std::variant<Press, ResetAll, RestoreLast, InvertAll, InvertLast, Toggle, AddToTemplate, ClearTemplate>;
 
 } // namespace filter

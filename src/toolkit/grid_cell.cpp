@@ -26,8 +26,23 @@ QColor inkOf(CellStyle style, RowState state, const Colours& look) {
     }
 }
 
+/// The ground that a model tells for a cell: on a dark palette as dark as it is light on a light one.
+QColor toldGround(const QStyleOptionViewItem& option) {
+    const QColor told = option.backgroundBrush.color();
+    if (!isDark(option.palette))
+        return told;
+    return QColor::fromHsl(told.hslHue(), told.hslSaturation(), 255 - told.lightness());
+}
+
+bool hasToldGround(const QStyleOptionViewItem& option) {
+    return option.backgroundBrush.style() != Qt::NoBrush;
+}
+
+// A told ground is a mark of the cell: it stays in sight when its row is chosen, as a double click leaves it.
 void paintGround(QPainter& painter, const QStyleOptionViewItem& option, const Colours& look) {
-    if (option.state & QStyle::State_Selected)
+    if (hasToldGround(option))
+        painter.fillRect(option.rect, toldGround(option));
+    else if (option.state & QStyle::State_Selected)
         painter.fillRect(option.rect, look.tint);
     else if (option.features & QStyleOptionViewItem::Alternate)
         painter.fillRect(option.rect, look.alt);
@@ -73,7 +88,9 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& given, c
         font.setBold(true);
     painter->setFont(font);
     const QVariant told = index.data(Qt::ForegroundRole);
-    painter->setPen(told.isValid() ? told.value<QColor>() : inkOf(style, state, look));
+    painter->setPen(told.isValid()          ? told.value<QColor>()
+                    : hasToldGround(option) ? look.text
+                                            : inkOf(style, state, look));
     const QRect inner = option.rect.adjusted(kPadding, 0, -kPadding, 0);
     if (style == CellStyle::Text)
         painter->drawText(inner, Qt::AlignLeft | Qt::AlignVCenter,

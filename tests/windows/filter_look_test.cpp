@@ -1,4 +1,7 @@
 // What the filter window shows of a press: headline, steps, marks of rows; and what the keyboard does in its table.
+#include <algorithm>
+#include <cmath>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
@@ -59,6 +62,39 @@ TEST_F(FilterWindowLookTest, ADoubleClickRenewsTheHeadlineAndTheSteps) {
     EXPECT_EQ(part<StepList>(u"StepList"_s).lines(), QStringList{u"1\t手工删除 第5注\t−1"_s});
     EXPECT_EQ(roleOf(cell(4, 3), toolkit::kRowStateRole), static_cast<int>(toolkit::RowState::Out));
     EXPECT_EQ(roleOf(cell(3, 3), toolkit::kRowStateRole), static_cast<int>(toolkit::RowState::Plain));
+}
+
+/// Contrast ratio as WCAG 2.1 defines it: black on white is 21.
+double contrast(const QColor& one, const QColor& other) {
+    const auto luminance = [](const QColor& colour) {
+        const auto part = [](double share) {
+            return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+    };
+    const auto [low, high] = std::minmax({luminance(one), luminance(other)});
+    return (high + 0.05) / (low + 0.05);
+}
+
+// The row is the current one after the double click: its mark shows through that, and its number can be read on it.
+TEST_F(FilterWindowLookTest, ARowTakenOutByHandHasAGreyNumberCellThatCanBeRead) {
+    const QRect place = grid().visualRect(cell(4, 0));
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, place.center());
+    QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, place.center());
+    for (const auto& [dark, grey] : {std::pair(false, QColor(178, 178, 178)), std::pair(true, QColor(77, 77, 77))}) {
+        QPalette palette = m_window->palette();
+        palette.setColor(QPalette::Window, dark ? Qt::black : Qt::white);
+        palette.setColor(QPalette::WindowText, dark ? Qt::white : Qt::black);
+        m_window->setPalette(palette);
+        const QImage seen = grid().viewport()->grab(place).toImage();
+        EXPECT_EQ(seen.pixelColor(3, 3), grey);
+        double clearest = 0;
+        for (int x = 3; x < seen.width() - 3; ++x)
+            clearest = std::max(clearest, contrast(seen.pixelColor(x, seen.height() / 2), grey));
+        EXPECT_GE(clearest, 4.5) << "the number, struck through";
+        EXPECT_NE(grid().viewport()->grab(grid().visualRect(cell(3, 0))).toImage().pixelColor(3, 3), grey);
+        EXPECT_NE(grid().viewport()->grab(grid().visualRect(cell(4, 1))).toImage().pixelColor(3, 3), grey);
+    }
 }
 
 TEST_F(FilterWindowLookTest, TheStepsAreListedAndTheOldestFold) {

@@ -10,6 +10,7 @@
 #include "filter/windows/run_panel.h"
 #include "filter/windows/step_list.h"
 #include "toolkit/busy_cursor.h"
+#include "toolkit/dialog_boxes.h"
 #include "toolkit/messages.h"
 #include "toolkit/notice_bar.h"
 #include "workspace/failure.h"
@@ -38,6 +39,12 @@ int between(int narrow, int wide, int window) {
 
 const QString kStillThere = u"结果仍在程序中，没有丢失；请排除原因后再操作一次，程序会重新写入。"_s;
 
+const workspace::Message kAdd{
+    u"是否把目前组合缩水后的号码加入组号模板里面，以后可以多次加入模板，并通过调用组号模板在模板基础上进行"
+    "缩水过滤（加入到模板的组号如果有与模板相重复的会自动滤除）"_s,
+    u"添加组号模板"_s};
+const workspace::Message kClear{u"是否把目前组号模板清空？清空后可以重新添加新的组号模板。)"_s, u"清空组号模板"_s};
+
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
@@ -48,7 +55,8 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     : QDialog(parent, Qt::Window), m_member(member), m_context(context),
       m_session(member, {context.dbFilnum, context.history, context.Bitnum, context.Baoliu}),
       m_table(new ParameterTable(member.catalogue(), this)), m_panel(new RunPanel(member, this)),
-      m_steps(new StepList(this)), m_results(new ResultPanel(member, this)), m_notice(new toolkit::NoticeBar(this)) {
+      m_steps(new StepList(member.catalogue().empty() ? u"还没有步骤"_s : u"还没有步骤：按参数名称开始过滤"_s, this)),
+      m_results(new ResultPanel(member, this)), m_notice(new toolkit::NoticeBar(this)) {
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
@@ -74,6 +82,7 @@ void FilterWindow::connectParts() {
     connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::setBaoliu);
     connect(m_results, &ResultPanel::stepWanted, this, &FilterWindow::run);
     connect(m_results, &ResultPanel::rowDoubleClicked, this, &FilterWindow::toggleRow);
+    connect(m_results, &ResultPanel::templateWanted, this, &FilterWindow::changeTemplate);
     connect(m_results, &ResultPanel::reasonsWanted, this, [this] {
         const toolkit::BusyCursor busy;
         m_results->show(m_session.reasons(), ResultPanel::Shows::Reasons);
@@ -167,6 +176,20 @@ void FilterWindow::toggleRow(int row) {
     const Outcome outcome = run(Toggle{m_results->indexText(row).toStdString()});
     if (row >= 0 && outcome.toggled != Toggled::NotFound)
         m_results->setGrey(row, outcome.toggled == Toggled::TakenOut);
+}
+
+void FilterWindow::changeTemplate() {
+    if (!toolkit::DialogBoxes(this).confirm(m_member.groupTemplate ? kClear : kAdd, workspace::Risk::Loss))
+        return;
+    if (m_member.groupTemplate) {
+        run(ClearTemplate{});
+        setNotice(u"组号模板已清空"_s);
+        return;
+    }
+    const std::optional<Gathered> gathered = run(AddToTemplate{}).gathered;
+    setNotice(gathered ? u"已加入 %1 注，模板共 %2 注"_s.arg(toolkit::countText(gathered->added),
+                                                             toolkit::countText(gathered->total))
+                       : u"没有加入组号模板：模板不能重建。模板和这里的组合都和原来一样；请再操作一次"_s);
 }
 
 void FilterWindow::showOutcome(const Outcome& outcome) {

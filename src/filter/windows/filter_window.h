@@ -64,6 +64,8 @@ class FilterWindow : public QDialog {
     /// Runs a step behind the hourglass and shows what came of it.
     Outcome run(const Step& step);
     void toggleRow(int row);
+    /// Asks, then adds what is in play to the group template, or clears it in its own window.
+    void changeTemplate();
     void showOutcome(const Outcome& outcome);
     WindowState state() const;
     void showPast(const Parameter& parameter, const WindowState& state);

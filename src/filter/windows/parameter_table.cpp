@@ -1,5 +1,6 @@
 #include "filter/windows/parameter_table.h"
 
+#include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -14,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
+constexpr int kNoneMargin = 24; // around the words of a table without parameters
 constexpr int kStripFrom = 920; // height of the table from which there is room for the strip
 
 QString text(std::string_view utf8) {
@@ -53,8 +55,19 @@ ParameterTable::ParameterTable(std::span<const Parameter> catalogue, QWidget* pa
     m_keys = new TableKeys(*m_rows, *m_area);
     connect(m_keys, &TableKeys::parameterPressed, this, &ParameterTable::parameterPressed);
     connect(m_keys, &TableKeys::rowReached, this, &ParameterTable::tell);
+    if (catalogue.empty())
+        sayThatThereAreNone();
     showLists(false);
     write(defaultState(catalogue));
+}
+
+void ParameterTable::sayThatThereAreNone() {
+    m_area->hide();
+    m_none = new QLabel(u"这种组合的参数过滤还没有提供：可以查看、复位、反选和翻页"_s, this);
+    m_none->setObjectName(u"NoParameters"_s);
+    m_none->setWordWrap(true);
+    m_none->setAlignment(Qt::AlignCenter);
+    m_none->setMargin(kNoneMargin);
 }
 
 void ParameterTable::addRow(const Parameter& parameter) {
@@ -143,7 +156,7 @@ void ParameterTable::showPast(const Parameter& parameter, const std::optional<Va
 }
 
 int ParameterTable::stripHeight() const {
-    return height() >= kStripFrom ? kStripHeight : 0;
+    return !m_none && height() >= kStripFrom ? kStripHeight : 0;
 }
 
 QStringList ParameterTable::toldLines() const {
@@ -161,6 +174,8 @@ void ParameterTable::tell(const TableRow& row) {
 
 void ParameterTable::fitRows() {
     const QRect inner = rect().adjusted(1, kTitleHeight + kHeadHeight, -1, -1 - stripHeight());
+    if (m_none)
+        m_none->setGeometry(inner);
     m_area->setGeometry(inner);
     m_rows->place(inner.width(), inner.height());
     if (m_rows->height() > inner.height())
@@ -175,7 +190,9 @@ void ParameterTable::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintFrame(painter, *this);
-    paintHeads(painter, *this, m_rows->columns(), m_lists);
+    paintTitle(painter, *this, m_none ? QString() : u"按下名称即过滤"_s);
+    if (!m_none)
+        paintHeads(painter, *this, m_rows->columns(), m_lists);
     if (stripHeight() > 0)
         paintStrip(painter, *this, toldLines());
 }

@@ -3,7 +3,8 @@
 //
 // It is built from the catalogue. The count boxes stand in Frame11 and the lists in Frame13, which take the place of
 // range and parity in list mode. A press on a name, or Enter in its row, comes out as a signal; the boxes are read
-// when a run asks for them. The whole table is one stop of the keyboard (table_keys.h).
+// when a run asks for them. The whole table is one stop of the keyboard (table_keys.h). Without
+// parameters it says so in their place.
 #pragma once
 
 #include <optional>
@@ -13,6 +14,7 @@
 #include "filter/past_values.h"
 #include "filter/window_state.h"
 
+class QLabel;
 class QScrollArea;
 
 namespace filter {
@@ -52,6 +54,7 @@ class ParameterTable : public QWidget {
 
   private:
     void addRow(const Parameter& parameter);
+    void sayThatThereAreNone();
     void fitRows();
     int stripHeight() const;
     void tell(const TableRow& row);
@@ -60,6 +63,7 @@ class ParameterTable : public QWidget {
     TableRows* m_rows;
     QScrollArea* m_area;
     TableKeys* m_keys;
+    QLabel* m_none = nullptr;         ///< stands in place of the rows when the catalogue is empty
     const TableRow* m_told = nullptr; ///< the row that the strip tells
     bool m_lists = false;             ///< whether lists stand in the place of ranges
 };

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "base/number_text.h"
+#include "filter/group_template.h"
 #include "filter/windows/row_controls.h"
 #include "toolkit/ink_label.h"
 
@@ -15,11 +16,25 @@ namespace {
 
 const QString kAdvice = u"没有剩余组合：“上次过滤复位”可退回一步"_s;
 
+QString nothingYet(const FilterMember& member) {
+    return member.groupTemplate ? u"组号模板里还没有组合：在别的过滤窗口按“添加到组号模板”加入"_s
+                                : u"没有组合：先在组合排列里生成"_s;
+}
+
+toolkit::FlatButton* makeButton(const QString& name, const QString& caption, const QString& toolTip,
+                                toolkit::FlatButton::Look look, QWidget* parent) {
+    auto* button = new toolkit::FlatButton(caption, look, parent);
+    button->setObjectName(name);
+    button->setToolTip(toolTip);
+    return button;
+}
+
 } // namespace
 
 ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
-    : Card(u"ResultCard"_s, {}, parent), m_head(new toolkit::HeadLine(this)), m_model(new RowsModel(member, this)),
-      m_grid(new toolkit::RowsGrid(this)), m_page(new KeyedEdit(kDigitKeys.toString(), this)) {
+    : Card(u"ResultCard"_s, {}, parent), m_nothingYet(nothingYet(member)), m_head(new toolkit::HeadLine(this)),
+      m_model(new RowsModel(member, this)), m_grid(new toolkit::RowsGrid(this)),
+      m_page(new KeyedEdit(kDigitKeys.toString(), this)) {
     m_head->setObjectName(u"HeadLine"_s);
     body().addWidget(m_head);
     body().addLayout(buildStates());
@@ -38,9 +53,7 @@ QHBoxLayout* ResultPanel::buildStates() {
     using Look = toolkit::FlatButton::Look;
     const auto make = [this](const QString& name, const QString& caption, const QString& toolTip, Look look,
                              const Step& step) {
-        auto* button = new toolkit::FlatButton(caption, look, this);
-        button->setObjectName(name);
-        button->setToolTip(toolTip);
+        toolkit::FlatButton* button = makeButton(name, caption, toolTip, look, this);
         connect(button, &QPushButton::clicked, this, [this, step] { emit stepWanted(step); });
         return button;
     };
@@ -55,6 +68,10 @@ QHBoxLayout* ResultPanel::buildStates() {
     line->addLayout(toolkit::joined<toolkit::FlatButton>({reset, restore}));
     line->addLayout(toolkit::joined<toolkit::FlatButton>({invert, invertLast}));
     line->addStretch();
+    auto* print =
+        makeButton(u"CmdPrint"_s, u"打印预览(&P)"_s, u"还需打印预览功能"_s, toolkit::FlatButton::Look::Plain, this);
+    print->setEnabled(false); // there is no print preview in this program yet
+    line->addWidget(print);
     return line;
 }
 
@@ -79,12 +96,19 @@ QHBoxLayout* ResultPanel::buildShown(const FilterMember& member) {
         line->addWidget(group);
     }
     line->addStretch();
-    auto* print = new toolkit::FlatButton(u"打印预览(&P)"_s, toolkit::FlatButton::Look::Plain, this);
-    print->setObjectName(u"CmdPrint"_s);
-    print->setToolTip(u"还需打印预览功能"_s);
-    print->setEnabled(false); // there is no print preview in this program yet
-    line->addWidget(print);
+    if (!groupTemplateOf(member).empty())
+        line->addWidget(buildTemplate(member));
     return line;
+}
+
+QWidget* ResultPanel::buildTemplate(const FilterMember& member) {
+    const bool own = member.groupTemplate;
+    auto* button = makeButton(u"cmdAdmb"_s, own ? u"清空组号模板(&A)"_s : u"添加到组号模板(&A)"_s,
+                              own ? u"删除组号模板里的所有组合，之后可以重新添加"_s
+                                  : u"把剩余的组合加入组号模板，相同的组合只留一注"_s,
+                              toolkit::FlatButton::Look::Plain, this);
+    connect(button, &QPushButton::clicked, this, &ResultPanel::templateWanted);
+    return button;
 }
 
 QHBoxLayout* ResultPanel::buildPaging() {
@@ -122,19 +146,21 @@ void ResultPanel::show(const View& view, Shows shows) {
     m_model->show(view);
     m_grid->setEmptyText(shows == Shows::Page ? u"这一页没有剩余组合：换一个页号，或按任一过滤看全部剩余"_s
                          : shows == Shows::Left ? kAdvice
-                                                : u"没有组合：先在组合排列里生成"_s);
+                                                : m_nothingYet);
     m_grid->scrollToTop();
     m_head->tellShown(shows == Shows::Reasons ? u"全部含缘故"_s : shows == Shows::Page ? u"剩余的一页"_s : u"剩余"_s);
 }
 
 void ResultPanel::tell(const Outcome& outcome, std::int64_t total, const QString& step) {
+    if (total == 0)
+        m_grid->setEmptyText(m_nothingYet);
     m_head->tell({.total = total,
                   .left = outcome.left,
                   .taken = outcome.taken,
                   .step = step,
                   .ms = outcome.ms,
                   .shows = m_head->shown(),
-                  .advice = total > 0 ? kAdvice : u"没有组合：先在组合排列里生成"_s});
+                  .advice = total > 0 ? kAdvice : m_nothingYet});
 }
 
 QString ResultPanel::indexText(int row) const {

@@ -36,15 +36,19 @@ class ResultPanel : public toolkit::Card {
     void stepWanted(const filter::Step& step);
     void reasonsWanted();
     void pageWanted();
+    /// Bets are to be added to the group template; of a member that is a template: it is to be cleared.
+    void templateWanted();
     /// \param row  row of the grid, -1 for the headings
     void rowDoubleClicked(int row);
 
   private:
     QHBoxLayout* buildStates();
     QHBoxLayout* buildShown(const FilterMember& member);
+    QWidget* buildTemplate(const FilterMember& member);
     QHBoxLayout* buildPaging();
     void connectGrid(const FilterMember& member);
 
+    QString m_nothingYet; ///< what stands in place of the bets of an empty table
     toolkit::HeadLine* m_head;
     RowsModel* m_model;
     toolkit::RowsGrid* m_grid;

@@ -69,6 +69,10 @@ RunPanel::RunPanel(const FilterMember& member, QWidget* parent) : Card(u"RunCard
     if (member.features.weights)
         buildPositions(member);
     applyColours();
+    if (member.catalogue().empty()) {
+        setEnabled(false); // all of it steers runs of parameters
+        setToolTip(u"还需这种组合的参数过滤"_s);
+    }
 }
 
 QLabel* RunPanel::makeCaption(const QString& name, const QString& caption) {

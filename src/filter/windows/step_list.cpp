@@ -25,7 +25,7 @@ QString effectText(std::int64_t effect) {
     return (effect < 0 ? u"−"_s : u"+"_s) + toolkit::countText(qAbs(effect));
 }
 
-StepList::StepList(QWidget* parent) : QWidget(parent) {
+StepList::StepList(const QString& nothingYet, QWidget* parent) : QWidget(parent), m_nothingYet(nothingYet) {
     setObjectName(u"StepList"_s);
     setMinimumHeight(3 * kLineHeight);
 }
@@ -89,8 +89,7 @@ void StepList::paintEvent(QPaintEvent*) {
     const toolkit::Colours& look = toolkit::colours(palette());
     if (m_steps.empty()) {
         painter.setPen(look.quiet);
-        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap,
-                         u"还没有步骤：按参数名称开始过滤"_s);
+        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, m_nothingYet);
         return;
     }
     const int width = (this->width() - (columns() - 1) * kColumnGap) / columns();

@@ -16,7 +16,8 @@ class StepList : public QWidget {
     Q_OBJECT
 
   public:
-    explicit StepList(QWidget* parent);
+    /// \param nothingYet  what stands there before the first step
+    StepList(const QString& nothingYet, QWidget* parent);
 
     void show(const std::vector<DoneStep>& steps);
     using QWidget::show;
@@ -35,6 +36,7 @@ class StepList : public QWidget {
     QString line(std::size_t step) const;
     void paintLine(QPainter& painter, const QRect& place, std::size_t step) const;
 
+    QString m_nothingYet;
     std::vector<DoneStep> m_steps;
 };
 

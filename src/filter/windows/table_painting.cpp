@@ -58,8 +58,10 @@ void paintFrame(QPainter& painter, const QWidget& table) {
     painter.setPen(look.line);
     painter.setBrush(look.card);
     painter.drawRoundedRect(QRectF(table.rect()).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
-    painter.fillRect(QRect(1, kTitleHeight, table.width() - 2, kHeadHeight), look.head);
+}
 
+void paintTitle(QPainter& painter, const QWidget& table, const QString& advice) {
+    const toolkit::Colours& look = toolkit::colours(table.palette());
     QFont bold = table.font();
     bold.setBold(true);
     painter.setPen(look.text);
@@ -69,11 +71,13 @@ void paintFrame(QPainter& painter, const QWidget& table) {
     painter.setFont(table.font());
     painter.setPen(look.quiet);
     painter.drawText(title.adjusted(QFontMetrics(bold).horizontalAdvance(u"参数"_s) + kGap, 0, 0, 0),
-                     Qt::AlignLeft | Qt::AlignVCenter, u"按下名称即过滤"_s);
+                     Qt::AlignLeft | Qt::AlignVCenter, advice);
 }
 
 void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& at, bool lists) {
-    painter.setPen(toolkit::colours(table.palette()).text);
+    const toolkit::Colours& look = toolkit::colours(table.palette());
+    painter.fillRect(QRect(1, kTitleHeight, table.width() - 2, kHeadHeight), look.head);
+    painter.setPen(look.text);
     const auto head = [&](int left, int right, Qt::Alignment side, const QString& caption) {
         painter.drawText(QRect(left + 1, kTitleHeight, right - left, kHeadHeight), side | Qt::AlignVCenter, caption);
     };

@@ -18,6 +18,8 @@ inline constexpr int kStripHeight = 84;
 QStringList describe(const TableRow& row);
 
 void paintFrame(QPainter& painter, const QWidget& table);
+/// \param advice  stands beside the title
+void paintTitle(QPainter& painter, const QWidget& table, const QString& advice);
 /// \param lists  whether lists stand in the place of ranges
 void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& columns, bool lists);
 /// \param told  a caption and what follows it, then further lines; the caption alone is a hint
