@@ -2,7 +2,7 @@
 // time, of the reds or of the blues.
 //
 // Eight selections, which differ in the rows of kRankedSelections alone; reds and blues differ in the tables they
-// read and in the part of the pad they press. Order: pickNumbers() reads everything, pressNumbers() then presses: a
+// read and in the half of the pad they press. Order: pickNumbers() reads everything, pressNumbers() then presses: a
 // statement that fails has pressed nothing.
 //
 // A frequency is ranked on the shares of the whole history (Gailv, GailvB), or on the hits within a range of draws,

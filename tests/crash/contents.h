@@ -47,7 +47,7 @@ FoundFolder readFolder(const std::filesystem::path& folder, const std::filesyste
 
 /// Checksum of the user's default text file; empty: no such file.
 std::string textFileText(const workspace::Workspace& workspace);
-/// The part of the contents that lies in the settings of a user.
+/// What of the contents lies in the settings of a user.
 Texts settingsOf(const workspace::Settings& settings, const QString& user);
 
 /// Every database file of a folder and its folders, through PRAGMA integrity_check. \throws std::runtime_error
