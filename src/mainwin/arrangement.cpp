@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include <QLocale>
-
+#include "mainwin/main_texts.h"
 #include "selection/combinations.h"
 
 using namespace Qt::StringLiterals;
@@ -37,9 +36,7 @@ QString lastBets(sql::Database& dbFilnum) {
         if (total == 0)
             return {};
         const std::int64_t left = dbFilnum.query("SELECT [idx] FROM [zuhe] WHERE [unslt] = false").count();
-        const QLocale plain(QLocale::Chinese);
-        return u"复选胆拖 6红+1蓝，剩余 %1 / %2 注"_s.arg(plain.toString(static_cast<qlonglong>(left)),
-                                                          plain.toString(static_cast<qlonglong>(total)));
+        return u"复选胆拖 6红+1蓝，剩余 %1 / %2 注"_s.arg(thousandsApart(left), thousandsApart(total));
     } catch (const sql::SqlError&) {
         return {}; // no table that could be called back
     }
@@ -50,9 +47,7 @@ QString arrangementForm(const ProgramState& state) {
 }
 
 QString arrangementCost(std::int64_t bets) {
-    const QLocale plain(QLocale::Chinese); // thousands apart
-    return u"%1 注，%2 元"_s.arg(plain.toString(static_cast<qlonglong>(bets)),
-                                 plain.toString(static_cast<qlonglong>(kYuanPerBet * bets)));
+    return u"%1 注，%2 元"_s.arg(thousandsApart(bets), thousandsApart(kYuanPerBet * bets));
 }
 
 } // namespace mainwin

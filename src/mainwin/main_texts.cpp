@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QLocale>
+
 #include "history/typed_draw.h"
 
 using namespace Qt::StringLiterals;
@@ -12,6 +14,10 @@ namespace mainwin {
 QString nextDrawText(const history::History& history) {
     const std::optional<std::int32_t> next = history::nextIssue(history);
     return u"在右输入 %1 历史号码:"_s.arg(next ? QString::number(*next) : QString());
+}
+
+QString thousandsApart(std::int64_t number) {
+    return QLocale(QLocale::Chinese).toString(static_cast<qlonglong>(number));
 }
 
 QString shareCaption(int number) {

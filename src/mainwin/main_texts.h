@@ -1,6 +1,8 @@
 // The texts and figures that the main window shows of the history.
 #pragma once
 
+#include <cstdint>
+
 #include <QString>
 
 #include "history/history.h"
@@ -10,6 +12,9 @@ namespace mainwin {
 /// "在右输入 {next} 历史号码:", next being the last issue number plus 1; 1 for an empty history. Empty when there is
 /// none.
 QString nextDrawText(const history::History& history);
+
+/// "17,721,088"
+QString thousandsApart(std::int64_t number);
 
 /// "01的概率:"
 QString shareCaption(int number);

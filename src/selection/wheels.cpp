@@ -26,6 +26,14 @@ std::vector<std::int32_t> numbersOf(const WheelRow& row, const Pad& pad, bool nu
     return numbers;
 }
 
+/// "[fig1],[fig2],…": by name, whatever else a table brings along.
+std::string cellColumns(int cells) {
+    std::string columns;
+    for (int cell = 1; cell <= cells; ++cell)
+        columns += (cell > 1 ? ",[fig" : "[fig") + std::to_string(cell) + "]";
+    return columns;
+}
+
 } // namespace
 
 Wheels::Wheels(sql::Engine& engine, FileOf fileOf) : m_engine(engine), m_fileOf(std::move(fileOf)) {}
@@ -83,18 +91,6 @@ std::optional<std::int64_t> Wheels::rows(WheelFamily family, const std::string& 
     }
     return counted->second;
 }
-
-namespace {
-
-/// "[fig1],[fig2],…": by name, whatever else a table brings along.
-std::string cellColumns(int cells) {
-    std::string columns;
-    for (int cell = 1; cell <= cells; ++cell)
-        columns += (cell > 1 ? ",[fig" : "[fig") + std::to_string(cell) + "]";
-    return columns;
-}
-
-} // namespace
 
 std::vector<WheelRow> Wheels::rowsOf(WheelFamily family, const std::string& table) {
     std::vector<WheelRow> found;

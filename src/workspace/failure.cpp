@@ -64,4 +64,9 @@ Message failureMessage(const std::exception& failure, const QString& happened, c
     return {u"%1：%2。%3"_s.arg(happened, causeOf(failure), rest), title, detailsOf(failure)};
 }
 
+Message brokenDatabaseMessage(const std::exception& failure) {
+    return {u"数据库读写错误,程序即将退出!"_s, u"数据库错误"_s, detailsOf(failure),
+            u"原因：%1。您的文件都没有改变，历史号码和保存的选号都在。"_s.arg(causeOf(failure))};
+}
+
 } // namespace workspace

@@ -35,4 +35,7 @@ QString detailsOf(const std::exception& failure);
 Message failureMessage(const std::exception& failure, const QString& happened, const QString& title,
                        const QString& advice = {});
 
+/// A database of the workspace does not open or cannot be read: what is told before the program ends.
+Message brokenDatabaseMessage(const std::exception& failure);
+
 } // namespace workspace

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include <QLocale>
-
 #include "filter/windows/filter_window.h"
+#include "mainwin/main_texts.h"
 #include "mainwin/windows/places.h"
 #include "toolkit/dialog_boxes.h"
 #include "workspace/combination_files.h"
@@ -27,8 +26,7 @@ QString costOfMaking(std::int64_t bets) {
     if (bets <= kManyBets)
         return {};
     const std::int64_t seconds = std::max<std::int64_t>((bets + kBetsPerSecond - 1) / kBetsPerSecond, 1);
-    return u"%1 注，约需内存 %2 MB、时间 %3 秒"_s
-        .arg(QLocale(QLocale::Chinese).toString(static_cast<qlonglong>(bets)))
+    return u"%1 注，约需内存 %2 MB、时间 %3 秒"_s.arg(thousandsApart(bets))
         .arg(bets * kBytesPerBet / kMega)
         .arg(seconds);
 }
@@ -63,9 +61,7 @@ sql::Database* FilterOpener::databaseOf(const filter::FilterMember& member) {
 }
 
 void FilterOpener::tellBroken(const std::exception& failure) {
-    toolkit::DialogBoxes(&m_window).warn(
-        {u"数据库读写错误,程序即将退出!"_s, u"数据库错误"_s, workspace::detailsOf(failure),
-         u"原因：%1。您的文件都没有改变，历史号码和保存的选号都在。"_s.arg(workspace::causeOf(failure))});
+    toolkit::DialogBoxes(&m_window).warn(workspace::brokenDatabaseMessage(failure));
     m_window.close();
 }
 

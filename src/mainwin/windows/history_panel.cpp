@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -69,8 +68,7 @@ void HistoryPanel::buildGrid() {
 /// The grid says itself what to do while it is empty.
 void HistoryPanel::showCount() {
     m_empty->setVisible(m_history.Lsnum == 0);
-    m_count->setText(m_history.Lsnum > 0 ? u"%1 期"_s.arg(QLocale(QLocale::Chinese).toString(m_history.Lsnum))
-                                         : QString());
+    m_count->setText(m_history.Lsnum > 0 ? u"%1 期"_s.arg(thousandsApart(m_history.Lsnum)) : QString());
 }
 
 void HistoryPanel::buildUndo() {

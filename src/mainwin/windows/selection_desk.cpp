@@ -82,9 +82,7 @@ void SelectionDesk::openTemplate() {
             {m_context.workspace, m_context.book.history(), m_context.pad, placesIn(m_context.settings)}, &m_window);
         window.exec();
     } catch (const sql::SqlError& failed) {
-        toolkit::DialogBoxes(&m_window).warn(
-            {u"数据库读写错误,程序即将退出!"_s, u"数据库错误"_s, workspace::detailsOf(failed),
-             u"原因：%1。您的文件都没有改变，历史号码和保存的选号都在。"_s.arg(workspace::causeOf(failed))});
+        toolkit::DialogBoxes(&m_window).warn(workspace::brokenDatabaseMessage(failed));
         emit broken(); // the tables that are still to be stored go into the file first
         m_context.workspace.dbFilnum.reset();
     }

@@ -1,8 +1,7 @@
 #include "mainwin/windows/table_desk.h"
 
-#include <QLocale>
-
 #include "base/number_text.h"
+#include "mainwin/main_texts.h"
 #include "toolkit/dialog_boxes.h"
 #include "workspace/failure.h"
 #include "workspace/safe_file.h"
@@ -20,13 +19,9 @@ const QString kStartPrompt =
     u"该功能每行读取一注，该文本文件每行从第几个字符开始读取。（如果每注前面有序号，应该避免将序号作为号码读入，"
     u"如果没有序号可以从第一个字符也就是顶格读取）"_s;
 
-QString counted(std::int64_t number) {
-    return QLocale(QLocale::Chinese).toString(static_cast<qlonglong>(number));
-}
-
 /// "读入 3 注，跳过 2 行（第4行：0个号码；第5行：3个号码）"
 QString resultText(const selection::BetTextResult& result) {
-    QString text = u"读入 %1 注"_s.arg(counted(result.bets));
+    QString text = u"读入 %1 注"_s.arg(thousandsApart(result.bets));
     if (result.bets == 0)
         text += u"：文本里没有一注，表中仍是上次读入的组号"_s;
     if (result.passed == 0)
@@ -39,7 +34,7 @@ QString resultText(const selection::BetTextResult& result) {
     }
     if (result.passed > lines.size())
         lines << u"…"_s;
-    return text + u"，跳过 %1 行（%2）。"_s.arg(counted(result.passed), lines.join(u"；"_s));
+    return text + u"，跳过 %1 行（%2）。"_s.arg(thousandsApart(result.passed), lines.join(u"；"_s));
 }
 
 } // namespace
