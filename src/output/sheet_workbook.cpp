@@ -169,7 +169,7 @@ class Filling {
             m_zip.begin(skeleton.name());
             if (!skeleton.name().starts_with("xl/worksheets/sheet"))
                 m_zip.write(bytes);
-            else if (!fillPage(std::move(bytes), patterns.at(page++)))
+            else if (!fillPage(bytes, patterns.at(page++)))
                 return false;
             m_zip.end();
         }
@@ -178,8 +178,8 @@ class Filling {
     }
 
   private:
-    bool fillPage(std::string xml, std::int64_t pattern) {
-        WorkbookPage page(std::move(xml), pattern, m_sheet.columnCount());
+    bool fillPage(const std::string& xml, std::int64_t pattern) {
+        WorkbookPage page(xml, pattern, m_sheet.columnCount());
         const std::int64_t end = std::min(m_count, m_row + m_pageRows - pattern);
         std::string block = page.head(pattern + end - m_row);
         for (; m_row < end; ++m_row) {
