@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "filter/catalogue.h"
+#include "filter/super_filters.h"
 #include "selection/bet_source.h"
 #include "workspace/combination_files.h"
 
@@ -129,6 +130,11 @@ consteval bool membersAgree() {
 static_assert(membersAgree());
 
 } // namespace detail
+
+/// The super filters of a member's window.
+inline std::span<const SuperFilter> superFiltersOf(const FilterMember& member) {
+    return member.reds == 7 ? sevenRedSuperFilters() : member.blue ? sixAndBlueSuperFilters() : sixRedSuperFilters();
+}
 
 constexpr selection::TableShape shapeOf(const FilterMember& member) {
     return {member.table, member.reds, member.blue, member.fill == Fill::EnumerateBankers};

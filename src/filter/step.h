@@ -1,10 +1,13 @@
 // One step on a combination table: what a button, a template row and a replay ask of a Session.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "filter/catalogue.h"
+#include "filter/super_filters.h"
 
 namespace filter {
 
@@ -19,6 +22,31 @@ struct InvertLast {};  ///< 上一步过滤反选
 /// Double click on a row: takes it out, or puts it back.
 struct Toggle {
     std::string idx; ///< text of the row's number as the grid shows it
+};
+
+/// Option29: all ticked parameters judged together, with the logic and the tolerance of the state.
+struct Integrated {};
+
+/// A history filter. \param draws  how many draws are searched, from the latest back
+struct MatchHistory {
+    const SuperFilter* filter;
+    std::int64_t draws;
+};
+/// A number filter.
+struct FilterNumbers {
+    const SuperFilter* filter;
+    std::vector<int> numbers; ///< 1 to 7 of them, in the order of the answers
+};
+/// A group filter.
+struct FilterGroups {
+    const SuperFilter* filter;
+    std::vector<int> numbers;
+    int groupSize = 0;
+    std::vector<int> bankers{};
+};
+/// 组合模版同号滤
+struct TakeOutTemplate {
+    const SuperFilter* filter;
 };
 
 struct AddToTemplate {}; ///< 添加到组号模板: nothing of what is in play changes. For members that have a template
