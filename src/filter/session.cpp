@@ -63,6 +63,8 @@ struct Session::Runner {
         return {.view = session.m_view.cleared()};
     }
 
+    template <class Other> Outcome operator()(const Other&) const { return {.view = session.m_view.inPlay()}; }
+
   private:
     RunSettings settings() const { return runSettings(state, session.m_context.Baoliu); }
     Outcome changed(std::string_view caption, void (RowStates::*operation)() const) const {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "workspace/failure.h"
+#include "workspace/quoted_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,13 +18,6 @@ std::string column(int place) {
 
 std::string tableName(SavedTable table) {
     return table == SavedTable::Reds ? "SAVE" : "SAVEB";
-}
-
-/// A text value of a statement.
-std::string quoted(const QString& text) {
-    if (text.contains(u'"'))
-        throw workspace::Failure(u"名字中有双引号"_s, text);
-    return '"' + text.toStdString() + '"';
 }
 
 /// Entries 1..count of a list of the pad.
@@ -141,12 +134,12 @@ std::vector<SavedRow> savedRows(sql::Database& dbNumsave, SavedTable table) {
 }
 
 void deleteSaved(sql::Database& dbNumsave, SavedTable table, const QString& name) {
-    dbNumsave.execute("DELETE FROM [" + tableName(table) + "]  WHERE [Name] = " + quoted(name));
+    dbNumsave.execute("DELETE FROM [" + tableName(table) + "]  WHERE [Name] = " + workspace::quotedText(name));
 }
 
 void renameSaved(sql::Database& dbNumsave, SavedTable table, const QString& name, const QString& newName) {
-    dbNumsave.execute("UPDATE [" + tableName(table) + "] SET [Name]= " + quoted(newName) +
-                      " WHERE [Name] = " + quoted(name));
+    dbNumsave.execute("UPDATE [" + tableName(table) + "] SET [Name]= " + workspace::quotedText(newName) +
+                      " WHERE [Name] = " + workspace::quotedText(name));
 }
 
 } // namespace selection

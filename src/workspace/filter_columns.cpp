@@ -1,57 +1,91 @@
 #include "workspace/filter_columns.h"
 
+#include <algorithm>
+
+#include "sql/database.h"
+#include "sql/lexer.h"
+
 namespace workspace {
 
 namespace {
 
-constexpr int kParameterTicks = 30; // chk1..chk30
-constexpr int kTypedNumbers = 9;    // sk0..sk9
-
-void addColumn(std::string& list, std::string_view name, std::string_view type) {
-    list += list.empty() ? "[" : ",[";
-    list.append(name).append("] ").append(type);
-}
-
-std::string_view nameIn(FilterFamily family, const BoxColumn& column) {
-    return family == FilterFamily::SixAndBlue ? column.column : column.columnSixRed;
-}
+struct Column {
+    std::string name;
+    std::string_view type;
+};
+using Columns = std::vector<Column>;
 
 /// What a setting and a template step have in common.
-void addSettingColumns(std::string& list, FilterFamily family) {
-    addColumn(list, "opt36", "Bit");
-    for (const BoxColumn& column : kExtremeColumns)
-        addColumn(list, nameIn(family, column), "string");
-    for (const BoxColumn& column : kRangeColumns)
-        addColumn(list, nameIn(family, column), "string");
+void addSettingColumns(Columns& columns, FilterFamily family) {
+    columns.push_back({"opt36", "Bit"});
+    const auto addBoxes = [&](const auto& boxes) {
+        for (const BoxColumn& box : boxes)
+            if (const std::string_view name = nameIn(family, box); !name.empty())
+                columns.push_back({std::string(name), "string"});
+    };
+    addBoxes(kExtremeColumns);
+    addBoxes(kRangeColumns);
     for (const std::string_view flag : kPositionFlags)
-        addColumn(list, flag, "Bit");
-    addColumn(list, "RCperct", "string");
-    addColumn(list, "RCcount", "string");
+        columns.push_back({std::string(flag), "Bit"});
+    columns.push_back({"RCperct", "string"});
+    columns.push_back({"RCcount", "string"});
+}
+
+Columns canshu(FilterFamily family) {
+    Columns columns{{"Name", "string"}};
+    addSettingColumns(columns, family);
+    return columns;
+}
+
+Columns moban(FilterFamily family) {
+    Columns columns{{"Idx", "integer"}, {"intCmdnb", "integer"}};
+    addSettingColumns(columns, family);
+    for (int tick = 1; tick <= kStoredTicks; ++tick)
+        columns.push_back({"chk" + std::to_string(tick), "integer"});
+    columns.push_back({"ljh", "Bit"});
+    columns.push_back({"baoliu", "Bit"});
+    columns.push_back({"sknum", "integer"});
+    columns.push_back({"skzu", "integer"});
+    for (int number = 0; number < kStepNumbers; ++number)
+        columns.push_back({"sk" + std::to_string(number), "integer"});
+    return columns;
+}
+
+std::string definition(const Column& column) {
+    return "[" + column.name + "] " + std::string(column.type);
+}
+
+std::string listOf(const Columns& columns) {
+    std::string list;
+    for (const Column& column : columns)
+        list += (list.empty() ? "" : ",") + definition(column);
+    return list;
+}
+
+void complete(sql::Database& database, const std::string& table, const Columns& wanted) {
+    if (!database.hasTable(table)) {
+        sql::passOver(database, "CREATE TABLE [" + table + "](" + listOf(wanted) + ")");
+        return;
+    }
+    const std::vector<std::string> there = database.columnNames(table);
+    for (const Column& column : wanted)
+        if (std::ranges::none_of(there, [&](const std::string& name) { return sql::sameName(name, column.name); }))
+            sql::passOver(database, "ALTER TABLE [" + table + "] ADD COLUMN " + definition(column));
 }
 
 } // namespace
 
 std::string canshuColumns(FilterFamily family) {
-    std::string list;
-    addColumn(list, "Name", "string");
-    addSettingColumns(list, family);
-    return list;
+    return listOf(canshu(family));
 }
 
 std::string mobanColumns(FilterFamily family) {
-    std::string list;
-    addColumn(list, "Idx", "integer");
-    addColumn(list, "intCmdnb", "integer");
-    addSettingColumns(list, family);
-    for (int tick = 1; tick <= kParameterTicks; ++tick)
-        addColumn(list, "chk" + std::to_string(tick), "integer");
-    addColumn(list, "ljh", "Bit");
-    addColumn(list, "baoliu", "Bit");
-    addColumn(list, "sknum", "integer");
-    addColumn(list, "skzu", "integer");
-    for (int number = 0; number <= kTypedNumbers; ++number)
-        addColumn(list, "sk" + std::to_string(number), "integer");
-    return list;
+    return listOf(moban(family));
+}
+
+void completeFilterTables(sql::Database& database, FilterFamily family) {
+    complete(database, "Canshu", canshu(family));
+    complete(database, "moban", moban(family));
 }
 
 } // namespace workspace

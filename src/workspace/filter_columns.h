@@ -5,9 +5,14 @@
 // the control that the column holds the text of; in the six-red windows a parameter may sit in another control.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
+
+namespace sql {
+class Database;
+}
 
 namespace workspace {
 
@@ -109,10 +114,23 @@ inline constexpr std::string_view kPositionFlags[] = {
 
 enum class FilterFamily { SixAndBlue, SixRed };
 
+/// The column's name in the family's file; empty: it has none.
+constexpr std::string_view nameIn(FilterFamily family, const BoxColumn& column) {
+    return family == FilterFamily::SixAndBlue ? column.column : column.columnSixRed;
+}
+
+/// Marks Check1(1) to Check1(30) of a template step: chk1 to chk30. The marks 0 and 31 are not stored.
+inline constexpr int kStoredTicks = 30;
+/// Numbers of a template step: sk0 to sk9.
+inline constexpr int kStepNumbers = 10;
+
 /// "[Name] string,[opt36] Bit,…": the column list of table Canshu.
 std::string canshuColumns(FilterFamily family);
 /// The column list of table moban: a step's number and control, then Canshu's columns without Name, then the rest of
 /// the window's state.
 std::string mobanColumns(FilterFamily family);
+/// Adds to both tables the columns that the tables of an older workspace lack; a table that is missing is made. What
+/// the database refuses is passed over.
+void completeFilterTables(sql::Database& database, FilterFamily family);
 
 } // namespace workspace
