@@ -28,6 +28,7 @@ struct Features {
     bool tolerance = true;   ///< the integrated run counts violations
     bool templates = true;   ///< replay and its page
     bool doubleClick = true; ///< takes a bet out, or puts it back
+    bool lists = true;       ///< runs can compare with value lists
 };
 
 /// Headings and widths of the grid's number columns.
@@ -73,7 +74,7 @@ namespace detail {
 inline constexpr std::string_view kByAll = "  ORDER BY fig1,fig2,fig3,fig4,fig5,fig6,fig7";
 inline constexpr std::string_view kByReds = "  ORDER BY fig1,fig2,fig3,fig4,fig5,fig6";
 // The smaller, older window.
-inline constexpr Features kPlain{false, false, false, false, false, false};
+inline constexpr Features kPlain{false, false, false, false, false, false, false};
 
 } // namespace detail
 
@@ -130,6 +131,11 @@ consteval bool membersAgree() {
 static_assert(membersAgree());
 
 } // namespace detail
+
+/// The control that exports the ticked parameters of a member's bets.
+constexpr std::string_view exportOptionOf(const FilterMember& member) {
+    return member.blue ? "Option143" : "Option42";
+}
 
 /// The super filters of a member's window.
 inline std::span<const SuperFilter> superFiltersOf(const FilterMember& member) {

@@ -99,6 +99,7 @@ SettingRow settingOf(const WindowState& state, std::span<const Parameter> catalo
 }
 
 void restore(const SettingRow& row, std::span<const Parameter> catalogue, WindowState& state) {
+    state.listsLocked = false;
     if (row.opt36)
         state.mode = Mode::List;
     else if (state.mode == Mode::List)

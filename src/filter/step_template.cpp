@@ -220,6 +220,7 @@ Step stepOf(const RecordedStep& recorded, std::span<const SuperFilter> filters) 
 
 void restore(const RecordedStep& recorded, std::span<const Parameter> catalogue, WindowState& state) {
     restore(recorded.setting, catalogue, state);
+    state.listsLocked = recorded.setting.opt36;
     for (std::size_t tick = 1; tick < recorded.ticked.size(); ++tick)
         state.rows[tick].ticked = recorded.ticked[tick];
     state.logic = recorded.ljh ? Logic::And : Logic::Or;

@@ -73,7 +73,8 @@ class StepTemplate {
 
 /// What a replay runs. Codes that no control has stand for a number filter.
 Step stepOf(const RecordedStep& recorded, std::span<const SuperFilter> filters);
-/// Puts the settings of an integrated step into the controls.
+/// Puts the settings of an integrated step into the controls. Lists that it brings back take no typing until a mode
+/// is pressed: deliberate.
 void restore(const RecordedStep& recorded, std::span<const Parameter> catalogue, WindowState& state);
 
 /// What the browser says of a step.

@@ -1,5 +1,7 @@
 #include "filter/window_state.h"
 
+#include "filter/parameter_run.h"
+
 namespace filter {
 
 WindowState defaultState(std::span<const Parameter> catalogue) {
@@ -19,6 +21,11 @@ WindowState defaultState(std::span<const Parameter> catalogue) {
     state.tolerancePercent = "10";
     state.percent = "100";
     return state;
+}
+
+std::string_view captionIn(const Parameter& parameter, const WindowState& state) {
+    return parameter.isInterval() && state.mode == Mode::List && !state.listsLocked ? kPickedNumbersCaption
+                                                                                    : parameter.caption;
 }
 
 RunSettings runSettings(const WindowState& state, std::int16_t Baoliu) {

@@ -36,6 +36,7 @@ struct WindowState {
     std::string intervalAbove; ///< Text66(3), left out of the interval
     std::string intervalTo;    ///< Text66(2), belongs to it
     std::string pickedNumbers; ///< TxtZdqj
+    bool listsLocked = false; ///< after a template step with lists: they take no typing, 自定区间 keeps its caption
     Logic logic = Logic::And;
     bool tolerance = false;       ///< Check3: violations up to a count are allowed
     std::string toleranceCount;   ///< TxtRc(0)
@@ -48,6 +49,9 @@ struct WindowState {
 
     bool operator==(const WindowState&) const = default;
 };
+
+/// What the name of a parameter says now.
+std::string_view captionIn(const Parameter& parameter, const WindowState& state);
 
 /// What the controls say when a window opens, before it has looked at the history.
 WindowState defaultState(std::span<const Parameter> catalogue);

@@ -1,5 +1,7 @@
 #include "toolkit/segments.h"
 
+#include <QContextMenuEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -12,6 +14,7 @@ namespace {
 constexpr qreal kCorner = 4;
 constexpr int kPadding = 7;      // left and right of a text
 constexpr int kLeastHeight = 26; // logical pixels
+constexpr int kMainHeight = 34;
 
 struct ButtonColours {
     QColor ground;
@@ -99,13 +102,49 @@ FlatButton::FlatButton(const QString& text, Look look, QWidget* parent) : QPushB
     setAttribute(Qt::WA_Hover);
 }
 
+void FlatButton::markUsed() {
+    m_used = true;
+    update();
+}
+
+void FlatButton::standOut() {
+    m_main = true;
+    QFont bold = font();
+    bold.setBold(true);
+    setFont(bold);
+    updateGeometry();
+}
+
 QSize FlatButton::sizeHint() const {
-    return hintFor(*this, text());
+    const QSize hint = hintFor(*this, text());
+    return {hint.width(), std::max(hint.height(), m_main ? kMainHeight : 0)};
+}
+
+void FlatButton::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton)
+        event->accept(); // its release follows
+    else
+        QPushButton::mousePressEvent(event);
+}
+
+void FlatButton::mouseReleaseEvent(QMouseEvent* event) {
+    QPushButton::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton && rect().contains(event->position().toPoint()))
+        emit menuWanted();
+}
+
+void FlatButton::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        emit menuWanted();
 }
 
 void FlatButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintButton(painter, *this, m_joint, restingColours(*this, m_look == Look::Step), text());
+    ButtonColours look = restingColours(*this, m_look == Look::Step);
+    if (m_used && isEnabled())
+        look.text = colours(palette()).used;
+    paintButton(painter, *this, m_joint, look, text());
 }
 
 } // namespace toolkit

@@ -46,16 +46,30 @@ class FlatButton : public QPushButton {
     FlatButton(const QString& text, Look look, QWidget* parent = nullptr);
 
     void setJoint(Joint joint) { m_joint = joint; }
+    /// The text takes the colour of what has been used.
+    void markUsed();
+    bool isUsed() const { return m_used; }
+    /// The button that a group of controls is for: bold, and higher.
+    void standOut();
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+  signals:
+    /// The right mouse button was let go over it, or the menu key pressed on it.
+    void menuWanted();
+
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
     Look m_look;
     Joint m_joint = Joint::Alone;
+    bool m_used = false;
+    bool m_main = false;
 };
 
 /// Buttons side by side, as wide as their texts or sharing the width evenly.

@@ -5,14 +5,20 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "filter/range_search.h"
+#include "filter/super_questions.h"
+#include "filter/tolerance.h"
+#include "filter/windows/integrated_page.h"
 #include "filter/windows/parameter_table.h"
 #include "filter/windows/result_panel.h"
 #include "filter/windows/run_panel.h"
-#include "filter/windows/step_list.h"
+#include "filter/windows/super_page.h"
+#include "filter/windows/template_page.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
 #include "toolkit/messages.h"
 #include "toolkit/notice_bar.h"
+#include "toolkit/page_tabs.h"
 #include "workspace/failure.h"
 
 using namespace Qt::StringLiterals;
@@ -55,8 +61,9 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     : QDialog(parent, Qt::Window), m_member(member), m_context(context),
       m_session(member, {context.dbFilnum, context.history, context.Bitnum, context.Baoliu}),
       m_table(new ParameterTable(member.catalogue(), this)), m_panel(new RunPanel(member, this)),
-      m_steps(new StepList(member.catalogue().empty() ? u"还没有步骤"_s : u"还没有步骤：按参数名称开始过滤"_s, this)),
-      m_results(new ResultPanel(member, this)), m_notice(new toolkit::NoticeBar(this)) {
+      m_pages(new toolkit::PageTabs(u"FilterPages"_s, this)), m_integrated(new IntegratedPage(member, m_pages)),
+      m_supers(new SuperPage(member, m_pages)), m_results(new ResultPanel(member, this)),
+      m_notice(new toolkit::NoticeBar(this)) {
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
@@ -69,18 +76,21 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
         connect(timer, &QTimer::timeout, this, &FilterWindow::storeNow);
     }
     connectParts();
-    const WindowState opened = state();
-    for (const Parameter& parameter : member.catalogue())
-        showPast(parameter, opened);
+    if (m_templatePage)
+        m_template = new TemplateControl(member, context.dbFilnum, *this, *m_templatePage, context.places, *this);
+    showAllPast();
+    tellTicks();
 }
 
 void FilterWindow::connectParts() {
-    connect(m_table, &ParameterTable::parameterPressed, this, &FilterWindow::press);
-    connect(m_table, &ParameterTable::rangeEdited, this,
-            [this](const Parameter& parameter) { showPast(parameter, state()); });
+    connectTable();
+    connectPages();
     connect(m_panel, &RunPanel::modePressed, this, [this](Mode mode) { m_table->showLists(mode == Mode::List); });
+    connect(m_panel, &RunPanel::modePressed, this, &FilterWindow::tellTicks);
     connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::setBaoliu);
+    connect(m_panel, &RunPanel::keepClicked, this, &FilterWindow::tellTicks);
     connect(m_results, &ResultPanel::stepWanted, this, &FilterWindow::run);
+    connect(m_results, &ResultPanel::recordWanted, this, [this](int code) { m_template->recordInvert(code); });
     connect(m_results, &ResultPanel::rowDoubleClicked, this, &FilterWindow::toggleRow);
     connect(m_results, &ResultPanel::templateWanted, this, &FilterWindow::changeTemplate);
     connect(m_results, &ResultPanel::reasonsWanted, this, [this] {
@@ -91,6 +101,39 @@ void FilterWindow::connectParts() {
         const toolkit::BusyCursor busy;
         m_results->show(m_session.page(m_results->pageNumber()), ResultPanel::Shows::Page);
     });
+    connect(m_notice, &toolkit::NoticeBar::actionPressed, this, [this] {
+        m_notice->hide();
+        if (const auto undo = std::exchange(m_undo, {}))
+            undo();
+    });
+}
+
+void FilterWindow::connectTable() {
+    connect(m_table, &ParameterTable::parameterPressed, this, &FilterWindow::press);
+    connect(m_table, &ParameterTable::rangeEdited, this, [this](const Parameter& parameter) {
+        if (!m_writing)
+            showPast(parameter, state());
+    });
+    connect(m_table, &ParameterTable::boxEdited, this, &FilterWindow::tellTicks);
+    connect(m_table, &ParameterTable::periodPicked, this, [this](const Parameter& parameter) { search(&parameter); });
+    connect(m_table, &ParameterTable::allPeriodsPicked, this, [this] { search(nullptr); });
+    connect(m_table, &ParameterTable::tickClicked, this, [this] {
+        WindowState ticked = state();
+        followTick(ticked);
+        m_integrated->write(ticked);
+        tellTicks();
+    });
+}
+
+void FilterWindow::connectPages() {
+    connect(m_integrated, &IntegratedPage::runWanted, this, [this] {
+        m_integrated->markUsed();
+        run(Integrated{});
+    });
+    connect(m_integrated, &IntegratedPage::recordWanted, this, [this] { m_template->recordIntegrated(); });
+    connect(m_integrated, &IntegratedPage::edited, this, &FilterWindow::tellTicks);
+    connect(m_integrated, &IntegratedPage::toleranceLeft, this, &FilterWindow::followTolerance);
+    connect(m_supers, &SuperPage::filterPressed, this, &FilterWindow::pressSuper);
 }
 
 FilterWindow::~FilterWindow() {
@@ -120,10 +163,18 @@ QWidget* FilterWindow::buildMiddle() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(kMargin);
     column->addWidget(m_panel);
-    auto* steps = new toolkit::Card(u"StepCard"_s, u"步骤"_s, middle);
-    steps->body().addWidget(m_steps, 1);
-    column->addWidget(steps, 1);
+    buildPages();
+    column->addWidget(m_pages, 1);
     return middle;
+}
+
+void FilterWindow::buildPages() {
+    m_pages->addPage(u"整合"_s, m_integrated);
+    m_pages->addPage(u"超级"_s, m_supers);
+    if (!m_member.features.templates)
+        return;
+    m_templatePage = new TemplatePage(m_pages);
+    m_pages->addPage(u"模板设置"_s, m_templatePage);
 }
 
 void FilterWindow::resizeEvent(QResizeEvent* event) {
@@ -137,7 +188,23 @@ void FilterWindow::showPast(const Parameter& parameter, const WindowState& state
     m_table->showPast(parameter, possibleRange(parameter, rule, m_context.history), m_session.past(parameter, state));
 }
 
+void FilterWindow::showAllPast() {
+    const WindowState now = state();
+    for (const Parameter& parameter : m_member.catalogue())
+        showPast(parameter, now);
+}
+
+void FilterWindow::tellTicks() {
+    if (m_writing)
+        return;
+    const WindowState now = state();
+    const int ticks = tickedParameters(now);
+    m_pages->setCaption(0, ticks > 0 ? u"整合 %1"_s.arg(ticks) : u"整合"_s);
+    m_integrated->tell(now);
+}
+
 void FilterWindow::setNotice(const QString& text) {
+    m_undo = {};
     if (text.isEmpty())
         m_notice->hide();
     else
@@ -147,6 +214,7 @@ void FilterWindow::setNotice(const QString& text) {
 bool FilterWindow::load(selection::BetSource& source, workspace::Progress* progress) {
     const toolkit::BusyCursor busy;
     const Outcome outcome = m_session.generate(source, progress);
+    write(searchedAtOpening(state(), m_member.catalogue(), m_context.history));
     showOutcome(outcome);
     scheduleStore();
     return !outcome.cancelled;
@@ -156,7 +224,51 @@ WindowState FilterWindow::state() const {
     WindowState state;
     m_panel->read(state);
     m_table->read(state);
+    m_integrated->read(state);
     return state;
+}
+
+void FilterWindow::write(const WindowState& state) {
+    m_writing = true;
+    m_panel->write(state);
+    m_table->write(state);
+    m_integrated->write(state);
+    m_writing = false;
+    showAllPast();
+    tellTicks();
+}
+
+void FilterWindow::tellWithUndo(const QString& text, const QString& action, std::function<void()> undo) {
+    m_undo = std::move(undo);
+    m_notice->tell(text, action);
+}
+
+void FilterWindow::search(const Parameter* parameter) {
+    const WindowState now = state();
+    write(parameter ? searchedForRow(now, *parameter, m_context.history)
+                    : searchedForAll(now, m_member.catalogue(), m_context.history));
+}
+
+void FilterWindow::followTolerance(bool percent) {
+    WindowState left = state();
+    if (percent)
+        followPercent(left);
+    else if (!followCount(left))
+        setNotice(u"还没有勾选参数，容错百分比无法计算；各框没有改变"_s);
+    m_integrated->write(left);
+}
+
+void FilterWindow::pressSuper(const SuperFilter& filter, Qt::MouseButton button) {
+    m_supers->markUsed(filter);
+    toolkit::DialogBoxes boxes(this);
+    const std::optional<Step> step =
+        askSuperFilter(filter, {m_member, m_context.Bitnum, m_context.history.Lsnum}, boxes);
+    if (!step)
+        return;
+    if (button == Qt::RightButton && m_template)
+        m_template->recordAnswers(filter, *step);
+    else
+        run(*step);
 }
 
 void FilterWindow::press(const Parameter& parameter) {
@@ -198,7 +310,7 @@ void FilterWindow::showOutcome(const Outcome& outcome) {
     const auto& steps = m_session.steps();
     m_results->tell(outcome, m_session.total(),
                     steps.empty() ? QString() : QString::fromStdString(steps.back().what));
-    m_steps->show(steps);
+    m_results->showSteps(steps);
     setWindowTitle(QString::fromStdString(m_session.title()));
 }
 

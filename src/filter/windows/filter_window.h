@@ -10,20 +10,22 @@
 #include <QTimer>
 
 #include "filter/session.h"
+#include "filter/windows/template_control.h"
 #include "toolkit/window_place.h"
-
-class QVBoxLayout;
 
 namespace toolkit {
 class NoticeBar;
-}
+class PageTabs;
+} // namespace toolkit
 
 namespace filter {
 
+class IntegratedPage;
 class ParameterTable;
 class ResultPanel;
 class RunPanel;
-class StepList;
+class SuperPage;
+class TemplatePage;
 
 /// What a filter window works on; all of it outlives the window.
 struct FilterContext {
@@ -35,7 +37,7 @@ struct FilterContext {
     int BitnumB = workspace::Rule{}.blues; ///< highest blue number
 };
 
-class FilterWindow : public QDialog {
+class FilterWindow : public QDialog, private FilterControls {
     Q_OBJECT
 
   public:
@@ -58,16 +60,33 @@ class FilterWindow : public QDialog {
   private:
     void layOut();
     QWidget* buildMiddle();
+    void buildPages();
     void connectParts();
+    void connectTable();
+    void connectPages();
 
     void press(const Parameter& parameter);
+    /// A super filter was pressed: asks what it needs, then runs it, or records it.
+    void pressSuper(const SuperFilter& filter, Qt::MouseButton button);
     /// Runs a step behind the hourglass and shows what came of it.
     Outcome run(const Step& step);
+    /// A period was picked: what the history says goes into the boxes. \param parameter  null: into all of them
+    void search(const Parameter* parameter);
+    /// A tolerance box was left.
+    void followTolerance(bool percent);
     void toggleRow(int row);
     /// Asks, then adds what is in play to the group template, or clears it in its own window.
     void changeTemplate();
     void showOutcome(const Outcome& outcome);
-    WindowState state() const;
+    /// The page of the integrated filter tells what is ticked, once the boxes are at rest.
+    void tellTicks();
+    void showAllPast();
+
+    WindowState state() const override;
+    void write(const WindowState& state) override;
+    void runStep(const Step& step) override { run(step); }
+    void tellWithUndo(const QString& text, const QString& action, std::function<void()> undo) override;
+
     void showPast(const Parameter& parameter, const WindowState& state);
     void setBaoliu();
     void scheduleStore();
@@ -78,12 +97,18 @@ class FilterWindow : public QDialog {
     QTimer m_idle;              ///< started anew by each press
     QTimer m_latest;            ///< started by the first press that is not stored yet
     bool m_failureTold = false; ///< that what is pending could not be stored
+    bool m_writing = false;     ///< boxes are being filled: what they say is told once, at the end
     ParameterTable* m_table;
     RunPanel* m_panel;
-    StepList* m_steps;
-    QWidget* m_middle = nullptr; ///< the column of m_panel and m_steps
+    toolkit::PageTabs* m_pages;
+    IntegratedPage* m_integrated;
+    SuperPage* m_supers;
+    TemplatePage* m_templatePage = nullptr; ///< null where there are no templates, as what works on it
+    TemplateControl* m_template = nullptr;
+    QWidget* m_middle = nullptr; ///< the column of m_panel and m_pages
     ResultPanel* m_results;
     toolkit::NoticeBar* m_notice;
+    std::function<void()> m_undo; ///< what the notice's button does
 };
 
 } // namespace filter

@@ -1,11 +1,13 @@
 #include "filter/windows/parameter_table.h"
 
+#include <algorithm>
+
+#include <QComboBox>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 
-#include "filter/parameter_run.h"
 #include "filter/windows/row_builder.h"
 #include "filter/windows/table_keys.h"
 #include "filter/windows/table_painting.h"
@@ -15,7 +17,9 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
-constexpr int kNoneMargin = 24; // around the words of a table without parameters
+constexpr int kAllPeriods = 20; // place of the period of all rows in Combo1
+constexpr int kAllHeight = 22;
+constexpr int kAllGap = 6;
 constexpr int kStripFrom = 920; // height of the table from which there is room for the strip
 
 QString text(std::string_view utf8) {
@@ -55,26 +59,30 @@ ParameterTable::ParameterTable(std::span<const Parameter> catalogue, QWidget* pa
     m_keys = new TableKeys(*m_rows, *m_area);
     connect(m_keys, &TableKeys::parameterPressed, this, &ParameterTable::parameterPressed);
     connect(m_keys, &TableKeys::rowReached, this, &ParameterTable::tell);
-    if (catalogue.empty())
-        sayThatThereAreNone();
-    showLists(false);
+    const bool periods = std::ranges::any_of(catalogue, [](const Parameter& each) { return each.period >= 0; });
+    if (periods)
+        addAllPeriods();
     write(defaultState(catalogue));
-}
-
-void ParameterTable::sayThatThereAreNone() {
-    m_area->hide();
-    m_none = new QLabel(u"这种组合的参数过滤还没有提供：可以查看、复位、反选和翻页"_s, this);
-    m_none->setObjectName(u"NoParameters"_s);
-    m_none->setWordWrap(true);
-    m_none->setAlignment(Qt::AlignCenter);
-    m_none->setMargin(kNoneMargin);
 }
 
 void ParameterTable::addRow(const Parameter& parameter) {
     const TableRow& row = m_rows->rows().emplace_back(buildRow(parameter, *m_rows));
-    connect(row.name, &PressButton::pressedAnyhow, this, [this, &parameter] { emit parameterPressed(parameter); });
+    connect(row.name, &PressButton::pressedBy, this, [this, &parameter] { emit parameterPressed(parameter); });
     for (const QLineEdit* box : {row.low, row.high})
         connect(box, &QLineEdit::textChanged, this, [this, &parameter] { emit rangeEdited(parameter); });
+    for (const QLineEdit* box : {row.low, row.high, row.list})
+        if (box)
+            connect(box, &QLineEdit::textChanged, this, &ParameterTable::boxEdited);
+    connect(row.tick, &QAbstractButton::clicked, this, &ParameterTable::tickClicked);
+    if (row.period)
+        connect(row.period, &QComboBox::activated, this, [this, &parameter] { emit periodPicked(parameter); });
+}
+
+void ParameterTable::addAllPeriods() {
+    m_allCaption = new QLabel(u"所有参数检索:"_s, this);
+    m_allCaption->setObjectName(u"AllPeriodsHeading"_s);
+    m_allPeriods = makePeriods(kAllPeriods, u"所有参数 检索期数"_s, this);
+    connect(m_allPeriods, &QComboBox::activated, this, &ParameterTable::allPeriodsPicked);
 }
 
 TableRow* ParameterTable::rowOf(const Parameter& parameter) {
@@ -100,6 +108,9 @@ void ParameterTable::read(WindowState& state) const {
         state.intervalTo = utf8(row.to);
         state.pickedNumbers = utf8(row.picked);
     }
+    state.listsLocked = m_locked;
+    if (m_allPeriods)
+        state.allPeriods = m_allPeriods->currentIndex();
 }
 
 void ParameterTable::write(const WindowState& state) {
@@ -118,17 +129,27 @@ void ParameterTable::write(const WindowState& state) {
         fill(row.to, state.intervalTo);
         fill(row.picked, state.pickedNumbers);
     }
+    if (m_allPeriods)
+        m_allPeriods->setCurrentIndex(state.allPeriods);
+    showLists(state.mode == Mode::List, state.listsLocked);
 }
 
-void ParameterTable::showLists(bool shown) {
+void ParameterTable::showLists(bool shown, bool locked) {
     m_lists = shown;
+    m_locked = locked;
     m_rows->showLists(shown);
+    m_rows->counts()->setEnabled(!locked);
+    m_rows->lists()->setEnabled(!locked);
+    WindowState titled;
+    titled.mode = shown ? Mode::List : Mode::Range;
+    titled.listsLocked = locked;
     for (const TableRow& row : m_rows->rows()) {
         if (!row.parameter->isInterval())
             continue;
-        const QString caption = text(shown ? kPickedNumbersCaption : row.parameter->caption);
+        const QString caption = text(captionIn(*row.parameter, titled));
         row.name->setText(caption);
         row.tick->setText(caption);
+        row.picked->setEnabled(!locked);
     }
     m_keys->keepStop();
     update();
@@ -156,7 +177,7 @@ void ParameterTable::showPast(const Parameter& parameter, const std::optional<Va
 }
 
 int ParameterTable::stripHeight() const {
-    return !m_none && height() >= kStripFrom ? kStripHeight : 0;
+    return height() >= kStripFrom ? kStripHeight : 0;
 }
 
 QStringList ParameterTable::toldLines() const {
@@ -174,12 +195,17 @@ void ParameterTable::tell(const TableRow& row) {
 
 void ParameterTable::fitRows() {
     const QRect inner = rect().adjusted(1, kTitleHeight + kHeadHeight, -1, -1 - stripHeight());
-    if (m_none)
-        m_none->setGeometry(inner);
     m_area->setGeometry(inner);
     m_rows->place(inner.width(), inner.height());
     if (m_rows->height() > inner.height())
         m_rows->place(inner.width() - m_area->verticalScrollBar()->sizeHint().width(), inner.height());
+    if (!m_allPeriods)
+        return;
+    const Span period = m_rows->columns().period;
+    const int top = (kTitleHeight - kAllHeight) / 2 + 1;
+    m_allPeriods->setGeometry(inner.left() + period.left, top, period.width, kAllHeight);
+    const int width = m_allCaption->sizeHint().width();
+    m_allCaption->setGeometry(m_allPeriods->x() - width - kAllGap, top, width, kAllHeight);
 }
 
 void ParameterTable::resizeEvent(QResizeEvent*) {
@@ -190,9 +216,8 @@ void ParameterTable::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintFrame(painter, *this);
-    paintTitle(painter, *this, m_none ? QString() : u"按下名称即过滤"_s);
-    if (!m_none)
-        paintHeads(painter, *this, m_rows->columns(), m_lists);
+    paintTitle(painter, *this, u"按下名称即过滤"_s);
+    paintHeads(painter, *this, m_rows->columns(), m_lists);
     if (stripHeight() > 0)
         paintStrip(painter, *this, toldLines());
 }

@@ -3,8 +3,7 @@
 //
 // It is built from the catalogue. The count boxes stand in Frame11 and the lists in Frame13, which take the place of
 // range and parity in list mode. A press on a name, or Enter in its row, comes out as a signal; the boxes are read
-// when a run asks for them. The whole table is one stop of the keyboard (table_keys.h). Without
-// parameters it says so in their place.
+// when a run asks for them. The whole table is one stop of the keyboard (table_keys.h).
 #pragma once
 
 #include <optional>
@@ -14,6 +13,7 @@
 #include "filter/past_values.h"
 #include "filter/window_state.h"
 
+class QComboBox;
 class QLabel;
 class QScrollArea;
 
@@ -34,7 +34,8 @@ class ParameterTable : public QWidget {
     /// Fills the rows with `state`.
     void write(const WindowState& state);
     /// Shows counts, lists and picked numbers in the place of ranges, or hides them; titles the interval parameter.
-    void showLists(bool shown);
+    /// \param locked  they take no typing, and the interval parameter keeps its own title
+    void showLists(bool shown, bool locked = false);
     /// Marks a parameter as used, and as the one that was run last.
     void markRun(const Parameter& parameter);
     /// What a row can be and was, for its last columns, its tool tip and the strip.
@@ -47,6 +48,14 @@ class ParameterTable : public QWidget {
   signals:
     void parameterPressed(const filter::Parameter& parameter);
     void rangeEdited(const filter::Parameter& parameter);
+    /// A range or list says something else.
+    void boxEdited();
+    /// A tick was clicked, not set by a setting or a template.
+    void tickClicked();
+    /// A period was picked in a row.
+    void periodPicked(const filter::Parameter& parameter);
+    /// A period was picked for all rows together.
+    void allPeriodsPicked();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -54,7 +63,7 @@ class ParameterTable : public QWidget {
 
   private:
     void addRow(const Parameter& parameter);
-    void sayThatThereAreNone();
+    void addAllPeriods();
     void fitRows();
     int stripHeight() const;
     void tell(const TableRow& row);
@@ -63,9 +72,11 @@ class ParameterTable : public QWidget {
     TableRows* m_rows;
     QScrollArea* m_area;
     TableKeys* m_keys;
-    QLabel* m_none = nullptr;         ///< stands in place of the rows when the catalogue is empty
     const TableRow* m_told = nullptr; ///< the row that the strip tells
     bool m_lists = false;             ///< whether lists stand in the place of ranges
+    bool m_locked = false;            ///< whether they take no typing
+    QLabel* m_allCaption = nullptr;
+    QComboBox* m_allPeriods = nullptr; ///< Combo1(20); null where rows have no periods
 };
 
 } // namespace filter

@@ -1,12 +1,13 @@
 #include "filter/windows/result_panel.h"
 
 #include <QHeaderView>
-#include <QLabel>
 #include <QVBoxLayout>
 
 #include "base/number_text.h"
 #include "filter/group_template.h"
+#include "filter/step_template.h"
 #include "filter/windows/row_controls.h"
+#include "filter/windows/step_list.h"
 #include "toolkit/ink_label.h"
 
 using namespace Qt::StringLiterals;
@@ -34,10 +35,12 @@ toolkit::FlatButton* makeButton(const QString& name, const QString& caption, con
 ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
     : Card(u"ResultCard"_s, {}, parent), m_nothingYet(nothingYet(member)), m_head(new toolkit::HeadLine(this)),
       m_model(new RowsModel(member, this)), m_grid(new toolkit::RowsGrid(this)),
-      m_page(new KeyedEdit(kDigitKeys.toString(), this)) {
+      m_page(new KeyedEdit(kDigitKeys.toString(), this)),
+      m_stepCount(new toolkit::InkLabel(u"StepCount"_s, &toolkit::Colours::quiet, {}, this)),
+      m_steps(new StepList(u"还没有步骤：按参数名称开始过滤"_s, this)) {
     m_head->setObjectName(u"HeadLine"_s);
     body().addWidget(m_head);
-    body().addLayout(buildStates());
+    body().addLayout(buildStates(member));
     body().addLayout(buildShown(member));
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"组合"_s);
@@ -46,10 +49,12 @@ ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
     m_grid->setFrameShape(QFrame::NoFrame);
     body().addWidget(m_grid, 1);
     body().addLayout(buildPaging());
+    m_steps->setFixedHeight(m_steps->minimumHeight());
+    body().addWidget(m_steps);
     connectGrid(member);
 }
 
-QHBoxLayout* ResultPanel::buildStates() {
+QHBoxLayout* ResultPanel::buildStates(const FilterMember& member) {
     using Look = toolkit::FlatButton::Look;
     const auto make = [this](const QString& name, const QString& caption, const QString& toolTip, Look look,
                              const Step& step) {
@@ -63,6 +68,10 @@ QHBoxLayout* ResultPanel::buildStates() {
     auto* invert = make(u"Command2"_s, u"全部组号反选(&U)"_s, u"反选所有被滤掉的组合"_s, Look::Step, InvertAll{});
     auto* invertLast =
         make(u"Command3"_s, u"上一步过滤反选(&R)"_s, u"反选上次被滤掉的组合"_s, Look::Step, InvertLast{});
+    for (const auto& [button, code] : {std::pair(invert, kInvertAllCode), std::pair(invertLast, kInvertLastCode)})
+        if (member.features.templates)
+            connect(button, &toolkit::FlatButton::menuWanted, this,
+                    [this, recorded = code] { emit recordWanted(recorded); });
     auto* line = new QHBoxLayout;
     line->setSpacing(6);
     line->addLayout(toolkit::joined<toolkit::FlatButton>({reset, restore}));
@@ -124,6 +133,13 @@ QHBoxLayout* ResultPanel::buildPaging() {
     connect(turn, &QPushButton::clicked, this, &ResultPanel::pageWanted);
     connect(m_page, &QLineEdit::returnPressed, this, &ResultPanel::pageWanted);
     auto* line = new QHBoxLayout;
+    auto* steps = new QLabel(u"步骤"_s, this);
+    steps->setObjectName(u"StepHeading"_s);
+    QFont bold = steps->font();
+    bold.setBold(true);
+    steps->setFont(bold);
+    line->addWidget(steps);
+    line->addWidget(m_stepCount);
     line->addStretch();
     line->addWidget(caption);
     line->addWidget(m_page);
@@ -161,6 +177,11 @@ void ResultPanel::tell(const Outcome& outcome, std::int64_t total, const QString
                   .ms = outcome.ms,
                   .shows = m_head->shown(),
                   .advice = total > 0 ? kAdvice : m_nothingYet});
+}
+
+void ResultPanel::showSteps(const std::vector<DoneStep>& steps) {
+    m_stepCount->setText(steps.empty() ? QString() : QString::number(steps.size()));
+    m_steps->show(steps);
 }
 
 QString ResultPanel::indexText(int row) const {

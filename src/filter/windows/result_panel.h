@@ -1,6 +1,7 @@
 // The right of a filter window: the headline, the buttons that undo and invert, the grid of bets and its paging.
 #pragma once
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 
@@ -11,6 +12,8 @@
 #include "toolkit/segments.h"
 
 namespace filter {
+
+class StepList;
 
 class ResultPanel : public toolkit::Card {
     Q_OBJECT
@@ -25,6 +28,9 @@ class ResultPanel : public toolkit::Card {
     /// What the last step left and did. \param step  its words, empty for the opening of the table
     void tell(const Outcome& outcome, std::int64_t total, const QString& step);
 
+    /// The steps that were run, for the list under the grid.
+    void showSteps(const std::vector<DoneStep>& steps);
+
     /// Text of the number cell of a row; of the heading for -1.
     QString indexText(int row) const;
     /// A row was taken out or put back by hand.
@@ -34,6 +40,8 @@ class ResultPanel : public toolkit::Card {
 
   signals:
     void stepWanted(const filter::Step& step);
+    /// A right press on an invert: it is to become a step of the filter template. \param code  of step_template.h
+    void recordWanted(int code);
     void reasonsWanted();
     void pageWanted();
     /// Bets are to be added to the group template; of a member that is a template: it is to be cleared.
@@ -42,7 +50,7 @@ class ResultPanel : public toolkit::Card {
     void rowDoubleClicked(int row);
 
   private:
-    QHBoxLayout* buildStates();
+    QHBoxLayout* buildStates(const FilterMember& member);
     QHBoxLayout* buildShown(const FilterMember& member);
     QWidget* buildTemplate(const FilterMember& member);
     QHBoxLayout* buildPaging();
@@ -53,6 +61,8 @@ class ResultPanel : public toolkit::Card {
     RowsModel* m_model;
     toolkit::RowsGrid* m_grid;
     QLineEdit* m_page;
+    QLabel* m_stepCount;
+    StepList* m_steps;
 };
 
 } // namespace filter

@@ -1,11 +1,11 @@
 #include "filter/windows/row_builder.h"
 
+#include "filter/range_search.h"
+
 using namespace Qt::StringLiterals;
 
 namespace filter {
 namespace {
-
-constexpr int kMostPeriod = 200; // draws; the boxes offer 10, 20, … up to this
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -62,19 +62,7 @@ struct Builder {
         QObject::connect(row.list, &QLineEdit::textChanged, row.list, &QWidget::setToolTip);
     }
 
-    void period(TableRow& row) const {
-        auto* box = new QuietCombo(&rows);
-        box->setObjectName(indexedName(u"Combo1"_s, p.period));
-        box->addItem(u"前所有期"_s, 0);
-        for (int draws = 10; draws <= kMostPeriod; draws += 10)
-            box->addItem(u"前%1期"_s.arg(draws), draws);
-        box->setPlaceholderText(u"所有期"_s);
-        box->setCurrentIndex(-1);
-        box->setToolTip(u"选择检索期数范围来检索历史号码参数最值或均值差幅自动设置过滤条件\n还需历史号码检索功能"_s);
-        box->setAccessibleName(caption + u" 检索期数"_s);
-        box->setEnabled(false); // the search through the history that it starts is not in this program yet
-        row.period = box;
-    }
+    void period(TableRow& row) const { row.period = makePeriods(p.period, caption + u" 检索期数"_s, &rows); }
 
   private:
     QCheckBox* parityBox(const QString& sign, int index) const {
@@ -87,6 +75,18 @@ struct Builder {
 
 } // namespace
 
+QComboBox* makePeriods(int index, const QString& accessible, QWidget* parent) {
+    auto* box = new QuietCombo(parent);
+    box->setObjectName(indexedName(u"Combo1"_s, index));
+    for (int item = 0; item < kPeriods; ++item)
+        box->addItem(QString::fromStdString(periodCaption(item)), periodDraws(item));
+    box->setPlaceholderText(text(kPeriodPrompt));
+    box->setCurrentIndex(-1);
+    box->setToolTip(text(kPeriodHint));
+    box->setAccessibleName(accessible);
+    return box;
+}
+
 TableRow buildRow(const Parameter& parameter, TableRows& rows) {
     const Builder build{parameter, rows};
     TableRow row;
@@ -97,7 +97,7 @@ TableRow buildRow(const Parameter& parameter, TableRows& rows) {
         build.parity(row);
     if (parameter.isInterval())
         build.interval(row);
-    else
+    else if (parameter.boxes.list >= 0)
         build.lists(row);
     if (parameter.period >= 0)
         build.period(row);

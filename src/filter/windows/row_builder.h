@@ -8,4 +8,7 @@ namespace filter {
 /// The controls, children of `rows` and of its two frames. Nothing is connected but what a control does for itself.
 TableRow buildRow(const Parameter& parameter, TableRows& rows);
 
+/// A period box: Combo1({index}) with its items, none of them picked.
+QComboBox* makePeriods(int index, const QString& accessible, QWidget* parent);
+
 } // namespace filter

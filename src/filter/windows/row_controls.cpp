@@ -1,6 +1,7 @@
 #include "filter/windows/row_controls.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QRegularExpressionValidator>
@@ -69,16 +70,16 @@ QSize PressButton::sizeHint() const {
     return {fontMetrics().horizontalAdvance(text()) + kCaptionLeft + kDotRoom, fontMetrics().height()};
 }
 
-void PressButton::act() {
+void PressButton::act(Qt::MouseButton button) {
     setFocus();
     repaint(); // a long run follows: the press is seen at once
-    emit pressedAnyhow();
+    emit pressedBy(button);
 }
 
 void PressButton::mousePressEvent(QMouseEvent* event) {
     event->accept();
     m_held = true;
-    act();
+    act(event->button());
 }
 
 void PressButton::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -98,7 +99,18 @@ void PressButton::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (!event->isAutoRepeat())
-        act();
+        act(Qt::LeftButton);
+}
+
+void PressButton::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        act(Qt::RightButton);
+}
+
+void PressButton::leaveEvent(QEvent* event) {
+    m_held = false; // a menu or a box that came with the press took the release
+    QAbstractButton::leaveEvent(event);
 }
 
 void PressButton::paintEvent(QPaintEvent*) {

@@ -23,9 +23,10 @@ class TickBox : public QCheckBox {
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// The name of a parameter as the thing to press. It acts on the press itself, whichever mouse button it is; space
-/// and enter act like a left press, and the second press of a double click does nothing: it would take the step back
-/// out of reach. It is checked while its parameter is the one that was run last.
+/// The name of a parameter or a super filter as the thing to press. It acts on the press itself, whichever mouse
+/// button it is and says which; space and enter act like a left press, the menu key like a right one, and the second
+/// press of a double click does nothing: it would take the step back out of reach. It is checked while its parameter
+/// is the one that was run last.
 class PressButton : public QAbstractButton {
     Q_OBJECT
 
@@ -43,7 +44,7 @@ class PressButton : public QAbstractButton {
     QSize minimumSizeHint() const override { return sizeHint(); }
 
   signals:
-    void pressedAnyhow();
+    void pressedBy(Qt::MouseButton button);
 
   protected:
     void nextCheckState() override {}
@@ -51,10 +52,12 @@ class PressButton : public QAbstractButton {
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void act();
+    void act(Qt::MouseButton button);
 
     bool m_coloured = false;
     bool m_used = false;

@@ -64,15 +64,11 @@ QWidget* makeGroup(const QString& name, QWidget* parent) {
 } // namespace
 
 RunPanel::RunPanel(const FilterMember& member, QWidget* parent) : Card(u"RunCard"_s, {}, parent) {
-    buildModes();
+    buildModes(member.features.lists);
     buildKeep();
     if (member.features.weights)
         buildPositions(member);
     applyColours();
-    if (member.catalogue().empty()) {
-        setEnabled(false); // all of it steers runs of parameters
-        setToolTip(u"还需这种组合的参数过滤"_s);
-    }
 }
 
 QLabel* RunPanel::makeCaption(const QString& name, const QString& caption) {
@@ -102,14 +98,16 @@ void RunPanel::changeEvent(QEvent* event) {
         applyColours();
 }
 
-void RunPanel::buildModes() {
+void RunPanel::buildModes(bool lists) {
     body().addWidget(makeCaption(u"FrameModesHeading"_s, u"参数过滤设置"_s));
     QWidget* group = makeGroup(u"FrameModes"_s, this);
-    m_range = makeSegment(u"Option22"_s, u"范围查询"_s, group);
-    m_mean = makeSegment(u"Option21"_s, u"均值差幅"_s, group);
-    m_list = makeSegment(u"Option36"_s, u"最值查询(出现概率最大的若干个参数)"_s, group);
+    m_range = makeSegment(u"Option22"_s, lists ? u"范围查询"_s : u"最值查询"_s, group);
+    m_mean = makeSegment(u"Option21"_s, lists ? u"均值差幅"_s : u"均值差幅查询"_s, group);
+    if (lists)
+        m_list = makeSegment(u"Option36"_s, u"最值查询(出现概率最大的若干个参数)"_s, group);
     m_range->setChecked(true);
-    auto* line = toolkit::joined<toolkit::Segment>({m_range, m_mean, m_list}, true);
+    auto* line = lists ? toolkit::joined<toolkit::Segment>({m_range, m_mean, m_list}, true)
+                       : toolkit::joined<toolkit::Segment>({m_range, m_mean}, true);
     line->setContentsMargins(0, 0, 0, 0);
     group->setLayout(line);
     body().addWidget(group);
@@ -129,10 +127,11 @@ void RunPanel::buildModes() {
     chooseMode(Mode::Range);
     for (const auto& [segment, mode] :
          {std::pair(m_range, Mode::Range), std::pair(m_mean, Mode::Mean), std::pair(m_list, Mode::List)})
-        connect(segment, &toolkit::Segment::toggled, this, [this, chosen = mode](bool on) {
-            if (on)
-                chooseMode(chosen);
-        });
+        if (segment)
+            connect(segment, &toolkit::Segment::toggled, this, [this, chosen = mode](bool on) {
+                if (on)
+                    chooseMode(chosen);
+            });
 }
 
 void RunPanel::chooseMode(Mode mode) {
@@ -154,16 +153,16 @@ void RunPanel::chooseMode(Mode mode) {
 void RunPanel::buildKeep() {
     QWidget* group = makeGroup(u"FrameKeep"_s, this);
     m_keep = makeSegment(u"Option1(0)"_s, u"保留"_s, group);
-    auto* remove = makeSegment(u"Option1(1)"_s, u"排除"_s, group);
+    m_remove = makeSegment(u"Option1(1)"_s, u"排除"_s, group);
     m_keep->setChecked(true);
-    auto* pair = toolkit::joined<toolkit::Segment>({m_keep, remove}, true);
+    auto* pair = toolkit::joined<toolkit::Segment>({m_keep, m_remove}, true);
     pair->setContentsMargins(0, 0, 0, 0);
     group->setLayout(pair);
     auto* line = new QHBoxLayout;
     line->addWidget(makeCaption(u"FrameKeepHeading"_s, u"参数过滤项设置"_s));
     line->addWidget(group, 1);
     body().addLayout(line);
-    for (toolkit::Segment* option : {m_keep, remove}) {
+    for (toolkit::Segment* option : {m_keep, m_remove}) {
         connect(option, &toolkit::Segment::clicked, this, &RunPanel::keepClicked);
         connect(option, &toolkit::Segment::toggled, this, [this](bool on) {
             if (on)
@@ -194,11 +193,20 @@ void RunPanel::buildPositions(const FilterMember& member) {
 }
 
 void RunPanel::read(WindowState& state) const {
-    state.mode = m_list->isChecked() ? Mode::List : m_mean->isChecked() ? Mode::Mean : Mode::Range;
+    state.mode = m_list && m_list->isChecked() ? Mode::List : m_mean->isChecked() ? Mode::Mean : Mode::Range;
     state.keep = keeps();
     state.percent = m_percent->currentText().toStdString();
     for (std::size_t position = 1; position < m_positions.size(); ++position)
         state.weights[position] = m_positions[position] && m_positions[position]->isChecked();
+}
+
+void RunPanel::write(const WindowState& state) {
+    (state.mode == Mode::List ? m_list : state.mode == Mode::Mean ? m_mean : m_range)->setChecked(true);
+    (state.keep ? m_keep : m_remove)->setChecked(true);
+    m_percent->setCurrentText(QString::fromStdString(state.percent));
+    for (std::size_t position = 1; position < m_positions.size(); ++position)
+        if (m_positions[position])
+            m_positions[position]->setChecked(state.weights[position]);
 }
 
 } // namespace filter

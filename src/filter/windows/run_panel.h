@@ -20,6 +20,8 @@ class RunPanel : public toolkit::Card {
 
     /// Puts mode, choice and position boxes into `state`.
     void read(WindowState& state) const;
+    /// Fills them with `state`; a mode is told as a press would be.
+    void write(const WindowState& state);
     bool keeps() const { return m_keep->isChecked(); }
 
   signals:
@@ -31,7 +33,7 @@ class RunPanel : public toolkit::Card {
 
   private:
     void applyColours();
-    void buildModes();
+    void buildModes(bool lists);
     void buildKeep();
     void buildPositions(const FilterMember& member);
     void chooseMode(Mode mode);
@@ -41,10 +43,11 @@ class RunPanel : public toolkit::Card {
 
     toolkit::Segment* m_range = nullptr;
     toolkit::Segment* m_mean = nullptr;
-    toolkit::Segment* m_list = nullptr;
-    QLabel* m_explains = nullptr; ///< what the chosen mode compares
+    toolkit::Segment* m_list = nullptr; ///< null where there are no lists
+    QLabel* m_explains = nullptr;       ///< what the chosen mode compares
     QComboBox* m_percent = nullptr;
     toolkit::Segment* m_keep = nullptr;
+    toolkit::Segment* m_remove = nullptr;
     std::array<QCheckBox*, 8> m_positions{};
 };
 
