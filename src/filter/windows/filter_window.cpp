@@ -1,5 +1,8 @@
 #include "filter/windows/filter_window.h"
 
+#include <algorithm>
+#include <utility>
+
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScreen>
@@ -119,7 +122,7 @@ void FilterWindow::connectTable() {
     connect(m_table, &ParameterTable::allPeriodsPicked, this, [this] { search(nullptr); });
     connect(m_table, &ParameterTable::tickClicked, this, [this] {
         WindowState ticked = state();
-        followTick(ticked);
+        ticked.toleranceCount = countAfterTick(ticked);
         m_integrated->write(ticked);
         tellTicks();
     });
@@ -198,7 +201,7 @@ void FilterWindow::tellTicks() {
     if (m_writing)
         return;
     const WindowState now = state();
-    const int ticks = tickedParameters(now);
+    const int ticks = static_cast<int>(std::ranges::count_if(now.rows, &RowState::ticked));
     m_pages->setCaption(0, ticks > 0 ? u"整合 %1"_s.arg(ticks) : u"整合"_s);
     m_integrated->tell(now);
 }
@@ -252,8 +255,10 @@ void FilterWindow::search(const Parameter* parameter) {
 void FilterWindow::followTolerance(bool percent) {
     WindowState left = state();
     if (percent)
-        followPercent(left);
-    else if (!followCount(left))
+        left.toleranceCount = countAfterPercent(left);
+    else if (const std::optional<std::string> share = percentAfterCount(left))
+        left.tolerancePercent = *share;
+    else
         setNotice(u"还没有勾选参数，容错百分比无法计算；各框没有改变"_s);
     m_integrated->write(left);
 }

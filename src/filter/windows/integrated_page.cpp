@@ -167,7 +167,7 @@ void IntegratedPage::tell(const WindowState& state) {
     for (const Parameter& parameter : m_member.catalogue())
         if (state.row(parameter).ticked)
             lines.push_back({text(captionIn(parameter, state)), comparedWith(parameter, state)});
-    m_sentence->setText(QString::fromStdString(integratedSentence(state)));
+    m_sentence->setText(QString::fromStdString(keptByRun(m_member.catalogue(), state, m_tolerance != nullptr)));
     m_ticked->show(lines);
 }
 
