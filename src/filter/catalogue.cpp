@@ -7,14 +7,6 @@ std::string_view groupCaption(Group group) {
     return captions[static_cast<std::size_t>(group)];
 }
 
-std::span<const Parameter> sixRedCatalogue() {
-    return {};
-}
-
-std::span<const Parameter> sevenRedCatalogue() {
-    return {};
-}
-
 const Parameter* findParameter(std::span<const Parameter> catalogue, std::string_view option) {
     for (const Parameter& parameter : catalogue)
         if (parameter.option == option)

@@ -6,7 +6,8 @@
 //
 // What a run or a window does differently from parameter to parameter follows from its kind and its fields, never
 // from its name. To add a parameter, add a row to its catalogue (catalogue_*.cpp): the window, the runs and the tests
-// walk the table. Ticks, boxes and periods never change: saved settings refer to them.
+// walk the table. Ticks, boxes and periods never change: saved settings refer to them. Each kind of window has a
+// catalogue of its own, in which one option name may stand for another parameter than elsewhere.
 #pragma once
 
 #include <array>
@@ -68,10 +69,19 @@ struct Parameter {
     int oddBox = -1;                 ///< index of 奇 in Check2; 偶 is the next
     std::string_view parityReason{}; ///< reason text of the parity step
     bool wholeBet = false;           ///< the blue number counts too; its reasons say 全体球大小
-    bool weighed = true;             ///< honours the position boxes (彩色参数): all but positions
+    bool weighed = true;             ///< honours the position boxes (彩色参数); else every position counts
+    int reds = history::kRedsDrawn;  ///< reds of a bet, all of which it looks at: 6 or 7
+    bool reasons = true;             ///< filters leave a reason, and violations can be counted
+    std::string_view exportTitle{};  ///< heading in an export of many parameters where it is not gridTitle
+    int highOfSearch = -1; ///< tick of the row that gets the high bound of a search for this row alone; -1: this
+    bool listFromAllPeriods = true; ///< a search for all rows together makes its list anew
 
     constexpr bool isPosition() const { return kind == Kind::RedPosition || kind == Kind::Blue; }
     constexpr bool isInterval() const { return kind == Kind::Interval; }
+    constexpr bool hasParity() const { return oddBox >= 0; }
+    constexpr bool hasList() const { return boxes.list >= 0; }
+    /// Heading of its column in an export of many parameters; empty: it is not exported.
+    constexpr std::string_view exportHeading() const { return exportTitle.empty() ? gridTitle : exportTitle; }
 };
 
 // Two boxes of a family hold the red parameter's values, two those of the red-and-blue one.
@@ -84,9 +94,10 @@ constexpr Boxes wholeHalf(std::string_view name) {
 
 /// The parameters of the windows with six reds and a blue.
 std::span<const Parameter> sixAndBlueCatalogue();
-/// The parameters of the windows with six reds alone: none yet.
+/// The parameters of the windows with six reds alone.
 std::span<const Parameter> sixRedCatalogue();
-/// The parameters of the windows with seven reds: none yet.
+/// The parameters of the windows with seven reds: two ways to fill in a range, no lists, no parity, no position
+/// boxes.
 std::span<const Parameter> sevenRedCatalogue();
 
 /// The parameter with this option button. \return nullptr when there is none

@@ -37,14 +37,23 @@ constexpr bool areApart(const Parameter& left, const Parameter& right) {
 constexpr bool isWhole(const Parameter& p) {
     const bool position = p.isPosition();
     return (p.statement.empty() || !position) && position == !p.column.empty() &&
-           position == (p.place >= 1 && p.place <= 7) && position == (p.oddBox >= 0) &&
-           position == !p.parityReason.empty() && position == p.gridTitle.empty() && position == !p.weighed &&
-           p.isInterval() == (p.boxes.above >= 0) && p.isInterval() == (p.boxes.list < 0);
+           position == (p.place >= 1 && p.place <= 7) && p.hasParity() == !p.parityReason.empty() &&
+           position == p.gridTitle.empty() && p.isInterval() == (p.boxes.above >= 0) &&
+           p.hasList() == (p.boxes.count >= 0) && (p.exportTitle.empty() || !position);
+}
+
+// What a kind of window has, all its rows have: lists (but for the interval's) and parity with reasons, position
+// boxes with six reds.
+constexpr bool isOfItsWindow(const Parameter& p) {
+    const bool six = p.reds == history::kRedsDrawn;
+    return p.reasons == six && p.hasParity() == (six && p.isPosition()) && p.weighed == (six && !p.isPosition()) &&
+           p.hasList() == (six && !p.isInterval());
 }
 
 constexpr bool isInRange(const Parameter& p) {
     return p.tick >= 0 && p.tick < kTicks && p.period >= -1 && p.period < kTicks && p.period != kAllPeriods &&
-           p.defaults.low <= p.defaults.high && !p.option.empty() && !p.caption.empty() && !p.counts.empty();
+           p.highOfSearch >= -1 && p.highOfSearch < kTicks && p.defaults.low <= p.defaults.high &&
+           !p.option.empty() && !p.caption.empty() && !p.counts.empty();
 }
 
 } // namespace detail
@@ -52,7 +61,8 @@ constexpr bool isInRange(const Parameter& p) {
 /// Each row whole, no two that share a control, group after group.
 template <std::size_t Count> consteval bool isSound(const std::array<Parameter, Count>& catalogue) {
     for (std::size_t row = 0; row < Count; ++row) {
-        if (!detail::isWhole(catalogue[row]) || !detail::isInRange(catalogue[row]))
+        if (!detail::isWhole(catalogue[row]) || !detail::isInRange(catalogue[row]) ||
+            !detail::isOfItsWindow(catalogue[row]) || catalogue[row].reds != catalogue[0].reds)
             return false;
         if (row > 0 && catalogue[row].group < catalogue[row - 1].group)
             return false;

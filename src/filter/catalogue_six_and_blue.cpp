@@ -1,72 +1,22 @@
 // The parameters of the windows with six reds and a blue.
 #include "filter/catalogue_check.h"
+#include "filter/catalogue_six_reds.h"
 
 namespace filter {
 namespace {
 
-constexpr std::string_view kSum =
-    "UPDATE [{table}] SET [canshu]=([fig1] * {w1} + [fig2] * {w2} + [fig3] * {w3} + [fig4] * {w4} + [fig5] * {w5}"
-    " + [fig6] * {w6})";
-constexpr std::string_view kSumLastDigit =
-    "UPDATE [{table}] SET [canshu]=([fig1] * {w1} + [fig2] * {w2} + [fig3] * {w3} + [fig4] * {w4} + [fig5] * {w5}"
-    " + [fig6] * {w6}) mod 10";
+using namespace six_reds;
+
 constexpr std::string_view kSumWithBlue =
     "UPDATE [{table}] SET [canshu]=([fig1] * {w1} + [fig2] * {w2} + [fig3] * {w3} + [fig4] * {w4} + [fig5] * {w5}"
     " + [fig6] * {w6} + [fig7] * {w7})";
-// A pair counts only when both its positions are ticked.
-constexpr std::string_view kNeighbours =
-    "UPDATE [{table}] SET [canshu]=-(( [fig2] - [fig1] = 1) * {w1w2} +  ([fig3] - [fig2] = 1) * {w2w3}"
-    " + ([fig4] - [fig3] = 1) * {w3w4} + ([fig5] - [fig4] = 1) * {w4w5} + ([fig6] - [fig5] = 1) * {w5w6})";
-constexpr std::string_view kEvenReds =
-    "UPDATE [{table}] SET [canshu]=-([fig1] mod 2 = 0 ) * {w1} -([fig2] mod 2 = 0) * {w2} -([fig3] mod 2 = 0) * {w3}"
-    " -([fig4] mod 2 = 0) * {w4} -([fig5] mod 2 = 0) * {w5} -([fig6] mod 2 = 0) * {w6}";
 constexpr std::string_view kEvenNumbers =
     "UPDATE [{table}] SET [canshu]=-([fig1] mod 2 = 0 ) * {w1} -([fig2] mod 2 = 0) * {w2} -([fig3] mod 2 = 0) * {w3}"
     " -([fig4] mod 2 = 0) * {w4} -([fig5] mod 2 = 0) * {w5} -([fig6] mod 2 = 0) * {w6} -([fig7] mod 2 = 0) * {w7}";
-constexpr std::string_view kBigReds =
-    "UPDATE [{table}] SET [canshu]=-(([fig1] >{h}) * {w1} +  ([fig2] >{h}) * {w2} + ([fig3] >{h}) * {w3}"
-    " + ([fig4] >{h}) * {w4} + ([fig5] >{h}) * {w5} + ([fig6] >{h}) * {w6})";
 // Half of the highest red is the boundary for the blue number too, so a blue of 16 numbers is never big: deliberate.
 constexpr std::string_view kBigNumbers =
     "UPDATE [{table}] SET [canshu]=-(([fig1] >{h}) * {w1} +  ([fig2] >{h}) * {w2} + ([fig3] >{h}) * {w3}"
     " + ([fig4] >{h}) * {w4} + ([fig5] >{h}) * {w5} + ([fig6] >{h}) * {w6} + ([fig7] >{h}) * {w7})";
-constexpr std::string_view kBigLastDigits =
-    "UPDATE [{table}] SET [canshu]=-(([fig1] mod 10 >4) * {w1} +  ([fig2] mod 10 >4) * {w2}"
-    " + ([fig3] mod 10 >4) * {w3} + ([fig4] mod 10 >4) * {w4} + ([fig5] mod 10 >4) * {w5} + ([fig6] mod 10 >4) * "
-    "{w6})";
-constexpr std::string_view kZoneTo11 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]<=11) * {w1} +  ([fig2] <=11) * {w2} + ([fig3] <=11) * {w3}"
-    " + ([fig4] <=11) * {w4} + ([fig5] <=11) * {w5} + ([fig6] <=11) * {w6})";
-constexpr std::string_view kZoneTo22 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]>11 and [fig1]<=22) * {w1} +  ([fig2]>11 and [fig2]<=22) * {w2}"
-    " + ([fig3]>11 and [fig3]<=22) * {w3} + ([fig4]>11 and [fig4]<=22) * {w4} + ([fig5]>11 and [fig5]<=22) * {w5}"
-    " + ([fig6]>11 and [fig6]<=22) * {w6})";
-constexpr std::string_view kZoneTo33 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]>22 and [fig1]<=33) * {w1} +  ([fig2]>22 and [fig2]<=33) * {w2}"
-    " + ([fig3]>22 and [fig3]<=33) * {w3} + ([fig4]>22 and [fig4]<=33) * {w4} + ([fig5]>22 and [fig5]<=33) * {w5}"
-    " + ([fig6]>22 and [fig6]<=33) * {w6})";
-constexpr std::string_view kDivisibleBy3 =
-    "UPDATE [{table}] SET [canshu]=-(([fig1] MOD 3 = 0) * {w1} +  ([fig2] MOD 3 = 0) * {w2} + ([fig3] MOD 3 = 0) * "
-    "{w3}"
-    " + ([fig4] MOD 3 = 0) * {w4} + ([fig5] MOD 3 = 0) * {w5} + ([fig6] MOD 3 = 0) * {w6})";
-constexpr std::string_view kSumOfLastDigits =
-    "UPDATE [{table}] SET [canshu]=(([fig1] mod 10) * {w1} + ([fig2] mod 10) * {w2} + ([fig3] mod 10) * {w3}"
-    " + ([fig4] mod 10) * {w4} + ([fig5] mod 10) * {w5} + ([fig6] mod 10) * {w6})";
-constexpr std::string_view kSumOfOddReds =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]*([fig1] mod 2 = 1) * {w1}) + ([fig2]*([fig2] mod 2 = 1) * {w2})"
-    " + ([fig3]*([fig3] mod 2 = 1) * {w3}) + ([fig4]*([fig4] mod 2 = 1) * {w4}) + ([fig5]*([fig5] mod 2 = 1) * {w5})"
-    " + ([fig6]*([fig6] mod 2 = 1) * {w6}))";
-constexpr std::string_view kSumOfEvenReds =
-    "UPDATE [{table}] SET [canshu]=-(([fig1]*([fig1] mod 2 = 0) * {w1}) + ([fig2]*([fig2] mod 2 = 0) * {w2})"
-    " + ([fig3]*([fig3] mod 2 = 0) * {w3}) + ([fig4]*([fig4] mod 2 = 0) * {w4}) + ([fig5]*([fig5] mod 2 = 0) * {w5})"
-    " + ([fig6]*([fig6] mod 2 = 0) * {w6}))";
-constexpr std::string_view kRepeatedReds =
-    "UPDATE [{table}] SET [canshu]=-((InStr(\"{last}\",chr(32) & [fig1] & chr(32) ) > 0) * {w1}"
-    " + ( InStr(\"{last}\",chr(32) & [fig2] & chr(32)) > 0) * {w2}"
-    " + ( InStr(\"{last}\",chr(32) & [fig3] & chr(32)) > 0) * {w3}"
-    " + ( InStr(\"{last}\",chr(32) & [fig4] & chr(32)) > 0) * {w4}"
-    " + ( InStr(\"{last}\",chr(32) & [fig5] & chr(32)) > 0) * {w5}"
-    " + ( InStr(\"{last}\",chr(32) & [fig6] & chr(32)) > 0) * {w6})";
 // The blue number is looked up among the last draw's reds; its blue plays no part: deliberate.
 constexpr std::string_view kRepeatedNumbers =
     "UPDATE [{table}] SET [canshu]=-((InStr(\"{last}\",chr(32) & [fig1] & chr(32) ) > 0) * {w1}"
@@ -77,125 +27,47 @@ constexpr std::string_view kRepeatedNumbers =
     " + ( InStr(\"{last}\",chr(32) & [fig6] & chr(32)) > 0) * {w6}"
     " + ( InStr(\"{last}\",chr(32) & [fig7] & chr(32)) > 0) * {w7})";
 
-constexpr Defaults kCounts{0, 9, 3};
-constexpr Defaults kPosition{0, 99, 6};
-constexpr Boxes kIntervalBoxes{"Text66", 0, 1, -1, -1, 3, 2};
-
-constexpr Parameter statement(Group group, std::string_view option, std::string_view caption,
-                              std::string_view history, int tick, int period, Boxes boxes, Defaults defaults,
-                              std::string_view title, std::string_view text, std::string_view counts) {
-    return {.group = group,
-            .option = option,
-            .caption = caption,
-            .history = history,
-            .tick = tick,
-            .period = period,
-            .boxes = boxes,
-            .defaults = defaults,
-            .gridTitle = title,
-            .statement = text,
-            .counts = counts,
-            .wholeBet = group == Group::WithBlue};
+// Two exports are headed like another parameter's: deliberate.
+constexpr Parameter exportedAs(std::string_view title, Parameter row) {
+    row.exportTitle = title;
+    return row;
 }
-
-constexpr Parameter computed(Group group, std::string_view option, std::string_view caption, std::string_view history,
-                             int tick, int period, Boxes boxes, Defaults defaults, std::string_view title,
-                             Compute compute, std::string_view counts) {
-    return {.kind = boxes.above >= 0 ? Kind::Interval : Kind::Value,
-            .group = group,
-            .option = option,
-            .caption = caption,
-            .history = history,
-            .tick = tick,
-            .period = period,
-            .boxes = boxes,
-            .defaults = defaults,
-            .gridTitle = title,
-            .statement = {},
-            .counts = counts,
-            .compute = compute};
-}
-
-constexpr Parameter position(Kind kind, int place, std::string_view option, std::string_view caption,
-                             std::string_view column, int tick, int period, std::string_view boxes, int oddBox,
-                             std::string_view parityReason, std::string_view counts) {
-    return {.kind = kind,
-            .group = Group::Places,
-            .option = option,
-            .caption = caption,
-            .history = column,
-            .tick = tick,
-            .period = period,
-            .boxes = {boxes},
-            .defaults = kPosition,
-            .gridTitle = {},
-            .statement = {},
-            .counts = counts,
-            .column = column,
-            .place = place,
-            .oddBox = oddBox,
-            .parityReason = parityReason,
-            .weighed = false};
-}
-
-using enum Group;
 
 // clang-format off
 // group, option, caption, history, tick, period, boxes, defaults, grid title, statement or function, what it counts
 constexpr std::array kSixAndBlue{
-    statement(Sums, "Option23", "各码数和", "Znum", 0, 0, redHalf("Text2"), {0, 999, 20}, "各位数和", kSum,
-        "红球号码相加的和。"),
-    statement(Sums, "Option3", "各码和个位", "Sumgwnum", 1, 1, {"Text3"}, kCounts, "各位和个位", kSumLastDigit,
-        "红球号码之和的个位数字。"),
-    statement(Sums, "Option39", "个位数和", "Zgnum", 28, 29, {"Text25"}, {0, 99, 5}, "个位数之和", kSumOfLastDigits,
-        "各红球个位数字相加的和。"),
-    statement(Sums, "Option41", "奇数之和", "Zjnum", 26, 27, {"Text27"}, {0, 99, 10}, "红球奇数之和", kSumOfOddReds,
-        "红球中奇数号码相加的和。"),
-    statement(Sums, "Option40", "偶数之和", "Zonum", 27, 28, {"Text24"}, {0, 99, 10}, "红球偶数之和", kSumOfEvenReds,
-        "红球中偶数号码相加的和。"),
-    statement(Counts, "Option2", "连号个数", "Lxnum", 2, 2, {"Text4"}, kCounts, "连号个数", kNeighbours,
-        "号码相差1的相邻红球对数。"),
-    statement(Counts, "Option4", "偶数个数", "Onum", 3, 3, redHalf("Text5"), kCounts, "偶数个数", kEvenReds,
-        "红球中偶数号码的个数。"),
-    statement(Counts, "Option5", "大数个数", "Mornum", 4, 4, redHalf("Text6"), kCounts, "大数个数", kBigReds,
-        "红球中大于最大号码一半的号码个数。"),
-    statement(Counts, "Option8", "个位大数", "Bignum", 5, 5, {"Text7"}, kCounts, "个位大数", kBigLastDigits,
-        "红球中个位数字为5至9的号码个数。"),
-    statement(Counts, "Option9", "01~11区间", "Qnum0", 6, 6, {"Text8"}, kCounts, "1~11区间", kZoneTo11,
-        "红球中01至11的号码个数。"),
-    statement(Counts, "Option10", "12~22区间", "Qnum1", 7, 7, {"Text9"}, kCounts, "12~22区间", kZoneTo22,
-        "红球中12至22的号码个数。"),
-    statement(Counts, "Option11", "23~33区间", "Qnum2", 8, 8, {"Text10"}, kCounts, "23~33区间", kZoneTo33,
-        "红球中23至33的号码个数。"),
-    statement(Counts, "Option12", "3整除个数", "Qnum3", 18, 9, {"Text11"}, kCounts, "3整除个", kDivisibleBy3,
-        "红球中能被3整除的号码个数。"),
-    statement(Counts, "Option20", "重上期个数", "Cnum", 16, 19, redHalf("Text21"), {0, 99, 3}, "重上期个数", kRepeatedReds,
-        "红球中与上期红球相同的号码个数。"),
-    computed(Counts, "Option30", "个位同号数", "Modenum", 21, 22, {"Text23"}, {0, 99, 3}, "个位同号数", computeSameLastDigits,
-        "6减去红球中不同个位数字的个数。"),
-    computed(Counts, "Option66", "自定区间", "", 31, -1, kIntervalBoxes, kCounts, "自定义区间", computeInterval,
-        "红球落在自定区间内的个数，区间不含下端、含上端；最值查询时为红球在指定号码中的个数。"),
-    position(Kind::RedPosition, 1, "Option13", "红1位", "fig1", 9, 10, "Text12", 4, "红球1位奇偶性", "从小到大第1个红球的号码。"),
-    position(Kind::RedPosition, 2, "Option14", "红2位", "fig2", 10, 11, "Text13", 6, "红球2位奇偶性", "从小到大第2个红球的号码。"),
-    position(Kind::RedPosition, 3, "Option15", "红3位", "fig3", 11, 12, "Text14", 8, "红球3位奇偶性", "从小到大第3个红球的号码。"),
-    position(Kind::RedPosition, 4, "Option16", "红4位", "fig4", 12, 13, "Text15", 10, "红球4位奇偶性", "从小到大第4个红球的号码。"),
-    position(Kind::RedPosition, 5, "Option17", "红5位", "fig5", 13, 14, "Text16", 12, "红球5位奇偶性", "从小到大第5个红球的号码。"),
-    position(Kind::RedPosition, 6, "Option18", "红6位", "fig6", 19, 15, "Text17", 14, "红球6位奇偶性", "从小到大第6个红球的号码。"),
+    kSumRow,
+    kSumLastDigitRow,
+    kSumOfLastDigitsRow,
+    kSumOfOddRedsRow,
+    kSumOfEvenRedsRow,
+    kNeighboursRow,
+    kEvenRedsRow,
+    kBigRedsRow,
+    kBigLastDigitsRow,
+    kZoneTo11Row,
+    kZoneTo22Row,
+    kZoneTo33Row,
+    kDivisibleBy3Row,
+    kRepeatedRedsRow,
+    kSameLastDigitsRow,
+    kIntervalRow,
+    kPlace1Row,
+    kPlace2Row,
+    kPlace3Row,
+    kPlace4Row,
+    kPlace5Row,
+    kPlace6Row,
     position(Kind::Blue, 7, "Option19", "蓝球", "fig7", 20, 16, "Text18", 16, "蓝球奇偶性", "蓝球号码。"),
-    computed(Gaps, "Option6", "最大差值", "Mxzounum", 14, 17, {"Text19"}, {0, 99, 5}, "最大差值", computeLargestGap,
-        "相邻两个红球号码之差中最大的一个。"),
-    computed(Gaps, "Option7", "首尾差值", "Apzounum", 15, 18, {"Text20"}, {0, 99, 5}, "首尾差值", computeSpan,
-        "最大红球与最小红球之差。"),
-    computed(Gaps, "Option24", "复杂度AC值", "Fcodp", 17, 21, {"Text22"}, {0, 99, 5}, "数字复杂度", computeAcValue,
-        "红球两两之差中不同差值的个数，再减去红球个数少1。"),
-    computed(Omissions, "Option38", "遗漏数和", "Zynum", 29, 30, {"Text26"}, {0, 99, 5}, "红球遗漏期数和", computeOmissionSum,
-        "各红球当前遗漏期数相加的和。"),
-    computed(Omissions, "Option42", "遗漏极差", "intyljz", 30, 31, {"Text28"}, {0, 99, 5}, "遗漏极差", computeOmissionRange,
-        "红球当前遗漏期数中最大与最小之差。"),
-    statement(WithBlue, "Option33", "红蓝各位数和", "ZnumB", 25, 23, wholeHalf("Text2"), {0, 999, 20}, "各位数和", kSumWithBlue,
-        "红球与蓝球号码相加的和。"),
-    statement(WithBlue, "Option31", "红蓝偶数个数", "OnumB", 22, 26, wholeHalf("Text5"), kCounts, "偶数个数", kEvenNumbers,
-        "红球与蓝球中偶数号码的个数。"),
+    kLargestGapRow,
+    kSpanRow,
+    kAcValueRow,
+    kOmissionSumRow,
+    kOmissionRangeRow,
+    exportedAs("遗漏极差", statement(WithBlue, "Option33", "红蓝各位数和", "ZnumB", 25, 23, wholeHalf("Text2"), {0, 999, 20}, "各位数和", kSumWithBlue,
+        "红球与蓝球号码相加的和。")),
+    exportedAs("遗漏极差", statement(WithBlue, "Option31", "红蓝偶数个数", "OnumB", 22, 26, wholeHalf("Text5"), kCounts, "偶数个数", kEvenNumbers,
+        "红球与蓝球中偶数号码的个数。")),
     statement(WithBlue, "Option32", "红蓝大数个数", "MornumB", 23, 25, wholeHalf("Text6"), kCounts, "大数个数", kBigNumbers,
         "红球与蓝球中大于最大红球号码一半的号码个数。"),
     statement(WithBlue, "Option34", "红蓝重上期个", "CnumB", 24, 24, wholeHalf("Text21"), {0, 99, 3}, "重上期个数", kRepeatedNumbers,

@@ -9,9 +9,15 @@ std::string number(const std::string& text) {
     return base::numberText(base::val(text));
 }
 
-/// The interval parameter compares its range in both modes: there the list only feeds the value.
+/// Without a list of its own a parameter compares its range in every mode; the interval's numbers only feed its
+/// value.
 bool comparesList(const Parameter& parameter, const RunSettings& settings) {
-    return settings.mode == Mode::List && !parameter.isInterval();
+    return settings.mode == Mode::List && parameter.hasList();
+}
+
+/// Whether the parity step runs.
+bool comparesParity(const Parameter& parameter, const RunSettings& settings) {
+    return parameter.hasParity() && !comparesList(parameter, settings);
 }
 
 std::string comparedColumn(const Parameter& parameter) {
@@ -63,7 +69,7 @@ std::string snapshotStatement(std::string_view table) {
 
 std::string pressText(const Parameter& parameter, const RowInput& row, const RunSettings& settings) {
     const bool list = settings.mode == Mode::List;
-    const bool parity = parameter.isPosition() && !list && row.odd != row.even;
+    const bool parity = comparesParity(parameter, settings) && row.odd != row.even;
     return std::string(list && parameter.isInterval() ? kPickedNumbersCaption : parameter.caption) +
            (settings.Baoliu != kRemove ? " 保留 " : " 排除 ") +
            (comparesList(parameter, settings) ? row.list : number(row.low) + "~" + number(row.high)) +
@@ -74,6 +80,9 @@ std::string pressText(const Parameter& parameter, const RowInput& row, const Run
 
 std::string filterStatement(std::string_view table, const Parameter& parameter, const RowInput& row,
                             const RunSettings& settings, bool accumulating) {
+    if (!parameter.reasons)
+        return "UPDATE [" + std::string(table) + "] SET [unslt]=true" + where(false) +
+               condition(parameter, row, settings, false);
     const std::string verb = settings.Baoliu != kRemove ? " 保留" : " 排除";
     const std::string bounds =
         comparesList(parameter, settings) ? row.list : number(row.low) + "~" + number(row.high);
@@ -92,31 +101,35 @@ void ParameterRun::run(std::string_view statement) const {
 }
 
 void ParameterRun::compute(const Parameter& parameter, const RunSettings& settings) const {
+    RunSettings own = settings;
+    if (!parameter.weighed)
+        own.ticked.fill(true);
     if (parameter.compute)
-        parameter.compute(m_bench, settings);
+        parameter.compute(m_bench, own);
     else if (!parameter.statement.empty())
-        run(fillTemplate(parameter.statement, m_bench, settings));
+        run(fillTemplate(parameter.statement, m_bench, own));
+}
+
+void ParameterRun::filter(const Parameter& parameter, const RowInput& row, const RunSettings& settings,
+                          bool accumulating) const {
+    if (comparesParity(parameter, settings)) {
+        run("UPDATE [" + std::string(m_bench.table) + "] SET [canshu]=(" + comparedColumn(parameter) + " mod 2)");
+        run(parityStatement(m_bench.table, parameter, row, accumulating));
+    }
+    run(filterStatement(m_bench.table, parameter, row, settings, accumulating));
 }
 
 void ParameterRun::press(const Parameter& parameter, const RowInput& row, const RunSettings& settings) const {
     compute(parameter, settings);
     run(snapshotStatement(m_bench.table));
-    if (parameter.isPosition() && settings.mode != Mode::List) {
-        run("UPDATE [" + std::string(m_bench.table) + "] SET [canshu]=(" + comparedColumn(parameter) + " mod 2)");
-        run(parityStatement(m_bench.table, parameter, row, false));
-    }
-    run(filterStatement(m_bench.table, parameter, row, settings, false));
+    filter(parameter, row, settings, false);
 }
 
 void ParameterRun::accumulate(const Parameter& parameter, const RowInput& row, const RunSettings& settings) const {
     compute(parameter, settings);
-    if (parameter.kind == Kind::RedPosition)
+    if (parameter.kind == Kind::RedPosition && parameter.reasons)
         run(snapshotStatement(m_bench.table));
-    if (parameter.isPosition() && settings.mode != Mode::List) {
-        run("UPDATE [" + std::string(m_bench.table) + "] SET [canshu]=(" + comparedColumn(parameter) + " mod 2)");
-        run(parityStatement(m_bench.table, parameter, row, true));
-    }
-    run(filterStatement(m_bench.table, parameter, row, settings, true));
+    filter(parameter, row, settings, true);
 }
 
 } // namespace filter

@@ -5,6 +5,9 @@
 //                 all rows. The caller has taken the snapshot. Position parameters of the reds take one of their own,
 //                 without effect on the outcome: deliberate.
 //
+// A parameter without reasons (Parameter::reasons) says nothing and counts nothing: accumulate() takes its rows out
+// at once, as a press does, and how the rows stood before is the caller's to keep.
+//
 // Both only run statements; every one that the database refuses is passed over and the next one runs. There is no
 // check that the low bound is below the high one: reversed, a keep filter removes all rows and a remove filter none.
 // Cost: one pass for the value, one for the snapshot, one for the filter.
@@ -30,11 +33,14 @@ class ParameterRun {
 
   private:
     void run(std::string_view statement) const;
+    void filter(const Parameter& parameter, const RowInput& row, const RunSettings& settings,
+                bool accumulating) const;
 
     Workbench m_bench;
 };
 
-/// The one statement that takes rows out (or, accumulating, counts them): list or range, keep or remove.
+/// The one statement that takes rows out (or, accumulating, counts them): list or range, keep or remove. Without
+/// reasons there is but one way: rows go out.
 std::string filterStatement(std::string_view table, const Parameter& parameter, const RowInput& row,
                             const RunSettings& settings, bool accumulating);
 /// The parity step of a position parameter; with both or neither of 奇 and 偶 no row is hit.

@@ -20,8 +20,8 @@ struct PastValues {
     double share() const { return static_cast<double>(inside) / draws; }
 };
 
-/// What a parameter was in all draws, from Parameter::history (its case does not count); a position's value is the
-/// number drawn there. One pass over the draws.
+/// What a parameter was in all draws, from Parameter::history. A draw has six reds, so that is what the parameters
+/// of seven reds are told of too. One pass over the draws.
 /// \return nothing for a parameter that the history lacks, and while there is no draw
 std::optional<PastValues> pastValues(const history::History& history, const Parameter& parameter, double low,
                                      double high);

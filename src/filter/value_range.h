@@ -1,7 +1,8 @@
 // The smallest and the largest value that a bet can have of a parameter, all its numbers taken into account.
 //
 // It is worked out from what each number adds to the value, for the rule, the last draw and the omissions at hand; no
-// bet is walked through. A parameter is known by its column of the history. Cost: one pass over the reds.
+// bet is walked through. A parameter is known by its column of the history, or by
+// its caption where it has none. Cost: one pass over the reds.
 #pragma once
 
 #include <optional>

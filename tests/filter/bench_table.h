@@ -29,11 +29,12 @@ class ScratchFolder {
 
 class BenchTable {
   public:
-    explicit BenchTable(sql::Executor executor = sql::Executor::Column);
+    /// \param form  of the member of the family that it is the table of
+    explicit BenchTable(sql::Executor executor = sql::Executor::Column, std::string_view form = "GAgan");
 
     /// Enumerates reds 1..highest with these blues.
     void enumerate(int highest, const std::vector<int>& blues);
-    /// Makes the table hold exactly these bets (six reds, then the blue), idx from 1.
+    /// Makes the table hold exactly these bets (the reds, then the blue if there is one), idx from 1.
     void hold(const std::vector<std::vector<int>>& bets);
 
     void press(const std::string& option, const filter::RowInput& row, const filter::RunSettings& settings = {});
@@ -50,19 +51,21 @@ class BenchTable {
 
     filter::RowStates states() { return {*database, member.table}; }
     filter::ResultView view() { return {*database, member}; }
-    filter::Workbench bench() { return {*database, member.table, history, Bitnum}; }
+    filter::Workbench bench() { return {*database, member.table, history, Bitnum, member.reds, member.blue}; }
+    const filter::Parameter& parameter(std::string_view option) const;
 
     ScratchFolder folder;
     sql::Engine engine;
     std::unique_ptr<sql::Database> database;
     history::History history; ///< one draw, 2 5 11 17 25 33 + 6, and an omission for each red
-    const filter::FilterMember& member = filter::kFilterMembers[0];
+    const filter::FilterMember& member;
     int Bitnum = 33;
 
   private:
     std::vector<std::string> m_statements;
 };
 
+/// Of the windows with six reds and a blue.
 const filter::Parameter& parameter(const std::string& option);
 /// Range boxes, with a list for the other mode.
 filter::RowInput range(const std::string& low, const std::string& high);

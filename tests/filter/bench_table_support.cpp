@@ -21,8 +21,19 @@ ScratchFolder::~ScratchFolder() {
     std::filesystem::remove_all(m_folder, ignored);
 }
 
-BenchTable::BenchTable(sql::Executor executor)
-    : engine(sql::EngineOptions{.combinations = executor}), database(engine.create(folder.file("filnum.mdb"))) {
+namespace {
+
+const filter::Parameter& found(std::span<const filter::Parameter> catalogue, std::string_view option) {
+    if (const filter::Parameter* parameter = filter::findParameter(catalogue, option))
+        return *parameter;
+    throw std::invalid_argument("no such parameter: " + std::string(option));
+}
+
+} // namespace
+
+BenchTable::BenchTable(sql::Executor executor, std::string_view form)
+    : engine(sql::EngineOptions{.combinations = executor}), database(engine.create(folder.file("filnum.mdb"))),
+      member(*filter::findMember(form)) {
     history.Lsnum = 1;
     history.Lshm.push_back({2026001, 2, 5, 11, 17, 25, 33, 6});
     for (int red = 1; red <= history::kMostReds; ++red)
@@ -42,9 +53,10 @@ void BenchTable::enumerate(int highest, const std::vector<int>& blues) {
 
 void BenchTable::hold(const std::vector<std::vector<int>>& bets) {
     database->execute(workspace::createCombinationTable(member.table));
-    std::vector<std::vector<std::int32_t>> columns(8);
+    const auto count = static_cast<std::size_t>(member.numbers()) + 1;
+    std::vector<std::vector<std::int32_t>> columns(count);
     sql::RowBlock block;
-    for (std::size_t column = 0; column < 8; ++column) {
+    for (std::size_t column = 0; column < count; ++column) {
         for (std::size_t row = 0; row < bets.size(); ++row)
             columns[column].push_back(column == 0 ? static_cast<std::int32_t>(row + 1) : bets[row][column - 1]);
         block.columns.push_back(column == 0 ? "idx" : "fig" + std::to_string(column));
@@ -65,7 +77,7 @@ void BenchTable::accumulate(const std::string& option, const filter::RowInput& r
 }
 
 std::vector<int> BenchTable::column(const std::string& name) {
-    const sql::Rows rows = database->query("SELECT [" + name + "] FROM [zuhe]");
+    const sql::Rows rows = database->query("SELECT [" + name + "] FROM [" + std::string(member.table) + "]");
     std::vector<int> values;
     for (std::int64_t row = 0; row < rows.count(); ++row)
         values.push_back(static_cast<int>(rows.integerAt(row, 0)));
@@ -73,7 +85,7 @@ std::vector<int> BenchTable::column(const std::string& name) {
 }
 
 std::vector<std::string> BenchTable::texts(const std::string& name) {
-    const sql::Rows rows = database->query("SELECT [" + name + "] FROM [zuhe]");
+    const sql::Rows rows = database->query("SELECT [" + name + "] FROM [" + std::string(member.table) + "]");
     std::vector<std::string> values;
     for (std::int64_t row = 0; row < rows.count(); ++row)
         values.push_back(rows.textAt(row, 0));
@@ -82,7 +94,7 @@ std::vector<std::string> BenchTable::texts(const std::string& name) {
 
 plain::Bet BenchTable::bet(const sql::Rows& rows, std::int64_t row) const {
     plain::Bet bet{};
-    for (int position = 1; position <= 7; ++position)
+    for (int position = 1; position <= member.numbers(); ++position)
         bet[static_cast<std::size_t>(position)] = static_cast<int>(rows.integerAt(row, position));
     return bet;
 }
@@ -106,11 +118,12 @@ std::vector<std::string> BenchTable::takeStatements() {
     return std::exchange(m_statements, {});
 }
 
+const filter::Parameter& BenchTable::parameter(std::string_view option) const {
+    return found(member.catalogue(), option);
+}
+
 const filter::Parameter& parameter(const std::string& option) {
-    const filter::Parameter* found = filter::findParameter(filter::sixAndBlueCatalogue(), option);
-    if (!found)
-        throw std::invalid_argument("no such parameter: " + option);
-    return *found;
+    return found(filter::sixAndBlueCatalogue(), option);
 }
 
 filter::RowInput range(const std::string& low, const std::string& high) {

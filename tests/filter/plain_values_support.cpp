@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <map>
 #include <set>
 #include <stdexcept>
 #include <vector>
@@ -133,6 +134,68 @@ int value(std::string_view option, const Bet& bet, const Rule& rule) {
         return omissionRange(reds, rule);
     if (option == "Option66")
         return countOf(reds, between(rule.above + 1, rule.to));
+    if (option >= "Option13" && option <= "Option19" && option.size() == 8)
+        return bet[static_cast<std::size_t>(option[7] - '2')];
+    throw std::invalid_argument("no such parameter");
+}
+
+std::string_view besideABlue(std::string_view sixRedOption) {
+    static const std::map<std::string_view, std::string_view> others{
+        {"Option32", "Option41"}, {"Option33", "Option40"}, {"Option34", "Option39"},
+        {"Option35", "Option38"}, {"Option38", "Option42"}, {"Option41", "Option30"},
+        {"Option19", ""},         {"Option39", ""},         {"Option40", ""}};
+    const auto other = others.find(sixRedOption);
+    return other == others.end() ? sixRedOption : other->second;
+}
+
+int sixRedValue(std::string_view option, const Bet& bet, const Rule& rule) {
+    if (const std::string_view other = besideABlue(option); !other.empty())
+        return value(other, bet, rule);
+    const std::vector<int> reds = chosen(bet, rule);
+    if (option == "Option19")
+        return countOf(reds, [](int number) { return number % 5 == 0; });
+    if (option == "Option39")
+        return sumOf(reds, [&](int number) { return 2 * number <= rule.Bitnum ? number : 0; });
+    if (option == "Option40")
+        return sumOf(reds, [&](int number) { return 2 * number > rule.Bitnum ? number : 0; });
+    throw std::invalid_argument("no such parameter");
+}
+
+int sevenRedValue(std::string_view option, const Bet& bet, const Rule& rule) {
+    const std::vector<int> reds(bet.begin() + 1, bet.end());
+    const auto above = [&](int low, int high) {
+        return countOf(reds, [=](int number) { return number > low && number <= high; });
+    };
+    const auto lastHas = [&](int number) { return std::ranges::count(rule.last, number) > 0; };
+    if (option == "Option23" || option == "Option3")
+        return sumOf(reds, [](int number) { return number; }) % (option == "Option3" ? 10 : 1000);
+    if (option == "Option2")
+        return static_cast<int>(
+            std::ranges::count_if(reds, [&](int number) { return std::ranges::count(reds, number + 1) > 0; }));
+    if (option == "Option4")
+        return countOf(reds, [](int number) { return number % 2 == 0; });
+    if (option == "Option5")
+        return countOf(reds, [&](int number) { return 2 * number > rule.Bitnum; });
+    if (option == "Option8")
+        return countOf(reds, [](int number) { return number % 10 >= 5; });
+    if (option == "Option9")
+        return above(0, 10);
+    if (option == "Option10")
+        return above(10, 20);
+    if (option == "Option11")
+        return above(20, 30);
+    if (option == "Option12")
+        return reds.front() < 40 ? above(30, 99) : 0;
+    if (option == "Option41")
+        return above(40, 99);
+    if (option == "Option20")
+        return countOf(reds, lastHas);
+    if (option == "Option6")
+        return largestGap(reds);
+    if (option == "Option7")
+        return reds.back() - reds.front();
+    if (option == "Option24")
+        return acValue(reds);
     if (option >= "Option13" && option <= "Option19" && option.size() == 8)
         return bet[static_cast<std::size_t>(option[7] - '2')];
     throw std::invalid_argument("no such parameter");

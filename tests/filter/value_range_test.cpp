@@ -24,19 +24,21 @@ ValueRange rangeOverAllBets(BenchTable& table, const Parameter& parameter) {
     return {low, high};
 }
 
-// Six of twelve: a zone of 11 numbers leaves only one outside, two last digits stand twice. The omissions are all
+// Twelve reds: a zone of 11 numbers leaves only one outside, two last digits stand twice. The omissions are all
 // different, and three of the last draw's reds are in the rule; a blue can repeat one of them.
 TEST(ValueRange, IsThatOfAllBetsOfASmallRule) {
-    BenchTable table;
-    table.Bitnum = 12;
-    std::vector<int> blues(14);
-    std::iota(blues.begin(), blues.end(), 1);
-    table.enumerate(12, blues);
-    for (const Parameter& parameter : filter::sixAndBlueCatalogue()) {
-        if (parameter.isInterval() || parameter.history == "Fcodp") // twelve reds have not enough differences
-            continue;
-        EXPECT_EQ(possibleRange(parameter, {12, 14}, table.history), rangeOverAllBets(table, parameter))
-            << parameter.option;
+    for (const char* form : {"GAgan", "GAganR", "GAganf"}) {
+        BenchTable table(sql::Executor::Column, form);
+        table.Bitnum = 12;
+        std::vector<int> blues(table.member.blue ? 14 : 0);
+        std::iota(blues.begin(), blues.end(), 1);
+        table.enumerate(12, blues);
+        for (const Parameter& parameter : table.member.catalogue()) {
+            if (parameter.isInterval() || parameter.history == "Fcodp") // twelve reds have not enough differences
+                continue;
+            EXPECT_EQ(possibleRange(parameter, {12, 14}, table.history), rangeOverAllBets(table, parameter))
+                << form << ' ' << parameter.option;
+        }
     }
 }
 
@@ -46,6 +48,24 @@ TEST(ValueRange, OfTheAcValueIsReachedInTheLeastRule) {
     const ValueRange range = rangeOverAllBets(table, parameter("Option24"));
     EXPECT_EQ(range, (ValueRange{0, 10}));
     EXPECT_EQ(possibleRange(parameter("Option24"), {28, 12}, table.history), range);
+
+    BenchTable seven(sql::Executor::Column, "GAganf");
+    seven.hold({{1, 2, 3, 4, 5, 6, 7}, {1, 2, 4, 9, 18, 22, 28}});
+    EXPECT_EQ(rangeOverAllBets(seven, seven.parameter("Option24")), (ValueRange{0, 15}));
+    EXPECT_EQ(possibleRange(seven.parameter("Option24"), {28, 12}, seven.history), (ValueRange{0, 15}));
+}
+
+TEST(ValueRange, OfSevenRedsFollowsTheRule) {
+    const BenchTable table(sql::Executor::Column, "GAganf");
+    const auto range = [&](const char* option, int reds) {
+        return possibleRange(table.parameter(option), {reds, 16}, table.history);
+    };
+    EXPECT_EQ(range("Option23", 33), (ValueRange{28, 210})); // 1 to 7, 27 to 33
+    EXPECT_EQ(range("Option12", 33), (ValueRange{0, 3}));    // 31 32 33
+    EXPECT_EQ(range("Option12", 38), (ValueRange{0, 7}));
+    EXPECT_EQ(range("Option41", 38), (ValueRange{0, 0}));
+    EXPECT_EQ(range("Option19", 38), (ValueRange{7, 38}));
+    EXPECT_EQ(range("Option20", 33), (ValueRange{0, 6})); // the last draw has six reds
 }
 
 TEST(ValueRange, FollowsTheRule) {
@@ -72,8 +92,10 @@ TEST(ValueRange, OfTheOmissionSpreadKeepsToTheSearchForTheSmallest) {
 }
 
 TEST(ValueRange, IsThereForEveryParameterButThatOfTheUsersOwnNumbers) {
-    for (const Parameter& parameter : filter::sixAndBlueCatalogue())
-        EXPECT_EQ(possibleRange(parameter, {}, {}).has_value(), !parameter.isInterval()) << parameter.option;
+    for (const auto catalogue :
+         {filter::sixAndBlueCatalogue(), filter::sixRedCatalogue(), filter::sevenRedCatalogue()})
+        for (const Parameter& parameter : catalogue)
+            EXPECT_EQ(possibleRange(parameter, {}, {}).has_value(), !parameter.isInterval()) << parameter.option;
 }
 
 } // namespace
