@@ -75,6 +75,19 @@ void tellDone(const Sheet& sheet, const std::filesystem::path& file, const QStri
 
 } // namespace
 
+Written writeKeeping(const Sheet& sheet, const std::filesystem::path& file, workspace::Dialogs& dialogs,
+                     const QDateTime& now, QString& former) {
+    std::optional<FormerFile> kept;
+    if (std::filesystem::exists(file))
+        kept.emplace(file, now);
+    const Written written = write(sheet, file, dialogs);
+    if (kept && written == Written::Whole) {
+        kept->keep();
+        former = kept->name();
+    }
+    return written;
+}
+
 bool exportSheet(const Sheet& sheet, const std::filesystem::path& file, workspace::Dialogs& dialogs,
                  const QDateTime& now) {
     if (sheet.columns.empty()) {
@@ -82,17 +95,12 @@ bool exportSheet(const Sheet& sheet, const std::filesystem::path& file, workspac
         return false;
     }
     try {
-        std::optional<FormerFile> former;
-        if (std::filesystem::exists(file)) {
-            if (!mayReplace(file, dialogs))
-                return false;
-            former.emplace(file, now);
-        }
-        if (write(sheet, file, dialogs) == Written::GivenUp)
+        if (std::filesystem::exists(file) && !mayReplace(file, dialogs))
             return false;
-        if (former)
-            former->keep();
-        tellDone(sheet, file, former ? former->name() : QString(), dialogs);
+        QString former;
+        if (writeKeeping(sheet, file, dialogs, now, former) == Written::GivenUp)
+            return false;
+        tellDone(sheet, file, former, dialogs);
         return true;
     } catch (const std::exception& failure) {
         dialogs.warn(workspace::failureMessage(

@@ -2,7 +2,8 @@
 //
 // A filter window has two lists of boxes: extreme values and ranges. The range columns are named alike in both
 // databases; the extreme-value columns of the six-red windows have names of their own. The box beside each name is
-// the control that the column holds the text of; in the six-red windows a parameter may sit in another control.
+// the control that the column holds the text of. Text18, the blue of one window, holds 5整除个数 in the six-red ones;
+// two parameters that only those have bring columns of their own (Xsh, Dsh). The list of 奇数之和 has no column.
 #pragma once
 
 #include <array>
@@ -17,7 +18,7 @@ class Database;
 namespace workspace {
 
 struct BoxColumn {
-    std::string_view column;       ///< in filnum.mdb
+    std::string_view column;       ///< in filnum.mdb; empty: it has none
     std::string_view columnSixRed; ///< in filnumR.mdb
     std::string_view box;          ///< the filter window's control
 };
@@ -86,6 +87,10 @@ inline constexpr BoxColumn kRangeColumns[] = {
     {"Ylh_2", "Ylh_2", "Text26(1)"},
     {"Ylc_1", "Ylc_1", "Text28(0)"},
     {"Ylc_2", "Ylc_2", "Text28(1)"},
+    {"", "Xsh_1", "Text29(0)"}, // 小数之和 and 大数之和 of the six-red windows
+    {"", "Xsh_2", "Text29(1)"},
+    {"", "Dsh_1", "Text30(0)"},
+    {"", "Dsh_2", "Text30(1)"},
     {"Zdqj_1", "Zdqj_1", "Text66(2)"},
     {"Zdqj_2", "Zdqj_2", "Text66(3)"},
     {"ZdqjNum_1", "ZdqjNum_1", "Text66(0)"}, // these two belong to the extreme values as well
@@ -104,7 +109,7 @@ inline constexpr BoxColumn kExtremeColumns[] = {
     {"tx23", "Geweitong", "Text23(3)"}, {"tx24", "Osh", "Text24(3)"}, {"Tx25", "Gwh", "Text25(3)"},
     {"tx26", "Ylh", "Text26(3)"},       {"ylc", "ylc", "Text28(3)"},  {"tx2p", "shp", "Text2(7)"},
     {"Tx21p", "csqp", "Text21(7)"},     {"tx5p", "osp", "Text5(7)"},  {"tx6p", "dsp", "Text6(7)"},
-    {"Zdqj", "Zdqj", "TxtZdqj"},
+    {"", "Xsh", "Text29(3)"},           {"", "Dsh", "Text30(3)"},     {"Zdqj", "Zdqj", "TxtZdqj"},
 };
 
 // Odd and even marks of the positions: Check2(4) to Check2(17).

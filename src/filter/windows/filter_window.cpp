@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <utility>
 
+#include <QDesktopServices>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include "filter/range_search.h"
 #include "filter/super_questions.h"
+#include "filter/ticked_export.h"
 #include "filter/tolerance.h"
 #include "filter/windows/integrated_page.h"
 #include "filter/windows/parameter_table.h"
@@ -17,6 +20,7 @@
 #include "filter/windows/run_panel.h"
 #include "filter/windows/super_page.h"
 #include "filter/windows/template_page.h"
+#include "output/sheet_export.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
 #include "toolkit/messages.h"
@@ -134,6 +138,7 @@ void FilterWindow::connectPages() {
         run(Integrated{});
     });
     connect(m_integrated, &IntegratedPage::recordWanted, this, [this] { m_template->recordIntegrated(); });
+    connect(m_integrated, &IntegratedPage::exportWanted, this, &FilterWindow::exportTicked);
     connect(m_integrated, &IntegratedPage::edited, this, &FilterWindow::tellTicks);
     connect(m_integrated, &IntegratedPage::toleranceLeft, this, &FilterWindow::followTolerance);
     connect(m_supers, &SuperPage::filterPressed, this, &FilterWindow::pressSuper);
@@ -307,6 +312,34 @@ void FilterWindow::changeTemplate() {
     setNotice(gathered ? u"已加入 %1 注，模板共 %2 注"_s.arg(toolkit::countText(gathered->added),
                                                              toolkit::countText(gathered->total))
                        : u"没有加入组号模板：模板不能重建。模板和这里的组合都和原来一样；请再操作一次"_s);
+}
+
+void FilterWindow::exportTicked() {
+    toolkit::DialogBoxes boxes(this);
+    const std::filesystem::path file = m_context.folder / m_member.exportName;
+    const QString place = QString::fromStdString(file.string());
+    try {
+        const toolkit::BusyCursor busy;
+        const TickedExport rows(
+            m_member,
+            {m_context.dbFilnum, m_member.table, m_context.history, m_context.Bitnum, m_member.reds, m_member.blue},
+            state());
+        scheduleStore(); // the values are in the table now
+        QString former;
+        if (output::writeKeeping(rows.sheet(), file, boxes, QDateTime::currentDateTime(), former) ==
+            output::Written::GivenUp)
+            return;
+        setNotice(u"已导出到“%1”"_s.arg(place) +
+                  (former.isEmpty() ? QString() : u"，原来的文件现在叫“%1”"_s.arg(former)));
+    } catch (const std::exception& failed) {
+        boxes.warn(workspace::failureMessage(failed, u"没有导出到“%1”"_s.arg(place), u"多选参数导出"_s,
+                                             u"组合和原有的文件都没有改变，请排除原因后重试。"_s));
+        return;
+    }
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(place)))
+        boxes.tell({.text = u"您的电脑没有安装Microsoft Excel表格软件，多参数列表无法显示"_s,
+                    .title = u"列表显示错误"_s,
+                    .note = u"表格已经写入“%1”。"_s.arg(place)});
 }
 
 void FilterWindow::showOutcome(const Outcome& outcome) {

@@ -6,6 +6,8 @@
 // it, and always before it closes.
 #pragma once
 
+#include <filesystem>
+
 #include <QDialog>
 #include <QTimer>
 
@@ -35,6 +37,7 @@ struct FilterContext {
     std::int16_t& Baoliu;                  ///< keep or remove, one flag for all filter windows
     toolkit::PlaceStore places{};          ///< where the windows remember their place; without functions they do not
     int BitnumB = workspace::Rule{}.blues; ///< highest blue number
+    std::filesystem::path folder{};        ///< of the program: exports go there
 };
 
 class FilterWindow : public QDialog, private FilterControls {
@@ -72,6 +75,8 @@ class FilterWindow : public QDialog, private FilterControls {
     Outcome run(const Step& step);
     /// A period was picked: what the history says goes into the boxes. \param parameter  null: into all of them
     void search(const Parameter* parameter);
+    /// Writes the bets in play with the values of the ticked parameters into a workbook, and has it opened.
+    void exportTicked();
     /// A tolerance box was left.
     void followTolerance(bool percent);
     void toggleRow(int row);

@@ -41,7 +41,7 @@ void FilterOpener::open(std::string_view form, selection::BetSource& source, std
     m_window.setCursor(Qt::WaitCursor);
     filter::FilterWindow window(member,
                                 {*database, m_context.book.history(), workspace.Bitnum, m_Baoliu,
-                                 placesIn(m_context.settings), workspace.BitnumB},
+                                 placesIn(m_context.settings), workspace.BitnumB, workspace.folder},
                                 &m_window);
     window.setNotice(notice);
     if (window.load(source, toolkit::DialogBoxes(&m_window).progress(costOfMaking(bets)).get()))
