@@ -97,7 +97,7 @@ TableRow buildRow(const Parameter& parameter, TableRows& rows) {
         build.parity(row);
     if (parameter.isInterval())
         build.interval(row);
-    else if (parameter.boxes.list >= 0)
+    else if (parameter.hasList())
         build.lists(row);
     if (parameter.period >= 0)
         build.period(row);

@@ -3,7 +3,6 @@
 #include <QCursor>
 #include <QMenu>
 
-#include "filter/member.h"
 #include "filter/windows/setting_picker.h"
 #include "filter/windows/template_page.h"
 #include "toolkit/dialog_boxes.h"

@@ -10,6 +10,7 @@
 
 #include <QObject>
 
+#include "filter/member.h"
 #include "filter/saved_settings.h"
 #include "filter/step_template.h"
 #include "toolkit/window_place.h"
