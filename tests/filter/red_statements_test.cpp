@@ -75,6 +75,7 @@ TEST(SixRedStatements, ArePreciselyTheseForEveryParameterModeAndSide) {
     withBlue.hold({{1, 5, 11, 17, 25, 33, 6}});
     BenchTable table(sql::Executor::Sqlite, "GAganR");
     table.hold({{1, 5, 11, 17, 25, 33}});
+    const sql::Transaction onDiskOnce(*table.database), withBlueOnDiskOnce(*withBlue.database);
     for (const Parameter& p : table.member.catalogue())
         for (const Mode mode : {Mode::Range, Mode::Mean, Mode::List})
             for (const std::int16_t Baoliu : kSides)

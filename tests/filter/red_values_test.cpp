@@ -116,6 +116,7 @@ int valueIn(const Window& window, const Parameter& p, const plain::Bet& bet, con
 std::set<std::string_view> pressAll(BenchTable& table, const Window& window,
                                     const std::vector<std::vector<int>>& bets, std::mt19937& random) {
     const bool seven = table.member.reds == 7;
+    const sql::Transaction onDiskOnce(*table.database);
     std::set<std::string_view> took;
     for (const Parameter& p : table.member.catalogue()) {
         const filter::RunSettings run = randomRun(random);
