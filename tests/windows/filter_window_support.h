@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -36,9 +37,15 @@ class FilterWindowFixture : public testing::Test {
         m_statements.clear();
     }
 
+    /// The history has no draw meanwhile: the boxes keep what they open with before they have looked at it.
     void load(selection::GenerationInput& input) {
         selection::Enumeration source(input);
+        load(source);
+    }
+    void load(selection::BetSource& source) {
+        const int draws = std::exchange(m_history.Lsnum, 0);
         m_window->load(source);
+        m_history.Lsnum = draws;
     }
 
     toolkit::DataGrid& grid() {
