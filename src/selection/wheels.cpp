@@ -62,6 +62,11 @@ void Wheels::openMenu(WheelFamily family, Pad& pad) {
     }
 }
 
+void Wheels::forget() {
+    m_open.clear();
+    m_counts.clear();
+}
+
 /// \return nullptr when there is no such file: its entries are not offered
 sql::Database* Wheels::open(WheelFamily family) {
     std::unique_ptr<sql::Database>& database = m_open[family];
