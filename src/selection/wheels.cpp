@@ -186,6 +186,8 @@ Generated Wheel::fill(sql::Database& database, const TableShape& shape, workspac
             return {.cancelled = true};
     }
     writer.finish();
+    if (writer.isCancelled()) // the last block asks, too
+        return {.cancelled = true};
     former.release();
     return {writer.rows(), writer.rows()};
 }

@@ -13,6 +13,7 @@
 #include "filter/member.h"
 #include "mainwin/windows/filter_opener.h"
 #include "selection/wheel_database.h"
+#include "toolkit/head_line.h"
 #include "windows/program_fixture.h"
 #include "workspace/combination_files.h"
 
@@ -500,6 +501,55 @@ TEST_F(BetTextsTest, SixRedsAreReadIntoAnotherFileThanTheirWindowShows) {
     const sql::Rows rows = written->query("SELECT [idx],[fig1],[fig6] FROM [zuheReadR]");
     ASSERT_EQ(rows.count(), 1) << "it is stored at once";
     EXPECT_EQ(rows.textAt(0, 0) + ' ' + rows.textAt(0, 1) + ' ' + rows.textAt(0, 2), "1 1 6");
+}
+
+TEST_F(BetTextsTest, AnEmptyWindowOfSixRedsOffersWhatWasReadIntoTheOtherFile) {
+    const QString file = writeFile(u"组号.txt"_s, "01 02 03 04 05 06\n33 08 09 10 11 12\n");
+    const QString command = u"mnuRdtxtR"_s;
+    QStringList filters;
+    const auto offers = [](QWidget& shown) {
+        EXPECT_EQ(shown.windowTitle().toStdString(), title(0).toStdString()) << "it looks into filnumR";
+        EXPECT_EQ(controlAs<toolkit::HeadLine>(shown, u"HeadLine"_s)->stepText(),
+                  u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表：按“显示读入的 2 注”"_s);
+    };
+    {
+        const ModalScript script({offersFile(file, filters), asksStart(u"1"_s), closes(u"GAganReadR"_s, offers)});
+        trigger(u"Form1"_s, command);
+    }
+    EXPECT_EQ(rowCount("GAganReadR"), 0) << "an offer alone changes nothing";
+    inWindow(u"mnuCatxtR"_s, u"GAganReadR"_s, [&](QWidget& shown) {
+        offers(shown);
+        press(shown, u"cmdOffer"_s);
+        EXPECT_EQ(shown.windowTitle().toStdString(), title(2).toStdString());
+        EXPECT_TRUE(control(shown, u"cmdOffer"_s)->isHidden());
+        EXPECT_EQ(noticeOf(shown), u"窗口里现在是文本读入的 2 注；filnum 中的没有改变。"_s);
+    });
+    EXPECT_EQ(bets("GAganReadR"), "1 1 2 3 4 5 6|2 33 8 9 10 11 12|");
+    EXPECT_EQ(program->workspace.dbFilnum->rowCount("zuheReadR"), 2);
+    inWindow(u"mnuCatxtR"_s, u"GAganReadR"_s,
+             [](QWidget& shown) { EXPECT_TRUE(control(shown, u"cmdOffer"_s)->isHidden()) << "they are there"; });
+}
+
+TEST_F(BetTextsTest, BetsThatAreThereGoForThoseReadOnlyAfterAQuestion) {
+    const Rows there{{11, 12, 13, 14, 15, 16}};
+    append(databaseOf(*filter::findMember("GAganReadR")), "zuheReadR", there);
+    const QString file = writeFile(u"组号.txt"_s, "01 02 03 04 05 06\n33 08 09 10 11 12\n");
+    QStringList filters;
+    const auto asks = [](QMessageBox::StandardButton button) {
+        return ModalStep{u"MsgBox"_s, answer(u"窗口里现有 1 注和它们的过滤状态将换成文本读入的 2 注。要继续吗？\n"
+                                             u"要保留现有的，请先取消，在表上按右键“导出…”。"_s,
+                                             u"显示读入的组号"_s, button)};
+    };
+    const ModalScript script({offersFile(file, filters), asksStart(u"1"_s),
+                              closes(u"GAganReadR"_s,
+                                     [this](QWidget& shown) {
+                                         press(shown, u"cmdOffer"_s);
+                                         EXPECT_EQ(bets("GAganReadR"), " 11 12 13 14 15 16|") << "Cancel";
+                                         press(shown, u"cmdOffer"_s);
+                                     }),
+                              asks(QMessageBox::Cancel), asks(QMessageBox::Ok)});
+    trigger(u"Form1"_s, u"mnuRdtxtR"_s);
+    EXPECT_EQ(bets("GAganReadR"), "1 1 2 3 4 5 6|2 33 8 9 10 11 12|");
 }
 
 // ---- Size and failure

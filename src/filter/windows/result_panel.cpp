@@ -32,13 +32,17 @@ toolkit::FlatButton* makeButton(const QString& name, const QString& caption, con
 } // namespace
 
 ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
-    : Card(u"ResultCard"_s, {}, parent), m_nothingYet(nothingYet(member)), m_head(new toolkit::HeadLine(this)),
-      m_model(new RowsModel(member, this)), m_grid(new toolkit::RowsGrid(this)),
-      m_page(new KeyedEdit(kDigitKeys.toString(), this)) {
+    : Card(u"ResultCard"_s, {}, parent), m_member(member), m_nothingYet(nothingYet(member)),
+      m_head(new toolkit::HeadLine(this)), m_model(new RowsModel(member, this)), m_grid(new toolkit::RowsGrid(this)),
+      m_page(new KeyedEdit(kDigitKeys.toString(), this)), m_offer(new QPushButton(this)) {
     m_head->setObjectName(u"HeadLine"_s);
     body().addWidget(m_head);
     body().addLayout(buildStates());
     body().addLayout(buildShown(member));
+    m_offer->setObjectName(u"cmdOffer"_s);
+    m_offer->hide();
+    connect(m_offer, &QPushButton::clicked, this, &ResultPanel::offerTaken);
+    body().addWidget(m_offer, 0, Qt::AlignLeft);
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"组合"_s);
     m_grid->setModel(m_model);
@@ -161,6 +165,13 @@ void ResultPanel::tell(const Outcome& outcome, std::int64_t total, const QString
                   .ms = outcome.ms,
                   .shows = m_head->shown(),
                   .advice = total > 0 ? kAdvice : m_nothingYet});
+}
+
+void ResultPanel::offer(const QString& caption, const QString& toolTip, const QString& emptyText) {
+    m_offer->setText(caption);
+    m_offer->setToolTip(toolTip);
+    m_offer->setVisible(!caption.isEmpty());
+    m_nothingYet = caption.isEmpty() ? nothingYet(m_member) : emptyText;
 }
 
 QString ResultPanel::indexText(int row) const {
