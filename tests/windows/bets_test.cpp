@@ -614,9 +614,28 @@ class ShippedWheels : public BetsTest {
         return all;
     }
 
-    /// Draws that hit `hit` of the chosen numbers, all bankers among them: each has a bet with `common` of them.
+    /// The bets that a window of compound wheels shows, seven reds each.
+    static std::vector<std::uint64_t> masksShown(QWidget& shown) {
+        const auto* cells = controlAs<QTableView>(shown, u"MSFlexGrid1"_s)->model();
+        std::vector<std::uint64_t> all;
+        for (int row = 0; row < cells->rowCount(); ++row)
+            for (int column = 1; column < cells->columnCount(); ++column) {
+                std::uint64_t mask = 0;
+                for (const QString& red : cells->index(row, column).data().toString().split(u' ', Qt::SkipEmptyParts))
+                    mask |= std::uint64_t{1} << red.toInt();
+                if (mask != 0) {
+                    EXPECT_EQ(std::popcount(mask), 7);
+                    all.push_back(mask);
+                }
+            }
+        return all;
+    }
+
     void expectGuarantee(int drags, int bankers, int hit, int common) {
-        const std::vector<std::uint64_t> made = masks();
+        expectGuarantee(masks(), drags, bankers, hit, common);
+    }
+    /// Draws that hit `hit` of the chosen numbers, all bankers among them: each has a bet with `common` of them.
+    void expectGuarantee(const std::vector<std::uint64_t>& made, int drags, int bankers, int hit, int common) {
         ASSERT_FALSE(made.empty());
         std::vector<int> hits(numbers.begin(), numbers.begin() + drags);
         for (int draw = 0; draw < kDraws; ++draw) {
@@ -648,6 +667,20 @@ TEST_F(ShippedWheels, KeepTheirWordInTheTableOfTheWindow) {
     chooseRandom(9, 2);
     inWindow(u"mnuZb(4)"_s, u"GAganRoteR"_s);
     expectGuarantee(9, 2, 5, 4);
+}
+
+TEST_F(ShippedWheels, OfSevenRedsKeepTheirWordInTheBetsThatAreShown) {
+    struct Case {
+        QString entry;
+        int hit;
+        int common;
+    };
+    chooseRandom(11, 0);
+    for (const Case& each : {Case{u"mnuRtF54"_s, 5, 4}, Case{u"mnuRtF65"_s, 6, 5}, Case{u"mnuRtF66"_s, 6, 6}}) {
+        std::vector<std::uint64_t> shown;
+        inWindow(each.entry, u"aganFRoteR"_s, [&](QWidget& window) { shown = masksShown(window); });
+        expectGuarantee(shown, 11, 0, each.hit, each.common);
+    }
 }
 
 } // namespace
