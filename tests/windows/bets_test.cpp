@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -379,6 +380,8 @@ TEST_F(BetsTest, CompoundWheelsAreShownWithTheirPriceAndLeaveTheMarksAlone) {
                                    EXPECT_EQ(cells->index(0, 0).data().toString(), u"1"_s);
                                    EXPECT_EQ(cells->index(0, 1).data().toString(), u" 03 05 08 12 17 20 22 04 12"_s);
                                    EXPECT_EQ(cells->index(1, 0).data().toString(), QString());
+                                   EXPECT_EQ(controlAs<QTableView>(shown, u"MSFlexGrid1"_s)->currentIndex(),
+                                             cells->index(0, 1));
                                    press(shown, u"cmdQut"_s);
                                }},
                               {u"aganFRoteR"_s, [](QWidget& shown) {
@@ -510,7 +513,8 @@ TEST_F(BetTextsTest, AnEmptyWindowOfSixRedsOffersWhatWasReadIntoTheOtherFile) {
     const auto offers = [](QWidget& shown) {
         EXPECT_EQ(shown.windowTitle().toStdString(), title(0).toStdString()) << "it looks into filnumR";
         EXPECT_EQ(controlAs<toolkit::HeadLine>(shown, u"HeadLine"_s)->stepText(),
-                  u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表：按“显示读入的 2 注”"_s);
+                  u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表"_s);
+        EXPECT_EQ(controlAs<QPushButton>(shown, u"cmdOffer"_s)->text(), u"显示读入的 2 注"_s);
     };
     {
         const ModalScript script({offersFile(file, filters), asksStart(u"1"_s), closes(u"GAganReadR"_s, offers)});
@@ -522,6 +526,7 @@ TEST_F(BetTextsTest, AnEmptyWindowOfSixRedsOffersWhatWasReadIntoTheOtherFile) {
         press(shown, u"cmdOffer"_s);
         EXPECT_EQ(shown.windowTitle().toStdString(), title(2).toStdString());
         EXPECT_TRUE(control(shown, u"cmdOffer"_s)->isHidden());
+        EXPECT_TRUE(control(shown, u"MSFlexGrid1"_s)->hasFocus());
         EXPECT_EQ(noticeOf(shown), u"窗口里现在是文本读入的 2 注；filnum 中的没有改变。"_s);
     });
     EXPECT_EQ(bets("GAganReadR"), "1 1 2 3 4 5 6|2 33 8 9 10 11 12|");

@@ -14,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
+constexpr int kOfferWidth = 150;
 const QString kAdvice = u"没有剩余组合：“上次过滤复位”可退回一步"_s;
 
 QString nothingYet(const FilterMember& member) {
@@ -40,6 +41,7 @@ ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
     body().addLayout(buildStates());
     body().addLayout(buildShown(member));
     m_offer->setObjectName(u"cmdOffer"_s);
+    m_offer->setMinimumWidth(kOfferWidth);
     m_offer->hide();
     connect(m_offer, &QPushButton::clicked, this, &ResultPanel::offerTaken);
     body().addWidget(m_offer, 0, Qt::AlignLeft);
@@ -170,6 +172,8 @@ void ResultPanel::tell(const Outcome& outcome, std::int64_t total, const QString
 void ResultPanel::offer(const QString& caption, const QString& toolTip, const QString& emptyText) {
     m_offer->setText(caption);
     m_offer->setToolTip(toolTip);
+    if (caption.isEmpty() && m_offer->hasFocus())
+        m_grid->setFocus(); // on what has come
     m_offer->setVisible(!caption.isEmpty());
     m_nothingYet = caption.isEmpty() ? nothingYet(m_member) : emptyText;
 }

@@ -86,7 +86,7 @@ void TableDesk::openApart(const QString& notice, bool offered) {
         source,
         u"显示读入的 %1 注"_s.arg(count),
         u"把 filnum 中读入的组号复制到这个窗口的表里；filnum 中的不变"_s,
-        u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表：按“显示读入的 %1 注”"_s.arg(count),
+        u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表"_s,
         {u"窗口里现有 %1 注和它们的过滤状态将换成文本读入的 %2 注。要继续吗？\n要保留现有的，请先取消，在表上按右键“导出…”。"_s
              .arg(thousandsApart(m_opener.rowsOf(kApartForm)), count),
          u"显示读入的组号"_s},
