@@ -194,6 +194,8 @@ void addBetMenu(Rows& rows) {
                   {1, kEntry, u"mnuDtlst"_s, u"红球胆拖组合排列（6红球排列）(&S)"_s, Needs::SevenRedsAndBankers},
                   {1, kEntry, u"mnu8Lst"_s, u"红球复选7复式排列（7红球排列）(&G)"_s, Needs::EightReds},
                   {1, kEntry, u"mnuDt8lst"_s, u"红球胆拖7复式排列（7红球排列）(&H)"_s, Needs::EightRedsAndBankers},
+                  kLine,
+                  {1, kEntry, u"mnuWheelIn"_s, u"导入旋转矩阵…(&I)"_s},
               });
 }
 

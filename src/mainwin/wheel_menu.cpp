@@ -16,6 +16,7 @@ namespace {
 
 constexpr int kFirstBankerIndex = 3;
 constexpr int kExtendedReds = 18;
+constexpr qsizetype kToldCharacters = 60; // of a line that is refused
 
 QString digits(const Guarantee& pair) {
     return QString::number(pair.chosen) + QString::number(pair.common);
@@ -30,6 +31,25 @@ void addIfThere(std::vector<WheelEntry>& entries, const std::vector<MenuRow>& ta
         return;
     entry.plain = row->caption;
     entries.push_back(std::move(entry));
+}
+
+QString joined(const std::vector<std::int32_t>& positions) {
+    QStringList words;
+    for (const std::int32_t position : positions)
+        words << QString::number(position);
+    return words.join(u' ');
+}
+
+/// What a row of this table has to be.
+QString rowRule(const selection::WheelTable& table) {
+    const int drags = table.problem.positions;
+    QString rule = u"每行要有 %1 个不同的位置号，都在 1～%2 之间"_s.arg(selection::wheelFamily(table.family).cells)
+                       .arg(drags + table.bankers);
+    if (table.bankers > 0)
+        rule += u"，其中有全部胆码的位置"_s;
+    for (int banker = 1; banker <= table.bankers; ++banker)
+        rule += u" %1"_s.arg(drags + banker);
+    return rule;
 }
 
 } // namespace
@@ -94,6 +114,17 @@ QString wheelNotice(const selection::WheelTable& table, std::int64_t rows) {
         .arg(rows)
         .arg(selection::fewestRows(table.problem))
         .arg(condition.arg(chosen + bankers));
+}
+
+QString wheelRefusalText(const selection::WheelTable& table, const selection::WheelRefusal& refusal) {
+    if (refusal.tooMany)
+        return u"行数太多：一张矩阵最多 %1 行。"_s.arg(selection::kMostWheelRows);
+    if (refusal.line != 0)
+        return u"第 %1 行不是这张矩阵的一行：“%2”。%3。"_s.arg(
+            QString::number(refusal.line), QString::fromStdString(refusal.text).left(kToldCharacters).trimmed(),
+            rowRule(table));
+    return u"保证不成立：位置 %1 全部开出时，没有一行含其中 %2 个。"_s.arg(joined(refusal.uncovered))
+        .arg(table.problem.common + table.bankers);
 }
 
 } // namespace mainwin

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-#include "selection/wheel_tables.h"
+#include "selection/wheel_database.h"
 
 namespace mainwin {
 
@@ -33,5 +33,8 @@ QString wheelCaption(const WheelEntry& entry, const WheelSizes& sizes, std::int6
 
 /// What a window says of its wheel: its guarantee, its size, and that of which no wheel can have less.
 QString wheelNotice(const selection::WheelTable& table, std::int64_t rows);
+
+/// Why a user's wheel is not taken.
+QString wheelRefusalText(const selection::WheelTable& table, const selection::WheelRefusal& refusal);
 
 } // namespace mainwin

@@ -36,4 +36,16 @@ class Keep final : public BetSource {
     Generated fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) override;
 };
 
+/// The bets of the table of this name in another database, with their numbers and without their filter states. A
+/// database that has no such table leaves the table as it is, as if the user had given up.
+class CopiedBets final : public BetSource {
+  public:
+    /// \param from  outlives the source, and is another database than the one that is filled
+    explicit CopiedBets(sql::Database& from) : m_from(from) {}
+    Generated fill(sql::Database& database, const TableShape& shape, workspace::Progress* progress) override;
+
+  private:
+    sql::Database& m_from;
+};
+
 } // namespace selection

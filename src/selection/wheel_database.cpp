@@ -93,6 +93,8 @@ void writeWheel(sql::Database& database, const WheelTable& table, std::span<cons
 }
 
 std::string WheelRefusal::message(const WheelTable& table) const {
+    if (tooMany)
+        return "table " + table.name + " has more rows than " + std::to_string(kMostWheelRows);
     if (line != 0)
         return "line " + std::to_string(line) + " is no row of table " + table.name + ": " + text;
     return "table " + table.name + " does not hold what it claims: of the positions " + joined(uncovered) +
@@ -110,8 +112,8 @@ WheelText readWheelText(const WheelTable& table, std::string_view text) {
             continue;
         const std::optional<PositionSet> row = setFromLine(line);
         const std::optional<PositionSet> drags = row ? dragsOf(table, *row) : std::nullopt;
-        if (!drags) {
-            result.refusal = {number, std::string(line), {}};
+        if (!drags || result.rows.size() == kMostWheelRows) {
+            result.refusal = {number, std::string(line), {}, drags.has_value()};
             return result;
         }
         result.rows.push_back(*drags);
@@ -119,14 +121,42 @@ WheelText readWheelText(const WheelTable& table, std::string_view text) {
     return result;
 }
 
+WheelProof proveWheel(const WheelTable& table, std::string_view text, workspace::Progress* progress) {
+    WheelText read = readWheelText(table, text);
+    WheelProof proof{std::move(read.rows), std::move(read.refusal)};
+    if (proof.refusal)
+        return proof;
+    const auto missed = firstUncovered(table.problem, proof.rows, [&](double share) {
+        proof.cancelled = progress && !progress->advance(share);
+        return !proof.cancelled;
+    });
+    if (missed)
+        proof.refusal = WheelRefusal{0, {}, wheelCells(table, *missed)};
+    return proof;
+}
+
+WheelMeasure measureWheel(std::string_view text) {
+    WheelMeasure measure;
+    if (text.starts_with(kByteOrderMark))
+        text.remove_prefix(kByteOrderMark.size());
+    while (!text.empty()) {
+        const std::string_view line = takeLine(text);
+        const std::size_t begin = line.find_first_not_of(kBetween);
+        if (begin == std::string_view::npos || line[begin] == '#')
+            continue;
+        const PositionSet row = setFromLine(line).value_or(0);
+        if (measure.cells == 0)
+            measure.cells = std::popcount(row);
+        measure.largest = std::max(measure.largest, static_cast<int>(std::bit_width(row)));
+    }
+    return measure;
+}
+
 std::optional<WheelRefusal> importWheel(sql::Database& database, const WheelTable& table, std::string_view text) {
-    const WheelText read = readWheelText(table, text);
-    if (read.refusal)
-        return read.refusal;
-    if (const std::optional<PositionSet> missed = firstUncovered(table.problem, read.rows))
-        return WheelRefusal{0, {}, wheelCells(table, *missed)};
-    writeWheel(database, table, read.rows);
-    return std::nullopt;
+    WheelProof proof = proveWheel(table, text, nullptr);
+    if (!proof.refusal)
+        writeWheel(database, table, proof.rows);
+    return std::move(proof.refusal);
 }
 
 } // namespace selection

@@ -44,6 +44,28 @@ PositionSet setOf(const std::vector<int>& positions) {
     return set;
 }
 
+/// Asks whether the proof goes on, often enough for a progress and too seldom to cost time.
+class Pace {
+  public:
+    Pace(const GoOn& goOn, std::int64_t subsets) : m_goOn(goOn), m_subsets(static_cast<double>(subsets)) {}
+    /// A subset is served. \param looked  rows that were looked at \return false: enough
+    bool next(std::size_t looked) {
+        ++m_done;
+        m_looked += looked;
+        if (!m_goOn || m_looked < kLooksBetween)
+            return true;
+        m_looked = 0;
+        return m_goOn(static_cast<double>(m_done) / m_subsets);
+    }
+
+  private:
+    static constexpr std::size_t kLooksBetween = 4'000'000; // some milliseconds
+    const GoOn& m_goOn;
+    double m_subsets;
+    std::int64_t m_done = 0;
+    std::size_t m_looked = 0;
+};
+
 /// Schönheim 1964: each position must lie in enough rows to cover the rest of its subsets.
 std::int64_t schoenheim(std::int64_t positions, std::int64_t row, std::int64_t common) {
     std::int64_t bound = 1;
@@ -86,21 +108,27 @@ std::int64_t subsetsPerRow(const WheelProblem& problem) {
     return reach;
 }
 
-std::optional<PositionSet> firstUncovered(const WheelProblem& problem, std::span<const PositionSet> rows) {
+std::optional<PositionSet> firstUncovered(const WheelProblem& problem, std::span<const PositionSet> rows,
+                                          const GoOn& goOn) {
     const BitCounts bits;
+    Pace pace(goOn, choose(problem.positions, problem.chosen));
     std::vector<int> positions(static_cast<std::size_t>(problem.chosen));
     for (int place = 0; place < problem.chosen; ++place)
         positions[static_cast<std::size_t>(place)] = place;
     std::size_t last = 0; // the row that served the neighbour often serves again
     do {
         const PositionSet chosen = setOf(positions);
-        if (last < rows.size() && bits.of(rows[last] & chosen) >= problem.common)
-            continue;
-        last = 0;
-        while (last < rows.size() && bits.of(rows[last] & chosen) < problem.common)
-            ++last;
-        if (last == rows.size())
-            return chosen;
+        std::size_t looked = 1;
+        if (last >= rows.size() || bits.of(rows[last] & chosen) < problem.common) {
+            last = 0;
+            while (last < rows.size() && bits.of(rows[last] & chosen) < problem.common)
+                ++last;
+            if (last == rows.size())
+                return chosen;
+            looked += last;
+        }
+        if (!pace.next(looked))
+            return std::nullopt;
     } while (nextSubset(positions, problem.positions));
     return std::nullopt;
 }

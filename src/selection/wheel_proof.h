@@ -4,6 +4,7 @@
 // is no cleverness to trust: C(N, x) subsets against the rows, each a conjunction and a count of bits.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <span>
 
@@ -14,7 +15,10 @@ namespace selection {
 /// The first subset of problem.chosen positions that has fewer than problem.common in each row, in lexicographic
 /// order of its ascending positions (1 2 3 before 1 2 4); nothing when the guarantee holds. Rows need not be of equal
 /// size.
-std::optional<PositionSet> firstUncovered(const WheelProblem& problem, std::span<const PositionSet> rows);
+/// \param goOn  told the share done, each few milliseconds; false ends the proof, and nothing is known then
+using GoOn = std::function<bool(double share)>;
+std::optional<PositionSet> firstUncovered(const WheelProblem& problem, std::span<const PositionSet> rows,
+                                          const GoOn& goOn = {});
 
 /// No wheel of this problem has fewer rows; at least 1. The best of: the number of subsets over those a row covers;
 /// the Schönheim bound; the Turán number of the common-subsets (Schönheim's and de Caen's bounds) over those in a

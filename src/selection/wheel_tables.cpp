@@ -22,6 +22,7 @@ constexpr Guarantee kSuperPairs[] = {{5, 4}, {6, 4}, {7, 4}, {5, 5}, {6, 5}, {7,
 constexpr Guarantee kBankerPairs[] = {{4, 4}, {5, 4}, {5, 5}, {6, 5}};
 constexpr Guarantee kSevenPairs[] = {{4, 4}, {5, 4}, {6, 4}, {7, 4}, {5, 5}, {6, 5}, {7, 5}, {6, 6}, {7, 6}};
 constexpr Guarantee kBasicPair = {6, 5};
+constexpr int kBasicNeverOffered = 8; // its entry is there, and is not offered, on purpose
 constexpr int kRow = 6;
 constexpr int kSevenRow = 7;
 constexpr int kMostWithBankers = 20; ///< N + D
@@ -153,6 +154,18 @@ std::optional<WheelTable> wheelTableNamed(WheelFamily family, std::string_view n
     const auto [n, d] = sizesFrom(family, front);
     WheelTable table = tableOf(family, n, d, pair);
     return table.name == name && saysSomething(table) ? std::optional(std::move(table)) : std::nullopt;
+}
+
+std::optional<WheelTable> wheelTableOfMenu(WheelFamily family, int n, int d, const Guarantee& pair) {
+    if (family != WheelFamily::Banker && d != 0)
+        return std::nullopt;
+    std::optional<WheelTable> table = wheelTableNamed(family, wheelTableName(family, n, d, pair));
+    if (!table || (family != WheelFamily::Basic && family != WheelFamily::Extended))
+        return table;
+    const std::vector<WheelTable> listed = wheelTables();
+    const bool asked = std::find(listed.begin(), listed.end(), *table) != listed.end();
+    const bool neverOffered = family == WheelFamily::Basic && n == kBasicNeverOffered;
+    return asked && !neverOffered ? table : std::nullopt;
 }
 
 std::vector<std::int32_t> positionsOf(PositionSet set) {

@@ -33,6 +33,8 @@ struct WheelProblem {
 using PositionSet = std::uint32_t;
 
 inline constexpr int kMostPositions = 32;
+/// Rows of one wheel that the program reads: a longer one would lose its guarantee.
+inline constexpr std::size_t kMostWheelRows = 128160;
 
 /// Positions 1..count. \param count  0..32
 constexpr PositionSet firstPositions(int count) {
@@ -83,6 +85,10 @@ std::span<const Guarantee> guaranteesOf(WheelFamily family);
 
 /// The name of a table for n drags and d bankers. The basic family has one guarantee and names it not.
 std::string wheelTableName(WheelFamily family, int n, int d, const Guarantee& pair);
+
+/// The table that a menu opens for n drags, d bankers and a guarantee; nothing where no entry of the family asks for
+/// it. Basic: n 9..16, extended: n 8..18, the others up to 32 positions.
+std::optional<WheelTable> wheelTableOfMenu(WheelFamily family, int n, int d, const Guarantee& pair);
 
 /// The positions of a row of `table` as the database holds them: ascending, bankers (N+1..N+D) at the end.
 std::vector<std::int32_t> wheelCells(const WheelTable& table, PositionSet row);

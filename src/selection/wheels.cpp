@@ -62,6 +62,11 @@ void Wheels::openMenu(WheelFamily family, Pad& pad) {
     }
 }
 
+void Wheels::forget() {
+    m_open.clear();
+    m_counts.clear();
+}
+
 /// \return nullptr when there is no such file: its entries are not offered
 sql::Database* Wheels::open(WheelFamily family) {
     std::unique_ptr<sql::Database>& database = m_open[family];
@@ -181,6 +186,8 @@ Generated Wheel::fill(sql::Database& database, const TableShape& shape, workspac
             return {.cancelled = true};
     }
     writer.finish();
+    if (writer.isCancelled()) // the last block asks, too
+        return {.cancelled = true};
     former.release();
     return {writer.rows(), writer.rows()};
 }

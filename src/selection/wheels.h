@@ -31,7 +31,7 @@ using WheelRow = std::array<std::int16_t, 7>;
 
 class Wheels {
   public:
-    static constexpr std::size_t kMostRows = 128160;
+    static constexpr std::size_t kMostRows = kMostWheelRows;
 
     /// \param fileOf  where the database of a name lies  \param engine  outlives this
     using FileOf = std::function<std::filesystem::path(std::string_view name)>;
@@ -46,6 +46,9 @@ class Wheels {
     /// The menu of a family is opened: the reds are sorted, the marks are set as the family sets them, and its file
     /// is looked at anew.
     void openMenu(WheelFamily family, Pad& pad);
+
+    /// The databases are closed, and counted anew when they are next asked for: before a file is replaced.
+    void forget();
 
     /// Rows of the table for the numbers on the pad; nothing when there is no such table.
     std::optional<std::int64_t> rows(WheelFamily family, const Pad& pad, const Guarantee& pair);

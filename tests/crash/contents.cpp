@@ -51,7 +51,7 @@ void readUser(const std::filesystem::path& folder, const workspace::Settings& se
         if (opened.dbUser->rowCount(table) != history.Lsnum)
             throw std::runtime_error(std::string(table) + " of " + user.toStdString() + " has another length");
     found.contents[keyOf("draws", user)] = drawsText(history::drawsOf(history), opened.dbUser->rowCount("YlqsB"));
-    found.contents[keyOf("table", user)] = tableText(*opened.dbFilnum);
+    found.contents.merge(tablesOf(*opened.dbFilnum, user));
     found.contents[keyOf("text", user)] = textFileText(opened);
     found.contents.merge(settingsOf(settings, user));
 }
@@ -77,14 +77,15 @@ std::string integrityOf(const std::filesystem::path& file) {
 
 } // namespace
 
-std::string tableChecksum(sql::Database& dbFilnum) {
+std::string tableChecksum(sql::Database& dbFilnum, const std::string& table) {
     Checksum sum;
     const sql::Rows sums = dbFilnum.query(
         "SELECT Count(*), SUM([idx]), SUM([fig1]), SUM([fig6]), SUM([fig7]), SUM([canshu]), SUM([unslt]), "
-        "SUM([preunslt]), SUM([tmpunslt]), SUM([Errnum]), Min([Fliter]), Max([Fliter]), Count([Fliter]) FROM [zuhe]");
+        "SUM([preunslt]), SUM([tmpunslt]), SUM([Errnum]), Min([Fliter]), Max([Fliter]), Count([Fliter]) FROM [" +
+        table + "]");
     for (int column = 0; column < sums.columnCount(); ++column)
         sum.add(sums.textAt(0, column));
-    const sql::Rows rows = dbFilnum.query("SELECT * FROM [zuhe]");
+    const sql::Rows rows = dbFilnum.query("SELECT * FROM [" + table + "]");
     const std::int64_t step = rows.count() <= kRowStep ? 1 : kRowStep;
     for (std::int64_t row = 0; row < rows.count(); row += step)
         for (int column = 0; column < rows.columnCount(); ++column)
@@ -92,10 +93,19 @@ std::string tableChecksum(sql::Database& dbFilnum) {
     return sum.text();
 }
 
-std::string tableText(sql::Database& dbFilnum) {
-    const sql::Value left = dbFilnum.queryValue("SELECT Count(*) FROM [zuhe] WHERE [unslt]=false");
-    return std::to_string(dbFilnum.rowCount("zuhe")) + '/' + std::to_string(sql::toInteger(left)) + '/' +
-           tableChecksum(dbFilnum);
+std::string tableText(sql::Database& dbFilnum, const std::string& table) {
+    if (!dbFilnum.hasTable(table))
+        return "none";
+    const sql::Value left = dbFilnum.queryValue("SELECT Count(*) FROM [" + table + "] WHERE [unslt]=false");
+    return std::to_string(dbFilnum.rowCount(table)) + '/' + std::to_string(sql::toInteger(left)) + '/' +
+           tableChecksum(dbFilnum, table);
+}
+
+Texts tablesOf(sql::Database& dbFilnum, const QString& user) {
+    Texts texts;
+    for (const ToldTable& told : kToldTables)
+        texts[keyOf(told.key, user)] = tableText(dbFilnum, told.table);
+    return texts;
 }
 
 std::string drawsText(std::span<const history::Draw> draws, std::int64_t blueOmissions) {

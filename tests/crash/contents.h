@@ -17,12 +17,21 @@
 
 namespace crash {
 
-/// Checksum of the rows of zuhe: every column whole by its sum, and some hundred rows with all their values. A store
-/// that had written only some of its chunks, columns or dictionaries would show in both.
-std::string tableChecksum(sql::Database& dbFilnum);
+/// Checksum of the rows of a combination table with a blue: every column whole by its sum, and some hundred rows with
+/// all their values. A store that had written only some of its chunks, columns or dictionaries would show in both.
+std::string tableChecksum(sql::Database& dbFilnum, const std::string& table = "zuhe");
 
-/// "rows/rows in play/checksum"
-std::string tableText(sql::Database& dbFilnum);
+/// "rows/rows in play/checksum"; "none" where there is no such table.
+std::string tableText(sql::Database& dbFilnum, const std::string& table = "zuhe");
+
+/// Tables whose rows are told, with the names of their keys: bets made, read from a text, gathered in the template.
+struct ToldTable {
+    const char* key;
+    const char* table;
+};
+inline constexpr ToldTable kToldTables[] = {{"table", "zuhe"}, {"read", "zuheRead"}, {"template", "zuheMoban"}};
+/// Their texts for a user.
+std::map<std::string, std::string> tablesOf(sql::Database& dbFilnum, const QString& user);
 /// "draws/last issue/checksum/rows of YlqsB": a cleared history leaves those behind.
 std::string drawsText(std::span<const history::Draw> draws, std::int64_t blueOmissions);
 /// "name:password|name:password|"
@@ -31,7 +40,8 @@ std::string usersText(std::span<const workspace::UserList::User> users);
 /// "draws/张三": what a value belongs to.
 std::string keyOf(const char* what, const QString& user);
 
-/// Texts by key: "users", "entered", and for each user "draws", "table", "text", "rule", "Wd" and "dayin".
+/// Texts by key: "users", "entered", and for each user "draws", the keys of kToldTables, "text", "rule", "Wd" and
+/// "dayin".
 using Texts = std::map<std::string, std::string>;
 
 struct FoundFolder {

@@ -1,5 +1,6 @@
 // Bets, the filter window over them, and the settings of the main window.
 #include <QAbstractItemModel>
+#include <QFile>
 #include <QTest>
 
 #include "crash/say.h"
@@ -22,6 +23,7 @@ namespace {
 constexpr int kStoreWaitMs = 20000; // far beyond the moment that the window takes
 constexpr int kFewestReds = 7;
 constexpr int kMostRedsHere = 14;
+constexpr int kManyBets = 40000;
 
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
@@ -53,25 +55,56 @@ void WindowUser::filterBets() {
     for (int blue = 1; blue <= blues; ++blue)
         press(form(), u"Command2(%1)"_s.arg(blue));
     say("begin\tfilter window");
-    const std::string bets = std::to_string(betsOf(reds, blues));
-    say("maybe\t" + keyOf("table", user()) + '=' + bets + '/' + bets + "/*");
+    fillAndFilter(u"mnuLst"_s, kToldTables[0], betsOf(reds, blues));
+}
+
+/// Now and then so many bets that the reading, or its store, can be hit in the middle.
+void WindowUser::readBets() {
+    const int bets = oneOf(3) ? kManyBets + below(kManyBets) : 1 + below(300);
+    const QString name = u"bets%1.txt"_s.arg(++m_files);
+    m_answers.file = QString::fromStdString((m_texts / name.toStdString()).string());
+    QFile file(m_answers.file);
+    if (!file.open(QIODevice::WriteOnly))
+        giveUp("the text of bets cannot be written");
+    QByteArray lines;
+    for (int bet = 0; bet < bets; ++bet) {
+        for (int number = 0; number < 7; ++number)
+            lines += QByteArray::number(below(33) + 1).rightJustified(2, '0') + ' ';
+        lines += '\n';
+    }
+    file.write(lines);
+    file.close();
+    m_answers.texts = {u"1"_s};
+    say("begin\tread bets");
+    fillAndFilter(u"mnuRdtxt"_s, kToldTables[1], bets);
+    file.remove();
+}
+
+void WindowUser::fillAndFilter(const QString& entry, const ToldTable& table, std::int64_t bets) {
+    sql::Database& dbFilnum = *m_program->workspace.dbFilnum;
+    const std::string count = std::to_string(bets);
+    m_shown = &table;
+    say("maybe\t" + keyOf(table.key, user()) + '=' + count + '/' + count + "/*");
     m_answers.inFilterWindow = [this](QWidget& window) { pressInFilterWindow(window); };
-    trigger(form(), u"mnuLst"_s);
-    if (m_program->workspace.dbFilnum->storePending())
+    trigger(form(), entry);
+    if (dbFilnum.storePending())
         giveUp("the filter window has closed and left something unstored");
     say("done");
-    say("is\t" + keyOf("table", user()) + '=' + tableText(*m_program->workspace.dbFilnum));
+    for (const auto& [key, text] : tablesOf(dbFilnum, user()))
+        say("is\t" + key + '=' + text);
 }
 
 void WindowUser::pressInFilterWindow(QWidget& window) {
     tellTable();
     for (int action = below(12); action > 0; --action) {
-        if (const int kind = below(9); kind < 4)
+        if (const int kind = below(10); kind < 4)
             pressParameter(window);
         else if (kind == 4)
             toggleRow(window);
+        else if (kind == 5)
+            addToTemplate(window);
         else
-            press(window, QStringList{u"Command1"_s, u"cmdRetn"_s, u"Command2"_s, u"Command3"_s}[kind - 5]);
+            press(window, QStringList{u"Command1"_s, u"cmdRetn"_s, u"Command2"_s, u"Command3"_s}[kind - 6]);
         tellTable();
         if (oneOf(4))
             waitUntilStored();
@@ -97,15 +130,23 @@ void WindowUser::toggleRow(QWidget& window) {
         test_support::doubleClickCell(*grid, 0, 1);
 }
 
+/// A question stands before the addition: the window stores meanwhile what was pressed before.
+void WindowUser::addToTemplate(QWidget& window) {
+    press(window, u"cmdAdmb"_s);
+    const ToldTable& told = kToldTables[2];
+    say("maybe\t" + keyOf(told.key, user()) + '=' + tableText(*m_program->workspace.dbFilnum, told.table));
+}
+
 void WindowUser::tellTable() {
-    say("maybe\t" + keyOf("table", user()) + '=' + tableText(*m_program->workspace.dbFilnum));
+    say("maybe\t" + keyOf(m_shown->key, user()) + '=' + tableText(*m_program->workspace.dbFilnum, m_shown->table));
 }
 
 void WindowUser::waitUntilStored() {
     sql::Database& dbFilnum = *m_program->workspace.dbFilnum;
     if (!QTest::qWaitFor([&] { return !dbFilnum.storePending(); }, kStoreWaitMs))
         giveUp("an idle filter window does not store");
-    say("is\t" + keyOf("table", user()) + '=' + tableText(dbFilnum));
+    for (const auto& [key, text] : tablesOf(dbFilnum, user()))
+        say("is\t" + key + '=' + text);
 }
 
 void WindowUser::changeRule() {

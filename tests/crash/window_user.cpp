@@ -28,11 +28,11 @@ std::string withTexts(std::string line, const Texts& texts) {
 
 // add a step here: what the user does in the main window, and how often
 const WindowUser::Step WindowUser::kSteps[] = {
-    {&WindowUser::typeDraw, 6},     {&WindowUser::deleteLast, 4},      {&WindowUser::correctNumber, 5},
-    {&WindowUser::clearHistory, 1}, {&WindowUser::readWhole, 3},       {&WindowUser::readAppended, 3},
-    {&WindowUser::pressBalls, 2},   {&WindowUser::filterBets, 6},      {&WindowUser::changeRule, 2},
-    {&WindowUser::askPrintRow, 1},  {&WindowUser::chooseStability, 1}, {&WindowUser::renameUser, 2},
-    {&WindowUser::closeProgram, 2},
+    {&WindowUser::typeDraw, 6},     {&WindowUser::deleteLast, 4},   {&WindowUser::correctNumber, 5},
+    {&WindowUser::clearHistory, 1}, {&WindowUser::readWhole, 3},    {&WindowUser::readAppended, 3},
+    {&WindowUser::pressBalls, 2},   {&WindowUser::filterBets, 6},   {&WindowUser::changeRule, 2},
+    {&WindowUser::readBets, 4},     {&WindowUser::askPrintRow, 1},  {&WindowUser::chooseStability, 1},
+    {&WindowUser::renameUser, 2},   {&WindowUser::closeProgram, 2},
 };
 
 WindowUser::WindowUser(std::filesystem::path home, std::filesystem::path texts, unsigned seed)
@@ -125,7 +125,7 @@ void WindowUser::deleteUser() {
         expected.erase(expected.begin() + place);
     Texts then{{"users", usersText(expected)}, {"entered", "*"}};
     if (m_answers.agree)
-        for (const char* what : {"draws", "table", "text"})
+        for (const char* what : {"draws", "table", "read", "template", "text"})
             then[keyOf(what, name)] = "*"; // his files go one after the other
     say(withTexts("begin\tdelete user", then));
     press(u"Frmpre"_s, u"Label4"_s);
@@ -150,7 +150,7 @@ void WindowUser::tellOpened() {
     m_blueOmissions = m_program->workspace.dbUser->rowCount("YlqsB");
     Texts texts = settingsOf(m_program->settings, user());
     texts[keyOf("draws", user())] = drawsText(draws(), m_blueOmissions);
-    texts[keyOf("table", user())] = tableText(*m_program->workspace.dbFilnum);
+    texts.merge(tablesOf(*m_program->workspace.dbFilnum, user()));
     say(withTexts("found", texts));
 }
 

@@ -64,9 +64,13 @@ class WindowUser {
     // window_filter.cpp: bets and settings
     void pressBalls();
     void filterBets();
+    void readBets();
+    /// Opens a window that fills a table, works in it and closes it.
+    void fillAndFilter(const QString& entry, const ToldTable& table, std::int64_t bets);
     void pressInFilterWindow(QWidget& window);
     void pressParameter(QWidget& window);
     void toggleRow(QWidget& window);
+    void addToTemplate(QWidget& window);
     void tellTable();
     void waitUntilStored();
     void changeRule();
@@ -91,7 +95,8 @@ class WindowUser {
     std::unique_ptr<workspace::SingleInstance> m_instance;
     std::unique_ptr<mainwin::Program> m_program;
     bool m_entered = false;
-    std::int64_t m_blueOmissions = 0; ///< rows of YlqsB
+    const ToldTable* m_shown = nullptr; ///< what the filter window works on
+    std::int64_t m_blueOmissions = 0;   ///< rows of YlqsB
     int m_files = 0;
 };
 

@@ -90,8 +90,11 @@ TEST_F(GroupTemplateTest, AnEmptySelectionAddsNothing) {
     added.add();
     const auto before = bets("zuheMoban", 7);
     run("UPDATE [zuhe] SET [unslt] = true");
+    run("UPDATE [zuheMoban] SET [idx] = 99, [canshu] = 5"); // what an addition rebuilds
     EXPECT_EQ(added.add(), 0);
     EXPECT_EQ(bets("zuheMoban", 7), before);
+    EXPECT_EQ(database->query("SELECT idx FROM [zuheMoban] WHERE [canshu] is not null").count(), 0);
+    EXPECT_EQ(database->queryValue("SELECT MIN(idx) FROM [zuheMoban]"), sql::Value(std::int64_t{1}));
     EXPECT_EQ(database->queryValue("SELECT MAX(idx) FROM [zuheMoban]"), sql::Value(std::int64_t{28}));
 }
 

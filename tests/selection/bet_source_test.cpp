@@ -120,6 +120,42 @@ TEST_P(BetSources, KeepTouchesNothingAndCountsTheRows) {
     EXPECT_EQ(everything(), before);
 }
 
+TEST_P(BetSources, CopiedBetsComeWithoutTheirStatesAndLeaveTheOthers) {
+    makeFormer();
+    const auto from = everything();
+    sql::Engine other;
+    const auto copy = other.create(folder.path() / "copy.mdb");
+    CopiedBets source(*db);
+    EXPECT_EQ(source.fill(*copy, kWithBlue, nullptr).written, 168);
+    EXPECT_EQ(everything(), from);
+    const char* numbers = "SELECT idx,fig1,fig2,fig3,fig4,fig5,fig6,fig7 FROM [zuhe]";
+    const sql::Rows copied = copy->query(numbers);
+    const sql::Rows originals = db->query(numbers);
+    ASSERT_EQ(copied.count(), 168);
+    for (std::int64_t row = 0; row < copied.count(); ++row)
+        for (int column = 0; column < 8; ++column)
+            ASSERT_EQ(copied.textAt(row, column), originals.textAt(row, column));
+    EXPECT_EQ(copy->query("SELECT idx FROM [zuhe] WHERE [unslt] = true or [Fliter] is not null").count(), 0);
+}
+
+TEST_P(BetSources, CopyingThatIsGivenUpOrHasNoSourceLeavesTheFormerTable) {
+    makeFormer();
+    const auto before = everything();
+    sql::Engine other;
+    const auto from = other.create(folder.path() / "from.mdb");
+    CopiedBets source(*from);
+    EXPECT_TRUE(source.fill(*db, kWithBlue, nullptr).cancelled) << "there is no such table";
+    EXPECT_EQ(everything(), before);
+    GenerationInput input = someReds(20, 3);
+    Enumeration(input).fill(*from, kWithBlue, nullptr);
+    std::mt19937 random(20261123);
+    for (int turn = 0; turn < 4; ++turn) {
+        Impatient progress(1 + static_cast<int>(random() % 64));
+        EXPECT_TRUE(source.fill(*db, kWithBlue, &progress).cancelled);
+        ASSERT_EQ(everything(), before);
+    }
+}
+
 TEST_P(BetSources, AGenerationRunsTheToldStatementsAndNoOthers) {
     makeFormer();
     std::vector<std::string> statements;

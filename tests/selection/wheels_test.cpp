@@ -1,6 +1,7 @@
 #include "selection/wheels.h"
 
 #include <fstream>
+#include <random>
 
 #include <gtest/gtest.h>
 
@@ -92,6 +93,34 @@ TEST_F(WheelsTest, AMissingTableOrFileGivesAnEmptyTable) {
     EXPECT_EQ(filled("zuheRote", true), "");
     EXPECT_EQ(wheels.rows(WheelFamily::Basic, "8"), std::nullopt);
     EXPECT_EQ(wheels.rows(WheelFamily::Basic, "9"), 3);
+}
+
+struct EndsAt final : workspace::Progress {
+    explicit EndsAt(int call) : last(call) {}
+    bool advance(double) override { return ++calls < last; }
+    int last;
+    int calls = 0;
+};
+
+TEST_F(WheelsTest, GivenUpAtAnyMomentItLeavesTheFormerTable) {
+    put(WheelFamily::Basic, "9", kThreeRows);
+    choose({31, 3, 5, 8, 12, 17, 20, 22, 28}, {4, 2});
+    filled("zuheRote", true);
+    database->execute("UPDATE [zuheRote] SET [unslt]=true WHERE [idx]=2");
+    choose({}, {1, 3, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+    EndsAt patient(1000);
+    selection::Wheel source(wheels, pad);
+    const selection::TableShape shape{.table = "zuheRoteR", .reds = 6, .blue = true};
+    EXPECT_EQ(source.fill(*database, shape, &patient).written, 48);
+    ASSERT_GT(patient.calls, 4);
+    std::mt19937 random(20261122);
+    for (int turn = 0; turn < 20; ++turn) {
+        EndsAt progress(1 + static_cast<int>(random() % static_cast<unsigned>(patient.calls)));
+        EXPECT_TRUE(source.fill(*database, {.table = "zuheRote", .reds = 6, .blue = true}, &progress).cancelled);
+        const sql::Rows left = database->query("SELECT * FROM [zuheRote] WHERE [unslt]=false");
+        ASSERT_EQ(left.count(), 4) << "given up at " << progress.last;
+        ASSERT_EQ(database->rowCount("zuheRote"), 6);
+    }
 }
 
 TEST_F(WheelsTest, AChosenTableGoesBeforeTheBasicOne) {

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
@@ -13,6 +14,7 @@
 #include "filter/member.h"
 #include "mainwin/windows/filter_opener.h"
 #include "selection/wheel_database.h"
+#include "toolkit/head_line.h"
 #include "windows/program_fixture.h"
 #include "workspace/combination_files.h"
 
@@ -378,6 +380,8 @@ TEST_F(BetsTest, CompoundWheelsAreShownWithTheirPriceAndLeaveTheMarksAlone) {
                                    EXPECT_EQ(cells->index(0, 0).data().toString(), u"1"_s);
                                    EXPECT_EQ(cells->index(0, 1).data().toString(), u" 03 05 08 12 17 20 22 04 12"_s);
                                    EXPECT_EQ(cells->index(1, 0).data().toString(), QString());
+                                   EXPECT_EQ(controlAs<QTableView>(shown, u"MSFlexGrid1"_s)->currentIndex(),
+                                             cells->index(0, 1));
                                    press(shown, u"cmdQut"_s);
                                }},
                               {u"aganFRoteR"_s, [](QWidget& shown) {
@@ -502,6 +506,57 @@ TEST_F(BetTextsTest, SixRedsAreReadIntoAnotherFileThanTheirWindowShows) {
     EXPECT_EQ(rows.textAt(0, 0) + ' ' + rows.textAt(0, 1) + ' ' + rows.textAt(0, 2), "1 1 6");
 }
 
+TEST_F(BetTextsTest, AnEmptyWindowOfSixRedsOffersWhatWasReadIntoTheOtherFile) {
+    const QString file = writeFile(u"组号.txt"_s, "01 02 03 04 05 06\n33 08 09 10 11 12\n");
+    const QString command = u"mnuRdtxtR"_s;
+    QStringList filters;
+    const auto offers = [](QWidget& shown) {
+        EXPECT_EQ(shown.windowTitle().toStdString(), title(0).toStdString()) << "it looks into filnumR";
+        EXPECT_EQ(controlAs<toolkit::HeadLine>(shown, u"HeadLine"_s)->stepText(),
+                  u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表"_s);
+        EXPECT_EQ(controlAs<QPushButton>(shown, u"cmdOffer"_s)->text(), u"显示读入的 2 注"_s);
+    };
+    {
+        const ModalScript script({offersFile(file, filters), asksStart(u"1"_s), closes(u"GAganReadR"_s, offers)});
+        trigger(u"Form1"_s, command);
+    }
+    EXPECT_EQ(rowCount("GAganReadR"), 0) << "an offer alone changes nothing";
+    inWindow(u"mnuCatxtR"_s, u"GAganReadR"_s, [&](QWidget& shown) {
+        offers(shown);
+        press(shown, u"cmdOffer"_s);
+        EXPECT_EQ(shown.windowTitle().toStdString(), title(2).toStdString());
+        EXPECT_TRUE(control(shown, u"cmdOffer"_s)->isHidden());
+        EXPECT_TRUE(control(shown, u"MSFlexGrid1"_s)->hasFocus());
+        EXPECT_EQ(noticeOf(shown), u"窗口里现在是文本读入的 2 注；filnum 中的没有改变。"_s);
+    });
+    EXPECT_EQ(bets("GAganReadR"), "1 1 2 3 4 5 6|2 33 8 9 10 11 12|");
+    EXPECT_EQ(program->workspace.dbFilnum->rowCount("zuheReadR"), 2);
+    inWindow(u"mnuCatxtR"_s, u"GAganReadR"_s,
+             [](QWidget& shown) { EXPECT_TRUE(control(shown, u"cmdOffer"_s)->isHidden()) << "they are there"; });
+}
+
+TEST_F(BetTextsTest, BetsThatAreThereGoForThoseReadOnlyAfterAQuestion) {
+    const Rows there{{11, 12, 13, 14, 15, 16}};
+    append(databaseOf(*filter::findMember("GAganReadR")), "zuheReadR", there);
+    const QString file = writeFile(u"组号.txt"_s, "01 02 03 04 05 06\n33 08 09 10 11 12\n");
+    QStringList filters;
+    const auto asks = [](QMessageBox::StandardButton button) {
+        return ModalStep{u"MsgBox"_s, answer(u"窗口里现有 1 注和它们的过滤状态将换成文本读入的 2 注。要继续吗？\n"
+                                             u"要保留现有的，请先取消，在表上按右键“导出…”。"_s,
+                                             u"显示读入的组号"_s, button)};
+    };
+    const ModalScript script({offersFile(file, filters), asksStart(u"1"_s),
+                              closes(u"GAganReadR"_s,
+                                     [this](QWidget& shown) {
+                                         press(shown, u"cmdOffer"_s);
+                                         EXPECT_EQ(bets("GAganReadR"), " 11 12 13 14 15 16|") << "Cancel";
+                                         press(shown, u"cmdOffer"_s);
+                                     }),
+                              asks(QMessageBox::Cancel), asks(QMessageBox::Ok)});
+    trigger(u"Form1"_s, u"mnuRdtxtR"_s);
+    EXPECT_EQ(bets("GAganReadR"), "1 1 2 3 4 5 6|2 33 8 9 10 11 12|");
+}
+
 // ---- Size and failure
 
 TEST(CostOfMaking, IsToldAboveTwoMillionBets) {
@@ -564,9 +619,28 @@ class ShippedWheels : public BetsTest {
         return all;
     }
 
-    /// Draws that hit `hit` of the chosen numbers, all bankers among them: each has a bet with `common` of them.
+    /// The bets that a window of compound wheels shows, seven reds each.
+    static std::vector<std::uint64_t> masksShown(QWidget& shown) {
+        const auto* cells = controlAs<QTableView>(shown, u"MSFlexGrid1"_s)->model();
+        std::vector<std::uint64_t> all;
+        for (int row = 0; row < cells->rowCount(); ++row)
+            for (int column = 1; column < cells->columnCount(); ++column) {
+                std::uint64_t mask = 0;
+                for (const QString& red : cells->index(row, column).data().toString().split(u' ', Qt::SkipEmptyParts))
+                    mask |= std::uint64_t{1} << red.toInt();
+                if (mask != 0) {
+                    EXPECT_EQ(std::popcount(mask), 7);
+                    all.push_back(mask);
+                }
+            }
+        return all;
+    }
+
     void expectGuarantee(int drags, int bankers, int hit, int common) {
-        const std::vector<std::uint64_t> made = masks();
+        expectGuarantee(masks(), drags, bankers, hit, common);
+    }
+    /// Draws that hit `hit` of the chosen numbers, all bankers among them: each has a bet with `common` of them.
+    void expectGuarantee(const std::vector<std::uint64_t>& made, int drags, int bankers, int hit, int common) {
         ASSERT_FALSE(made.empty());
         std::vector<int> hits(numbers.begin(), numbers.begin() + drags);
         for (int draw = 0; draw < kDraws; ++draw) {
@@ -598,6 +672,20 @@ TEST_F(ShippedWheels, KeepTheirWordInTheTableOfTheWindow) {
     chooseRandom(9, 2);
     inWindow(u"mnuZb(4)"_s, u"GAganRoteR"_s);
     expectGuarantee(9, 2, 5, 4);
+}
+
+TEST_F(ShippedWheels, OfSevenRedsKeepTheirWordInTheBetsThatAreShown) {
+    struct Case {
+        QString entry;
+        int hit;
+        int common;
+    };
+    chooseRandom(11, 0);
+    for (const Case& each : {Case{u"mnuRtF54"_s, 5, 4}, Case{u"mnuRtF65"_s, 6, 5}, Case{u"mnuRtF66"_s, 6, 6}}) {
+        std::vector<std::uint64_t> shown;
+        inWindow(each.entry, u"aganFRoteR"_s, [&](QWidget& window) { shown = masksShown(window); });
+        expectGuarantee(shown, 11, 0, each.hit, each.common);
+    }
 }
 
 } // namespace

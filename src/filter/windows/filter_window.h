@@ -52,6 +52,7 @@ class FilterWindow : public QDialog, private FilterControls {
     bool load(selection::BetSource& source, workspace::Progress* progress = nullptr);
     /// What stands at the top of the window; empty: nothing.
     void setNotice(const QString& text);
+    ResultPanel& results() { return *m_results; }
     /// Writes what presses have changed to the file, if anything. A failure is told once for the same changes.
     void storeNow();
     void done(int result) override;

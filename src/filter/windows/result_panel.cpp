@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
+constexpr int kOfferWidth = 150;
 const QString kAdvice = u"没有剩余组合：“上次过滤复位”可退回一步"_s;
 
 QString nothingYet(const FilterMember& member) {
@@ -33,15 +34,20 @@ toolkit::FlatButton* makeButton(const QString& name, const QString& caption, con
 } // namespace
 
 ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
-    : Card(u"ResultCard"_s, {}, parent), m_nothingYet(nothingYet(member)), m_head(new toolkit::HeadLine(this)),
-      m_model(new RowsModel(member, this)), m_grid(new toolkit::RowsGrid(this)),
-      m_page(new KeyedEdit(kDigitKeys.toString(), this)),
+    : Card(u"ResultCard"_s, {}, parent), m_member(member), m_nothingYet(nothingYet(member)),
+      m_head(new toolkit::HeadLine(this)), m_model(new RowsModel(member, this)), m_grid(new toolkit::RowsGrid(this)),
+      m_page(new KeyedEdit(kDigitKeys.toString(), this)), m_offer(new QPushButton(this)),
       m_stepCount(new toolkit::InkLabel(u"StepCount"_s, &toolkit::Colours::quiet, {}, this)),
       m_steps(new StepList(u"还没有步骤：按参数名称开始过滤"_s, this)) {
     m_head->setObjectName(u"HeadLine"_s);
     body().addWidget(m_head);
     body().addLayout(buildStates(member));
     body().addLayout(buildShown(member));
+    m_offer->setObjectName(u"cmdOffer"_s);
+    m_offer->setMinimumWidth(kOfferWidth);
+    m_offer->hide();
+    connect(m_offer, &QPushButton::clicked, this, &ResultPanel::offerTaken);
+    body().addWidget(m_offer, 0, Qt::AlignLeft);
     m_grid->setObjectName(u"MSFlexGrid1"_s);
     m_grid->setAccessibleName(u"组合"_s);
     m_grid->setModel(m_model);
@@ -182,6 +188,15 @@ void ResultPanel::tell(const Outcome& outcome, std::int64_t total, const QString
 void ResultPanel::showSteps(const std::vector<DoneStep>& steps) {
     m_stepCount->setText(steps.empty() ? QString() : QString::number(steps.size()));
     m_steps->show(steps);
+}
+
+void ResultPanel::offer(const QString& caption, const QString& toolTip, const QString& emptyText) {
+    m_offer->setText(caption);
+    m_offer->setToolTip(toolTip);
+    if (caption.isEmpty() && m_offer->hasFocus())
+        m_grid->setFocus(); // on what has come
+    m_offer->setVisible(!caption.isEmpty());
+    m_nothingYet = caption.isEmpty() ? nothingYet(m_member) : emptyText;
 }
 
 QString ResultPanel::indexText(int row) const {

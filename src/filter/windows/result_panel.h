@@ -31,6 +31,10 @@ class ResultPanel : public toolkit::Card {
     /// The steps that were run, for the list under the grid.
     void showSteps(const std::vector<DoneStep>& steps);
 
+    /// Bets from elsewhere can take the place of this table's: a button above the grid, and what the grid says while
+    /// it is empty. An empty caption takes the offer back.
+    void offer(const QString& caption, const QString& toolTip = {}, const QString& emptyText = {});
+
     /// Text of the number cell of a row; of the heading for -1.
     QString indexText(int row) const;
     /// A row was taken out or put back by hand.
@@ -48,6 +52,7 @@ class ResultPanel : public toolkit::Card {
     void templateWanted();
     /// \param row  row of the grid, -1 for the headings
     void rowDoubleClicked(int row);
+    void offerTaken();
 
   private:
     QHBoxLayout* buildStates(const FilterMember& member);
@@ -56,11 +61,13 @@ class ResultPanel : public toolkit::Card {
     QHBoxLayout* buildPaging();
     void connectGrid(const FilterMember& member);
 
+    const FilterMember& m_member;
     QString m_nothingYet; ///< what stands in place of the bets of an empty table
     toolkit::HeadLine* m_head;
     RowsModel* m_model;
     toolkit::RowsGrid* m_grid;
     QLineEdit* m_page;
+    QPushButton* m_offer;
     QLabel* m_stepCount;
     StepList* m_steps;
 };

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "filter/windows/filter_window.h"
+#include "filter/windows/result_panel.h"
 #include "mainwin/main_texts.h"
 #include "mainwin/windows/places.h"
 #include "toolkit/dialog_boxes.h"
@@ -31,8 +32,8 @@ QString costOfMaking(std::int64_t bets) {
         .arg(seconds);
 }
 
-void FilterOpener::open(std::string_view form, selection::BetSource& source, std::int64_t bets,
-                        const QString& notice) {
+void FilterOpener::open(std::string_view form, selection::BetSource& source, std::int64_t bets, const QString& notice,
+                        const BetOffer* offer) {
     workspace::Workspace& workspace = m_context.workspace;
     const filter::FilterMember& member = *filter::findMember(form);
     sql::Database* database = databaseOf(member);
@@ -44,6 +45,8 @@ void FilterOpener::open(std::string_view form, selection::BetSource& source, std
                                  placesIn(m_context.settings), workspace.BitnumB, workspace.folder},
                                 &m_window);
     window.setNotice(notice);
+    if (offer)
+        prepareOffer(window, form, *offer);
     if (window.load(source, toolkit::DialogBoxes(&m_window).progress(costOfMaking(bets)).get()))
         window.exec();
     m_window.unsetCursor();
@@ -65,9 +68,34 @@ void FilterOpener::tellBroken(const std::exception& failure) {
     m_window.close();
 }
 
-void FilterOpener::openKept(std::string_view form, const QString& notice) {
+void FilterOpener::prepareOffer(filter::FilterWindow& window, std::string_view form, const BetOffer& offer) {
+    filter::ResultPanel& results = window.results();
+    results.offer(offer.caption, offer.toolTip, offer.emptyText);
+    QObject::connect(&results, &filter::ResultPanel::offerTaken, &window, [this, &window, form, &offer] {
+        toolkit::DialogBoxes boxes(&window);
+        if (rowsOf(form) > 0 && !boxes.confirm(offer.question, workspace::Risk::Loss))
+            return;
+        if (!window.load(offer.source, boxes.progress({}).get()))
+            return;
+        window.results().offer({});
+        window.setNotice(offer.taken);
+    });
+}
+
+std::int64_t FilterOpener::rowsOf(std::string_view form) {
+    const filter::FilterMember& member = *filter::findMember(form);
+    try {
+        return workspace::combinationFile(m_engine, m_context.workspace, member.file).rowCount(member.table);
+    } catch (const sql::SqlError&) {
+        return 0; // its window tells what is wrong with it
+    } catch (const workspace::Failure&) {
+        return 0;
+    }
+}
+
+void FilterOpener::openKept(std::string_view form, const QString& notice, const BetOffer* offer) {
     selection::Keep keep;
-    open(form, keep, 0, notice);
+    open(form, keep, 0, notice, offer);
 }
 
 } // namespace mainwin

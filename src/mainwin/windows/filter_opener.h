@@ -12,6 +12,10 @@
 #include "mainwin/main_context.h"
 #include "selection/bet_source.h"
 
+namespace filter {
+class FilterWindow;
+}
+
 namespace mainwin {
 
 /// Above so many bets the progress tells what they cost in memory and time.
@@ -19,6 +23,16 @@ inline constexpr std::int64_t kManyBets = 2'000'000;
 
 /// "17,721,088 注，约需内存 450 MB、时间 1 秒"; empty for a moderate number.
 QString costOfMaking(std::int64_t bets);
+
+/// Bets that a window offers to show in place of its own.
+struct BetOffer {
+    selection::BetSource& source;
+    QString caption;
+    QString toolTip;
+    QString emptyText;           ///< in place of the bets, while there is none
+    workspace::Message question; ///< asked before bets that are there go
+    QString taken;               ///< the notice afterwards
+};
 
 class FilterOpener {
   public:
@@ -29,9 +43,12 @@ class FilterOpener {
     /// Does not open when the user gives up: the former table is there then.
     /// \param form  of kFilterMembers  \param bets  about as many will be made, 0: not known
     /// \param notice  stands at the top of the window; empty: nothing
-    void open(std::string_view form, selection::BetSource& source, std::int64_t bets = 0, const QString& notice = {});
+    void open(std::string_view form, selection::BetSource& source, std::int64_t bets = 0, const QString& notice = {},
+              const BetOffer* offer = nullptr);
     /// On the table as it is, filter states and all.
-    void openKept(std::string_view form, const QString& notice = {});
+    void openKept(std::string_view form, const QString& notice = {}, const BetOffer* offer = nullptr);
+    /// How many rows the table of a member has; 0 where its file does not open.
+    std::int64_t rowsOf(std::string_view form);
 
     QWidget& window() const { return m_window; }
     sql::Engine& engine() const { return m_engine; }
@@ -39,6 +56,7 @@ class FilterOpener {
   private:
     /// \return nullptr when the file does not open: that has been told, and the program ends
     sql::Database* databaseOf(const filter::FilterMember& member);
+    void prepareOffer(filter::FilterWindow& window, std::string_view form, const BetOffer& offer);
     void tellBroken(const std::exception& failure);
 
     MainContext& m_context;

@@ -72,7 +72,7 @@ void Program::openDesks() {
     connect(m_historyDesk.get(), &HistoryDesk::filesReplaced, this, &Program::reopen);
     m_opener = std::make_unique<FilterOpener>(*m_context, engine, Baoliu, *m_form);
     m_betDesk = std::make_unique<BetDesk>(*m_context, generation, *m_opener);
-    m_wheelDesk = std::make_unique<WheelDesk>(*m_context, wheels, *m_opener);
+    m_wheelDesk = std::make_unique<WheelDesk>(*m_context, wheels, *m_opener, m_folder);
     m_tableDesk = std::make_unique<TableDesk>(*m_context, *m_opener);
     m_selectionDesk = std::make_unique<SelectionDesk>(*m_context, engine, *m_form);
     connect(m_selectionDesk.get(), &SelectionDesk::broken, m_form.get(), &Form1::close);

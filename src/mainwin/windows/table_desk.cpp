@@ -12,7 +12,9 @@ namespace mainwin {
 
 namespace {
 
-constexpr std::size_t kToldLines = 20; // of those that were passed over
+constexpr std::size_t kToldLines = 20;                // of those that were passed over
+constexpr std::string_view kApartTable = "zuheReadR"; // read into filnum, shown from filnumR
+constexpr std::string_view kApartForm = "GAganReadR";
 constexpr int kFarthestStart = 1'000'000'000;
 
 const QString kStartPrompt =
@@ -42,14 +44,14 @@ QString resultText(const selection::BetTextResult& result) {
 TableDesk::TableDesk(MainContext& context, FilterOpener& opener) : m_context(context), m_opener(opener) {
     Commands& commands = context.commands;
     const std::pair<QString, std::string_view> kept[] = {
-        {u"mnuCallfd"_s, "GAganMb"},      {u"mnuCallfdr"_s, "GAganRMb"},  {u"mnuCallfdf"_s, "GAganfMb"},
-        {u"mnuCatxt"_s, "GAganRead"},     {u"mnuCatxtR"_s, "GAganReadR"}, {u"mnuCallZhmb"_s, "GAganZhMb"},
-        {u"mnuCallZhmbR"_s, "GAganZhMbR"}};
+        {u"mnuCallfd"_s, "GAganMb"},  {u"mnuCallfdr"_s, "GAganRMb"},   {u"mnuCallfdf"_s, "GAganfMb"},
+        {u"mnuCatxt"_s, "GAganRead"}, {u"mnuCallZhmb"_s, "GAganZhMb"}, {u"mnuCallZhmbR"_s, "GAganZhMbR"}};
     for (const auto& [name, form] : kept)
         commands.on(name, [this, form = form](int) { m_opener.openKept(form); });
     commands.on(u"mnuRdtxt"_s, [this](int) { readText({{"zuheRead", 7}, "GAganRead"}); });
+    commands.on(u"mnuCatxtR"_s, [this](int) { openApart({}, m_opener.rowsOf(kApartForm) == 0); });
     // Its window shows the table of that name in filnumR, while the reading writes the one in filnum: meant so.
-    commands.on(u"mnuRdtxtR"_s, [this](int) { readText({{"zuheReadR", 6}, "GAganReadR", true}); });
+    commands.on(u"mnuRdtxtR"_s, [this](int) { readText({{kApartTable, 6}, kApartForm, true}); });
 }
 
 void TableDesk::readText(const TextBets& bets) {
@@ -60,8 +62,36 @@ void TableDesk::readText(const TextBets& bets) {
     if (!start)
         return;
     const QString told = file.isEmpty() ? u"没有选择文件：表中仍是上次读入的组号。"_s : read(bets, file, *start);
-    if (!told.isNull())
+    if (told.isNull())
+        return;
+    if (bets.apart)
+        openApart(told, true);
+    else
         m_opener.openKept(bets.form, told);
+}
+
+/// \param offered  whether the window offers them, if there are any
+void TableDesk::openApart(const QString& notice, bool offered) {
+    std::int64_t bets = 0;
+    sql::Database& filnum = *m_context.workspace.dbFilnum;
+    if (offered && filnum.hasTable(kApartTable))
+        bets = filnum.rowCount(kApartTable);
+    if (bets == 0) {
+        m_opener.openKept(kApartForm, notice);
+        return;
+    }
+    const QString count = thousandsApart(bets);
+    selection::CopiedBets source(filnum);
+    const BetOffer offer{
+        source,
+        u"显示读入的 %1 注"_s.arg(count),
+        u"把 filnum 中读入的组号复制到这个窗口的表里；filnum 中的不变"_s,
+        u"文本组号已读入 filnum，窗口显示的是 filnumR 中的表"_s,
+        {u"窗口里现有 %1 注和它们的过滤状态将换成文本读入的 %2 注。要继续吗？\n要保留现有的，请先取消，在表上按右键“导出…”。"_s
+             .arg(thousandsApart(m_opener.rowsOf(kApartForm)), count),
+         u"显示读入的组号"_s},
+        u"窗口里现在是文本读入的 %1 注；filnum 中的没有改变。"_s.arg(count)};
+    m_opener.openKept(kApartForm, notice, &offer);
 }
 
 /// \return nothing for an empty answer, which ends the command

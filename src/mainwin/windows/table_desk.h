@@ -24,6 +24,8 @@ class TableDesk : public QObject {
     };
     void readText(const TextBets& bets);
     std::optional<int> askStart();
+    /// Opens the window of six reds from a text, which looks into filnumR: it offers what was read into filnum.
+    void openApart(const QString& notice, bool offered);
     QString read(const TextBets& bets, const QString& file, int start);
     void store();
 

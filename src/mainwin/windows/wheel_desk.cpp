@@ -6,7 +6,11 @@
 
 #include "filter/member.h"
 #include "mainwin/windows/places.h"
+#include "mainwin/windows/wheel_import_window.h"
+#include "selection/wheel_import.h"
 #include "selection/windows/compound_window.h"
+#include "toolkit/dialog_boxes.h"
+#include "workspace/failure.h"
 #include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
@@ -14,10 +18,18 @@ using selection::WheelFamily;
 
 namespace mainwin {
 
+namespace {
+
+selection::WheelPlaces wheelPlaces(const std::filesystem::path& folder, std::string_view name) {
+    return {folder / std::string(name),
+            workspace::toPath(QCoreApplication::applicationDirPath()) / std::string(name)};
+}
+
+} // namespace
+
 std::filesystem::path wheelFile(const std::filesystem::path& folder, std::string_view name) {
-    const std::filesystem::path own = folder / std::string(name);
-    return workspace::isThere(own) ? own
-                                   : workspace::toPath(QCoreApplication::applicationDirPath()) / std::string(name);
+    const selection::WheelPlaces places = wheelPlaces(folder, name);
+    return workspace::isThere(places.own) ? places.own : places.shipped;
 }
 
 namespace {
@@ -28,14 +40,16 @@ std::string_view formOf(const selection::Pad& pad) {
 
 } // namespace
 
-WheelDesk::WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpener& opener)
-    : m_context(context), m_wheels(wheels), m_opener(opener) {
+WheelDesk::WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpener& opener,
+                     std::filesystem::path folder)
+    : m_context(context), m_wheels(wheels), m_opener(opener), m_folder(std::move(folder)) {
     registerMenus();
     registerEntries();
     context.commands.on(u"meuRtxz"_s, [this](int) {
         m_wheels.openMenu(WheelFamily::Basic, m_context.pad);
         open(formOf(m_context.pad));
     });
+    context.commands.on(u"mnuWheelIn"_s, [this](int) { importWheel(); });
     // The load step again, on the pad as it is now and the wheel that was chosen last.
     for (const auto& [name, form] :
          {std::pair(u"mnuCallRote"_s, "GAganRote"), std::pair(u"mnuCallRoteR"_s, "GAganRoteR")})
@@ -122,6 +136,36 @@ void WheelDesk::open(std::string_view form) {
     selection::Wheel source(m_wheels, m_context.pad);
     const bool blue = filter::findMember(form)->blue;
     m_opener.open(form, source, m_wheels.rowsToRead(m_context.pad) * (blue ? m_context.pad.Bluecnt : 1), notice());
+}
+
+void WheelDesk::importWheel() {
+    const selection::Pad& pad = m_context.pad;
+    WheelImportWindow window(
+        pad.Redcnt, pad.Dancnt,
+        [this](const selection::WheelTable& table) { return m_wheels.rows(table.family, table.name); },
+        placesIn(m_context.settings), &m_opener.window());
+    if (window.exec() == QDialog::Accepted)
+        install(window.table(), window.rows());
+}
+
+void WheelDesk::install(const selection::WheelTable& table, std::span<const selection::PositionSet> rows) {
+    const QString title = u"导入旋转矩阵"_s;
+    const QString safe = u"原有的矩阵没有改变。请先排除原因，再导入一次。"_s;
+    toolkit::DialogBoxes boxes(&m_opener.window());
+    m_wheels.forget();
+    try {
+        const auto kept = selection::installWheel(
+            m_opener.engine(), wheelPlaces(m_folder, selection::wheelFamily(table.family).file), table, rows);
+        boxes.tell({u"矩阵已导入。"_s + wheelNotice(table, static_cast<std::int64_t>(rows.size())),
+                    title,
+                    {},
+                    kept.empty() ? QString() : u"原有的矩阵文件保存为 %1"_s.arg(workspace::toQString(kept))});
+    } catch (const workspace::Failure& failed) {
+        boxes.warn(workspace::failureMessage(failed, u"矩阵没有导入"_s, title, safe));
+    } catch (const sql::SqlError& failed) {
+        boxes.warn(workspace::failureMessage(failed, u"矩阵没有导入"_s, title, safe));
+    }
+    m_wheels.forget();
 }
 
 QString WheelDesk::notice() {

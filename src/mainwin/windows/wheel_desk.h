@@ -15,7 +15,8 @@ class WheelDesk : public QObject {
     Q_OBJECT
   public:
     /// Registers its commands. All of it outlives the desk.
-    WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpener& opener);
+    /// \param folder  the program's: a user's own wheels lie there
+    WheelDesk(MainContext& context, selection::Wheels& wheels, FilterOpener& opener, std::filesystem::path folder);
 
   private:
     void registerMenus();
@@ -30,10 +31,14 @@ class WheelDesk : public QObject {
     void openCompound(const std::string& table);
     /// What the rows of the wheel guarantee; empty where nobody has proven it.
     QString notice();
+    /// 导入旋转矩阵…: a user's own wheel, in place of the one that is there.
+    void importWheel();
+    void install(const selection::WheelTable& table, std::span<const selection::PositionSet> rows);
 
     MainContext& m_context;
     selection::Wheels& m_wheels;
     FilterOpener& m_opener;
+    std::filesystem::path m_folder;
 };
 
 /// Where a wheel database lies: in the program's folder, else beside the program.

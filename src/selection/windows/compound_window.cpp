@@ -45,6 +45,7 @@ CompoundWindow::CompoundWindow(const QString& name, CompoundBets bets, const QSt
     layOut(notice);
     toolkit::placeOver(*this, kUsefulSize);
     toolkit::keepPlace(*this, places);
+    m_grid->setCurrentIndex(m_model->index(0, 1)); // a bet; the first cell of a row that is not full is empty
     m_grid->setFocus();
 }
 
