@@ -53,6 +53,7 @@ struct AddToTemplate {}; ///< 添加到组号模板: nothing of what is in play 
 struct ClearTemplate {}; ///< 清空组号模板: for members that work on a template itself
 
 // add a step here: its meaning is one function in session.cpp
-using Step = std::variant<Press, ResetAll, RestoreLast, InvertAll, InvertLast, Toggle, AddToTemplate, ClearTemplate>;
+using Step = std::variant<Press, ResetAll, RestoreLast, InvertAll, InvertLast, Toggle, AddToTemplate, ClearTemplate,
+                          Integrated, MatchHistory, FilterNumbers, FilterGroups, TakeOutTemplate>;
 
 } // namespace filter
