@@ -13,7 +13,7 @@ namespace {
 constexpr std::int64_t kTwoEvens = 285600;   // sets with two even reds: C(16, 2) * C(17, 4)
 constexpr std::int64_t kAcOfEight = 339540;  // sets with AC value 8
 constexpr std::int64_t kWithTwoReds = 31465; // sets with two given reds: C(31, 4)
-const filter::HistoryFilter& kSharingFive = filter::kHistoryFilters[1];
+const filter::SuperFilter& kSharingFive = filter::sixAndBlueSuperFilters()[1];
 
 void reset(RuleTable& table) {
     table.states().resetAll();

@@ -47,6 +47,28 @@ SSQ_VECTOR_LOOP Occurring addSix(const std::array<const std::uint64_t*, 6>& rows
     return occurring;
 }
 
+/// Adds one more row of bits to the digits.
+SSQ_VECTOR_LOOP Occurring addOne(const std::uint64_t* row, std::size_t words, std::uint64_t* __restrict ones,
+                                 std::uint64_t* __restrict twos, std::uint64_t* __restrict fours) {
+    Occurring occurring;
+    for (std::size_t word = 0; word < words; ++word) {
+        const std::uint64_t carry = ones[word] & row[word];
+        const std::uint64_t one = ones[word] ^ row[word];
+        const std::uint64_t four = fours[word] ^ (twos[word] & carry);
+        const std::uint64_t two = twos[word] ^ carry;
+        ones[word] = one;
+        twos[word] = two;
+        fours[word] = four;
+        occurring.ones |= one;
+        occurring.twos |= two;
+        occurring.threes |= one & two;
+        occurring.fours |= four;
+        occurring.fives |= four & one;
+        occurring.sixes |= four & two;
+    }
+    return occurring;
+}
+
 /// out := rows of bits, some of them inverted, that all hold.
 SSQ_VECTOR_LOOP void select(std::array<const std::uint64_t*, 3> digits, std::array<std::uint64_t, 3> inverted,
                             const std::uint64_t* valid, std::size_t words, std::uint64_t* __restrict out) {
@@ -103,23 +125,11 @@ void DrawBits::addReds(NumberMask reds) {
     for (std::size_t place = 0; place < rows.size() && reds != 0; ++place, reds &= reds - 1)
         rows[place] = rowOf(static_cast<std::uint32_t>(std::countr_zero(reds)));
     Occurring occurring = addSix(rows, m_words, m_ones.data(), m_twos.data(), m_fours.data());
-    // A row with more than six numbers is odd, but a draw still holds six of them at most: three digits do.
-    for (; reds != 0; reds &= reds - 1) {
-        const std::uint64_t* row = rowOf(static_cast<std::uint32_t>(std::countr_zero(reds)));
-        occurring = {};
-        for (std::size_t word = 0; word < m_words; ++word) {
-            const std::uint64_t carry = m_ones[word] & row[word];
-            m_fours[word] ^= m_twos[word] & carry;
-            m_twos[word] ^= carry;
-            m_ones[word] ^= row[word];
-            occurring.ones |= m_ones[word];
-            occurring.twos |= m_twos[word];
-            occurring.threes |= m_ones[word] & m_twos[word];
-            occurring.fours |= m_fours[word];
-            occurring.fives |= m_fours[word] & m_ones[word];
-            occurring.sixes |= m_fours[word] & m_twos[word];
-        }
-    }
+    // A bet of seven reds has one more, a row with odd numbers more still; a draw holds six of them at most, so that
+    // three digits do.
+    for (; reds != 0; reds &= reds - 1)
+        occurring = addOne(rowOf(static_cast<std::uint32_t>(std::countr_zero(reds))), m_words, m_ones.data(),
+                           m_twos.data(), m_fours.data());
     m_occurs = {false,
                 occurring.ones != 0,
                 occurring.twos != 0,

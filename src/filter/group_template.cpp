@@ -16,6 +16,9 @@ constexpr std::string_view kLostColumns[] = {
     "[tmpunslt] bit",  "[Gpslt] bit",    "[Errnum] integer",
 };
 
+constexpr std::string_view kWantedColumns[] = {"[unslt] bit",     "[canshu] integer", "[Numstring] string",
+                                               "[SKnum] integer", "[preunslt] bit",   "[tmpunslt] bit"};
+
 constexpr std::array<char, 6> kSeparators{'!', '@', '#', '$', '%', '^'}; // behind each number but the last
 
 } // namespace
@@ -86,6 +89,12 @@ void GroupTemplate::takeOutMembers() const {
     sql::passOver(m_database, "UPDATE [" + table +
                                   "] SET [unslt]= true  WHERE Numstring IN (SELECT  Numstring FROM [" + m_template +
                                   "])");
+}
+
+void GroupTemplate::addMissingColumns() const {
+    for (const std::string_view column : kWantedColumns)
+        sql::passOver(m_database,
+                      "ALTER TABLE [" + std::string(m_member.table) + "] ADD COLUMN " + std::string(column));
 }
 
 std::int64_t GroupTemplate::count() const {

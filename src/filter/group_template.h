@@ -32,6 +32,8 @@ class GroupTemplate {
     /// 组合模版同号滤: takes out every bet of the member's table that the template holds. No snapshot, no reason. In
     /// the template's own window the table is compared with itself.
     void takeOutMembers() const;
+    /// Adds the columns that an older table may lack, once its bets have been taken out and are shown.
+    void addMissingColumns() const;
     /// Bets that it holds.
     std::int64_t count() const;
 

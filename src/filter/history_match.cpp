@@ -1,12 +1,13 @@
 #include "filter/history_match.h"
 
 #include <algorithm>
-#include <array>
 #include <string>
 #include <tuple>
 #include <vector>
 
 #include "filter/draw_bits.h"
+#include "filter/numstring.h"
+#include "filter/parameter_run.h"
 #include "filter/quiet.h"
 
 namespace filter {
@@ -14,16 +15,36 @@ namespace {
 
 constexpr int kProgressSteps = 64;
 
+/// Tells the share of the work as it goes on, in so many steps, and remembers that it was given up.
+class Report {
+  public:
+    explicit Report(workspace::Progress* progress) : m_progress(progress) {}
+
+    bool givenUp() const { return m_givenUp; }
+    void advance(std::int64_t done, std::int64_t all) {
+        const auto step = static_cast<int>(done * kProgressSteps / std::max<std::int64_t>(all, 1));
+        if (!m_progress || m_givenUp || step == m_step)
+            return;
+        m_step = step;
+        m_givenUp = !m_progress->advance(static_cast<double>(step) / kProgressSteps);
+    }
+
+  private:
+    workspace::Progress* m_progress;
+    int m_step = 0;
+    bool m_givenUp = false;
+};
+
 class Search {
   public:
     Search(const Workbench& bench, std::int64_t draws) : m_bench(bench), m_draws(draws) {}
 
     void prepare() const;
     /// Rounds first.. by their four statements.
-    void runRounds(std::int64_t first) const;
+    void runRounds(std::int64_t first, Report& report) const;
     /// The rounds that one pass can take together. \return how many: the rest is left to runRounds()
-    std::int64_t runPass(const MatchProgress& progress) const;
-    void filter(const HistoryFilter& filter) const;
+    std::int64_t runPass(Report& report) const;
+    void filter(const SuperFilter& filter) const;
 
   private:
     void update(const std::string& rest) const {
@@ -43,30 +64,24 @@ class Search {
 void Search::prepare() const {
     sql::passOver(m_bench.database, "DROP TABLE [Lishi]");
     sql::passOver(m_bench.database, "CREATE TABLE [Lishi]([NumString] string,[idx] integer)");
-    update("[preunslt]=[unslt]");
+    sql::passOver(m_bench.database, snapshotStatement(m_bench.table));
     update("[Canshu]= 0");
-    update("[Numstring]= format([fig1],\"00\")  & Chr(32) & format([fig2],\"00\")  & Chr(32) & format([fig3],\"00\")"
-           "  & Chr(32) & format([fig4],\"00\")   & Chr(32) & format([fig5],\"00\")   & Chr(32) & "
-           "format([fig6],\"00\")");
-}
-
-std::string twoDigits(std::int32_t number) {
-    const std::string text = std::to_string(number < 0 ? -std::int64_t{number} : number);
-    return (number < 0 ? "-" : "") + std::string(text.size() < 2 ? "0" : "") + text;
+    sql::passOver(m_bench.database, numstringStatement(m_bench.table, m_bench.reds)); // without the blue
 }
 
 /// How many of the draw's reds the text of the bet holds.
 std::string hitsOf(const history::Draw& draw) {
     std::string sum;
     for (std::size_t slot = 1; slot <= 6; ++slot)
-        sum += "-([NumString] LIKE \"*" + twoDigits(draw[slot]) + "*\")";
+        sum += "-([NumString] LIKE \"" + numberPattern(draw[slot]) + "\")";
     return sum;
 }
 
-void Search::runRounds(std::int64_t first) const {
+void Search::runRounds(std::int64_t first, Report& report) const {
     // Rounds below row 0 are all alike: one of them stands for all.
     const std::int64_t end = std::min<std::int64_t>(m_draws, m_bench.history.Lsnum + 2);
-    for (std::int64_t round = first; round < end; ++round) {
+    for (std::int64_t round = first; round < end && !report.givenUp(); ++round) {
+        report.advance(round, end);
         update("[SKnum]= 0");
         const history::Draw* draw = drawOf(round);
         if (!draw)
@@ -79,7 +94,7 @@ void Search::runRounds(std::int64_t first) const {
     }
 }
 
-void Search::filter(const HistoryFilter& filter) const {
+void Search::filter(const SuperFilter& filter) const {
     update("[unslt]=true , [Fliter] = \"" + std::string(filter.reasonCaption) + " 检索前 " + std::to_string(m_draws) +
            " 期\" & [Jsqihao] & \"期 有\" & [Canshu] & \"码相同\" WHERE [unslt]=false AND "
            "[Canshu] >= " +
@@ -110,52 +125,54 @@ NumberMask numbersIn(std::int32_t red) {
 /// The pass: inputs are the reds, the state and the blue (when the table has one); outputs canshu, JSqihao and SKnum.
 class MatchPass {
   public:
-    MatchPass(std::span<const history::Draw> draws, std::int64_t rows, const MatchProgress& progress)
-        : m_draws(draws), m_bits(draws), m_rows(rows), m_progress(progress) {}
+    MatchPass(std::span<const history::Draw> draws, const Workbench& bench, std::int64_t rows, Report& report)
+        : m_draws(draws), m_bits(draws), m_reds(static_cast<std::size_t>(bench.reds), -1), m_blue(bench.blue),
+          m_rows(rows), m_report(report) {}
 
     void operator()(const sql::RowBatch& batch);
 
   private:
-    static constexpr std::size_t kState = 6; // place of unslt among the inputs
-    static constexpr std::size_t kBlue = 7;
-
     void turnTo(const sql::RowBatch& batch, std::size_t row);
-    void report(std::size_t rows);
 
     std::span<const history::Draw> m_draws;
     DrawBits m_bits;
-    std::array<std::int32_t, 6> m_reds{-1, -1, -1, -1, -1, -1};
+    std::vector<std::int32_t> m_reds; // of the row that was matched last
+    bool m_blue;
     bool m_matched = false;
     std::int64_t m_rows;
     std::int64_t m_rowsDone = 0;
-    const MatchProgress& m_progress;
+    Report& m_report;
 };
 
 /// Works out the reds of a row, unless the row before has the same.
 void MatchPass::turnTo(const sql::RowBatch& batch, std::size_t row) {
-    std::array<std::int32_t, 6> reds;
-    for (std::size_t position = 0; position < reds.size(); ++position)
-        reds[position] = batch.inputs[position][row];
-    if (m_matched && reds == m_reds)
+    bool same = m_matched;
+    for (std::size_t position = 0; position < m_reds.size(); ++position) {
+        const std::int32_t red = batch.inputs[position][row];
+        same &= red == m_reds[position];
+        m_reds[position] = red;
+    }
+    if (same)
         return;
     NumberMask numbers = 0;
-    for (const std::int32_t red : reds)
+    for (const std::int32_t red : m_reds)
         numbers |= red >= 0 && red < 64 ? NumberMask{1} << red : numbersIn(red);
     m_bits.match(numbers);
-    m_reds = reds;
     m_matched = true;
 }
 
 void MatchPass::operator()(const sql::RowBatch& batch) {
-    const bool hasBlue = batch.inputs.size() > kBlue;
+    if (m_report.givenUp())
+        return;
+    const std::span<const std::int32_t> unslt = batch.inputs[m_reds.size()];
     const auto& [canshu, JSqihao, SKnum] = std::tie(batch.outputs[0], batch.outputs[1], batch.outputs[2]);
     std::ranges::fill(SKnum.written, std::uint8_t{1});
     for (std::size_t row = 0; row < batch.rows; ++row) {
         SKnum.values[row] = 0;
-        if (batch.inputs[kState][row] != 0)
+        if (unslt[row] != 0)
             continue;
         turnTo(batch, row);
-        const std::int32_t blue = hasBlue ? batch.inputs[kBlue][row] : 0;
+        const std::int32_t blue = m_blue ? batch.inputs.back()[row] : 0;
         const Match best = m_bits.best(blue);
         SKnum.values[row] = m_bits.last(blue);
         const bool hit = best.count > 0;
@@ -164,17 +181,8 @@ void MatchPass::operator()(const sql::RowBatch& batch) {
         JSqihao.values[row] = m_draws[hit ? static_cast<std::size_t>(best.draw) : 0][0];
         JSqihao.written[row] = hit;
     }
-    report(batch.rows);
-}
-
-void MatchPass::report(std::size_t rows) {
-    const auto step = [this] {
-        return static_cast<int>(m_rowsDone * kProgressSteps / std::max<std::int64_t>(m_rows, 1));
-    };
-    const int before = step();
-    m_rowsDone += static_cast<std::int64_t>(rows);
-    if (m_progress && step() != before)
-        m_progress(step());
+    m_rowsDone += static_cast<std::int64_t>(batch.rows);
+    m_report.advance(m_rowsDone, m_rows);
 }
 
 bool hasColumn(const std::vector<std::string>& columns, std::string_view wanted) {
@@ -185,19 +193,22 @@ bool hasColumn(const std::vector<std::string>& columns, std::string_view wanted)
         columns, [&](const std::string& name) { return std::ranges::equal(name, wanted, {}, lower, lower); });
 }
 
-std::int64_t Search::runPass(const MatchProgress& progress) const {
+std::int64_t Search::runPass(Report& report) const {
     const std::vector<history::Draw> draws = regularDraws();
     sql::Database& database = m_bench.database;
     std::vector<std::string> columns;
     quietly([&] { columns = database.columnNames(m_bench.table); });
     if (draws.empty() || !hasColumn(columns, "Numstring"))
         return 0;
-    std::vector<std::string> inputs{"fig1", "fig2", "fig3", "fig4", "fig5", "fig6", "unslt"};
+    std::vector<std::string> inputs;
+    for (int red = 1; red <= m_bench.reds; ++red)
+        inputs.push_back("fig" + std::to_string(red));
+    inputs.emplace_back("unslt");
     if (m_bench.blue)
-        inputs.emplace_back("fig7");
+        inputs.push_back("fig" + std::to_string(m_bench.reds + 1));
     const std::vector<std::string> outputs{"canshu", "JSqihao", "SKnum"};
     const bool ran = quietly([&] {
-        MatchPass pass(draws, database.rowCount(m_bench.table), progress);
+        MatchPass pass(draws, m_bench, database.rowCount(m_bench.table), report);
         database.computeColumns(m_bench.table, inputs, outputs, std::ref(pass));
     });
     return ran ? static_cast<std::int64_t>(draws.size()) : 0;
@@ -205,18 +216,23 @@ std::int64_t Search::runPass(const MatchProgress& progress) const {
 
 } // namespace
 
-void matchHistory(const Workbench& bench, const HistoryFilter& filter, std::int64_t draws,
-                  const MatchProgress& progress) {
+bool matchHistory(const Workbench& bench, const SuperFilter& filter, std::int64_t draws,
+                  workspace::Progress* progress) {
     const Search search(bench, draws);
+    Report report(progress);
     search.prepare();
-    search.runRounds(search.runPass(progress));
+    search.runRounds(search.runPass(report), report);
+    if (report.givenUp())
+        return false;
     search.filter(filter);
+    return true;
 }
 
-void matchHistoryByStatements(const Workbench& bench, const HistoryFilter& filter, std::int64_t draws) {
+void matchHistoryByStatements(const Workbench& bench, const SuperFilter& filter, std::int64_t draws) {
     const Search search(bench, draws);
+    Report unseen(nullptr);
     search.prepare();
-    search.runRounds(0);
+    search.runRounds(0, unseen);
     search.filter(filter);
 }
 

@@ -8,6 +8,7 @@ namespace {
 
 constexpr int kValueTwips = 1100;
 constexpr int kReasonTwips = 12800;
+constexpr std::string_view kShortTitle = "复选组合情况排列总表（每页至多显示10000注）   合计：";
 
 } // namespace
 
@@ -50,10 +51,24 @@ View ResultView::opened() const {
             heads()};
 }
 
+std::vector<GridColumn> ResultView::chosenHeads() const {
+    std::vector<GridColumn> columns = heads();
+    for (int position = 1; position <= m_member.reds; ++position)
+        columns[static_cast<std::size_t>(position)].heading = "红" + std::to_string(position);
+    return columns;
+}
+
 View ResultView::cleared() const {
     View view = opened();
-    for (int position = 1; position <= m_member.reds; ++position)
-        view.columns[static_cast<std::size_t>(position)].heading = "红" + std::to_string(position);
+    view.columns = chosenHeads();
+    return view;
+}
+
+View ResultView::withState() const {
+    View view{queryQuietly(m_database, select(plainColumns() + ",unslt", " WHERE [unslt]= FALSE")), chosenHeads()};
+    if (m_member.blue)
+        view.columns.back().widthTwips = kSixHeads.redTwips; // here as wide as a red
+    view.columns.push_back({"选择", kValueTwips});
     return view;
 }
 
@@ -93,6 +108,10 @@ std::int64_t ResultView::countInPlay() const {
 
 std::string ResultView::title(std::int64_t bets) const {
     return std::string(m_member.title) + (m_member.titleCounts ? std::to_string(bets) + "注" : std::string());
+}
+
+std::string ResultView::shortTitle(std::int64_t bets) const {
+    return std::string(kShortTitle) + std::to_string(bets) + "注";
 }
 
 } // namespace filter

@@ -41,6 +41,8 @@ class ResultView {
     View cleared() const;
     /// Rows in play, without a value column: after resets, inverts and position parameters.
     View inPlay() const;
+    /// Rows in play after 组合模版同号滤: headings as when bets are chosen, and the state in a column of its own.
+    View withState() const;
     /// Rows in play with canshu under the parameter's grid title.
     View inPlay(std::string_view gridTitle) const;
     /// All rows with the value and the reason.
@@ -53,12 +55,15 @@ class ResultView {
     std::int64_t countInPlay() const;
     /// The window's title with the count of bets, for members whose title tells it.
     std::string title(std::int64_t bets) const;
+    /// The title after 组合模版同号滤: no word of the double click.
+    std::string shortTitle(std::int64_t bets) const;
 
   private:
     std::string bracketedColumns() const;
     std::string plainColumns() const;
     std::string select(const std::string& columns, const std::string& rest) const;
     std::vector<GridColumn> heads() const;
+    std::vector<GridColumn> chosenHeads() const;
 
     sql::Database& m_database;
     const FilterMember& m_member;

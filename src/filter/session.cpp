@@ -4,7 +4,10 @@
 
 #include "base/number_text.h"
 #include "filter/group_template.h"
+#include "filter/history_match.h"
+#include "filter/integrated_run.h"
 #include "filter/quiet.h"
+#include "filter/super_run.h"
 
 namespace filter {
 namespace {
@@ -17,6 +20,10 @@ class Stopwatch {
     using Clock = std::chrono::steady_clock;
     Clock::time_point m_start = Clock::now();
 };
+
+/// The columns that steps write: with them given back, a table is what it was.
+constexpr std::string_view kWorkColumns[] = {"canshu", "Numstring", "SKnum",    "JSqihao", "Fliter",
+                                             "unslt",  "preunslt",  "tmpunslt", "Gpslt",   "Errnum"};
 
 /// "1,234,567"
 std::string grouped(std::int64_t count) {
@@ -32,6 +39,7 @@ std::string grouped(std::int64_t count) {
 struct Session::Runner {
     const Session& session;
     const WindowState& state;
+    workspace::Progress* progress;
     std::string& what;
 
     Outcome operator()(const Press& press) const {
@@ -62,10 +70,55 @@ struct Session::Runner {
         GroupTemplate(session.m_context.database, session.m_member).clear();
         return {.view = session.m_view.cleared()};
     }
+    Outcome operator()(const Integrated&) const {
+        what = integratedText(session.m_member, state);
+        return workWhole([this] {
+            return runIntegrated(session.m_member, session.workbench(), state, session.m_context.Baoliu, progress);
+        });
+    }
+    Outcome operator()(const MatchHistory& step) const {
+        what = superText(step);
+        addSuperColumns(session.workbench());
+        return workWhole([&] { return matchHistory(session.workbench(), *step.filter, step.draws, progress); });
+    }
+    Outcome operator()(const FilterNumbers& step) const {
+        what = superText(step);
+        addSuperColumns(session.workbench());
+        filterNumbers(session.workbench(), *step.filter, step.numbers);
+        return {.view = session.m_view.inPlay()};
+    }
+    Outcome operator()(const FilterGroups& step) const {
+        what = superText(step);
+        addSuperColumns(session.workbench());
+        filterGroups(session.workbench(), step);
+        return {.view = session.m_view.inPlay()};
+    }
+    Outcome operator()(const TakeOutTemplate& step) const {
+        what = step.filter->caption;
+        const GroupTemplate gathered(session.m_context.database, session.m_member);
+        gathered.takeOutMembers();
+        Outcome outcome{.view = session.m_view.withState()};
+        gathered.addMissingColumns();
+        return outcome;
+    }
 
     template <class Other> Outcome operator()(const Other&) const { return {.view = session.m_view.inPlay()}; }
 
   private:
+    /// Work that can be given up: the table, and Baoliu, are what they were then.
+    template <class Work> Outcome workWhole(Work work) const {
+        std::optional<sql::ValueHold> former;
+        if (progress)
+            quietly([&] { former.emplace(session.m_context.database, session.m_member.table, kWorkColumns); });
+        const std::int16_t formerBaoliu = session.m_context.Baoliu;
+        const bool done = work();
+        if (done && former)
+            former->release();
+        former.reset();
+        if (!done)
+            session.m_context.Baoliu = formerBaoliu;
+        return {.view = session.m_view.inPlay(), .cancelled = !done};
+    }
     RunSettings settings() const { return runSettings(state, session.m_context.Baoliu); }
     Outcome changed(std::string_view caption, void (RowStates::*operation)() const) const {
         what = caption;
@@ -75,9 +128,8 @@ struct Session::Runner {
 };
 
 Session::Session(const FilterMember& member, const SessionContext& context)
-    : m_member(member), m_context(context),
-      m_run({context.database, member.table, context.history, context.Bitnum, member.reds, member.blue}),
-      m_states(context.database, member.table), m_view(context.database, member) {}
+    : m_member(member), m_context(context), m_run(workbench()), m_states(context.database, member.table),
+      m_view(context.database, member) {}
 
 Outcome Session::generate(selection::BetSource& source, workspace::Progress* progress) {
     const Stopwatch watch;
@@ -88,6 +140,7 @@ Outcome Session::generate(selection::BetSource& source, workspace::Progress* pro
     m_titled = m_left;
     if (!generated.cancelled) {
         m_steps.clear();
+        m_shortTitle = false;
         if (m_member.opensWhole())
             m_titled = generated.announced; // six bankers announce bets that the table does not hold
     }
@@ -96,20 +149,28 @@ Outcome Session::generate(selection::BetSource& source, workspace::Progress* pro
     return outcome;
 }
 
-Outcome Session::run(const Step& step, const WindowState& state) {
+Outcome Session::run(const Step& step, const WindowState& state, workspace::Progress* progress) {
     const Stopwatch watch;
     std::string what;
-    Outcome outcome = std::visit(Runner{*this, state, what}, step);
+    Outcome outcome = std::visit(Runner{*this, state, progress, what}, step);
     if (outcome.refill)
         outcome.left = outcome.view.rows.count();
     outcome.taken = m_left - outcome.left;
     outcome.ms = watch.ms();
     m_left = outcome.left;
-    if (!std::holds_alternative<AddToTemplate>(step))
-        m_titled = outcome.left; // an addition shows no other bets: the title stays
+    if (outcome.cancelled)
+        return outcome;
+    if (!std::holds_alternative<AddToTemplate>(step)) { // an addition shows no other bets: the title stays
+        m_titled = outcome.left;
+        m_shortTitle = std::holds_alternative<TakeOutTemplate>(step);
+    }
     if (!what.empty())
         m_steps.push_back({what, outcome.left, -outcome.taken});
     return outcome;
+}
+
+Workbench Session::workbench() const {
+    return {m_context.database, m_member.table, m_context.history, m_context.Bitnum, m_member.reds, m_member.blue};
 }
 
 View Session::pressed(const Parameter& parameter, const WindowState& state) const {
@@ -128,7 +189,7 @@ View Session::page(double number) const {
 }
 
 std::string Session::title() const {
-    return m_view.title(m_titled);
+    return m_shortTitle ? m_view.shortTitle(m_titled) : m_view.title(m_titled);
 }
 
 std::int64_t Session::total() const {

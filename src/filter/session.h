@@ -37,7 +37,7 @@ struct Outcome {
     bool refill = true;                  ///< false where the grid keeps what it shows: `view` is empty then
     Toggled toggled = Toggled::NotFound; ///< what a toggle did to its row
     std::optional<Gathered> gathered{}; ///< what an addition to the template did; nothing: it failed, nothing changed
-    bool cancelled = false;             ///< a generation was given up: the table is what it was
+    bool cancelled = false;             ///< long work was given up: the table and Baoliu are what they were
     std::int64_t left = 0;              ///< bets in play
     std::int64_t taken = 0;             ///< bets that the step took out; negative: so many came back
     double ms = 0;                      ///< time from the first statement to the view
@@ -57,7 +57,9 @@ class Session {
 
     /// The load step: fills the table and gives the view that a window opens with. The list of steps starts anew.
     Outcome generate(selection::BetSource& source, workspace::Progress* progress = nullptr);
-    Outcome run(const Step& step, const WindowState& state);
+    /// \param progress  long steps (the integrated run, a history filter) report to it and can be given up; the
+    /// others pass over it. May be null
+    Outcome run(const Step& step, const WindowState& state, workspace::Progress* progress = nullptr);
 
     /// All rows with their reasons.
     View reasons() const;
@@ -78,6 +80,7 @@ class Session {
     struct Runner;
 
     View pressed(const Parameter& parameter, const WindowState& state) const;
+    Workbench workbench() const;
 
     const FilterMember& m_member;
     SessionContext m_context;
@@ -85,6 +88,7 @@ class Session {
     RowStates m_states;
     ResultView m_view;
     std::int64_t m_titled = 0; ///< count that the title tells
+    bool m_shortTitle = false; ///< the last step was 组合模版同号滤
     std::int64_t m_left = 0;
     std::vector<DoneStep> m_steps;
 };

@@ -65,6 +65,22 @@ void NullMap::append(std::size_t size, std::size_t count, bool null) {
     m_bits.resize(size + count, null);
 }
 
+Column::Values Column::values() const {
+    return {numbers.copy(), reals, bits, nulls, dictionary, recipe};
+}
+
+void Column::setValues(Values values, std::size_t size) {
+    numbers = std::move(values.numbers);
+    reals = std::move(values.reals);
+    bits = std::move(values.bits);
+    nulls = std::move(values.nulls);
+    dictionary = std::move(values.dictionary);
+    recipe = std::move(values.recipe);
+    storedTexts = 0; // the file may have been given other texts meanwhile
+    dictionaryReplaced = true;
+    markAllDirty(size);
+}
+
 Value Column::at(std::size_t row) const {
     if (def.type == ColumnType::Bit)
         return std::int64_t{bits.get(row) ? -1 : 0};

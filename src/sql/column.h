@@ -85,6 +85,19 @@ struct Column {
     std::size_t storedTexts = 0; ///< texts of the dictionary that the file holds
     bool dictionaryReplaced = false;
 
+    /// What the rows hold, apart from what the file knows of them.
+    struct Values {
+        Numbers numbers;
+        std::vector<double> reals;
+        Bitmap bits;
+        NullMap nulls;
+        std::shared_ptr<Dictionary> dictionary;
+        std::shared_ptr<const TextRecipe> recipe;
+    };
+    Values values() const;
+    /// \param values  of as many rows as the table has
+    void setValues(Values values, std::size_t size);
+
     /// Not of a column with a recipe: ask the table.
     Value at(std::size_t row) const;
     /// Rows of default value (Null, or false of a Bit) at the end.

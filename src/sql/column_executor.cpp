@@ -334,10 +334,38 @@ class HeldColumns final : public TableHold::Backend {
     bool m_released = false;
 };
 
+class HeldValues final : public TableHold::Backend {
+  public:
+    HeldValues(std::shared_ptr<ColumnTable> table, std::span<const std::string_view> columns)
+        : m_table(std::move(table)) {
+        for (const std::string_view column : columns)
+            if (const int place = m_table->shape().find(std::string(column)); place >= 0)
+                m_former.emplace_back(place, m_table->columns[static_cast<std::size_t>(place)].values());
+    }
+    ~HeldValues() override {
+        if (!m_released)
+            for (auto& [place, values] : m_former)
+                m_table->columns[static_cast<std::size_t>(place)].setValues(std::move(values), m_table->rows);
+    }
+    HeldValues(const HeldValues&) = delete;
+    HeldValues& operator=(const HeldValues&) = delete;
+    void release() override { m_released = true; }
+
+  private:
+    std::shared_ptr<ColumnTable> m_table;
+    std::vector<std::pair<int, Column::Values>> m_former;
+    bool m_released = false;
+};
+
 } // namespace
 
 std::unique_ptr<TableHold::Backend> ColumnExecutor::hold(const std::string& table) {
     return std::make_unique<HeldColumns>(m_state->file, table);
+}
+
+std::unique_ptr<TableHold::Backend> ColumnExecutor::holdValues(const std::string& table,
+                                                               std::span<const std::string_view> columns) {
+    return std::make_unique<HeldValues>(m_state->table(table), columns);
 }
 
 } // namespace sql

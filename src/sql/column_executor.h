@@ -23,6 +23,8 @@ class ColumnExecutor final : public TableExecutor {
     void computeColumns(const std::string& table, std::span<const std::string> inputs,
                         std::span<const std::string> outputs, const BatchKernel& kernel) override;
     std::unique_ptr<TableHold::Backend> hold(const std::string& table) override;
+    std::unique_ptr<TableHold::Backend> holdValues(const std::string& table,
+                                                   std::span<const std::string_view> columns) override;
 
     /// Writes what changed to the file in one transaction. \throws SqlError; then all that was pending still is
     void store();

@@ -154,6 +154,16 @@ void TableHold::release() {
     m_backend->release();
 }
 
+ValueHold::ValueHold(Database& database, std::string_view table, std::span<const std::string_view> columns) {
+    const std::string name = bareName(table);
+    m_backend = database.m_store->keeperOf(name).holdValues(name, columns);
+}
+ValueHold::~ValueHold() = default;
+
+void ValueHold::release() {
+    m_backend->release();
+}
+
 Transaction::~Transaction() {
     if (!m_database)
         return;

@@ -178,6 +178,7 @@ class Database {
 
   private:
     friend class TableHold;
+    friend class ValueHold;
 
     std::shared_ptr<Store> m_store;
     Listener m_listener;
@@ -199,6 +200,23 @@ class TableHold {
 
   private:
     std::unique_ptr<Backend> m_backend;
+};
+
+/// Keeps the values of some columns of a combination table while long work changes them. Unless release() is called
+/// they are back at the end. Rows neither come nor go in between, no Transaction begins and no column is dropped.
+/// Cost: a copy of the columns at their own width.
+class ValueHold {
+  public:
+    /// \param columns  names that the table lacks are passed over  \throws SqlError kTableNotFound
+    ValueHold(Database& database, std::string_view table, std::span<const std::string_view> columns);
+    ~ValueHold();
+    ValueHold(const ValueHold&) = delete;
+    ValueHold& operator=(const ValueHold&) = delete;
+    /// The new values stay.
+    void release();
+
+  private:
+    std::unique_ptr<TableHold::Backend> m_backend;
 };
 
 /// Commits on commit(), rolls back when it is destroyed before.

@@ -58,6 +58,9 @@ class TableExecutor {
     virtual void computeColumns(const std::string& table, std::span<const std::string> inputs,
                                 std::span<const std::string> outputs, const BatchKernel& kernel) = 0;
     virtual std::unique_ptr<TableHold::Backend> hold(const std::string& table) = 0;
+    /// Keeps the values of these columns, as far as the table has them. \throws SqlError kTableNotFound
+    virtual std::unique_ptr<TableHold::Backend> holdValues(const std::string& table,
+                                                           std::span<const std::string_view> columns) = 0;
 };
 
 /// Refuses changes: the record set of a SELECT.

@@ -37,6 +37,21 @@ template <class T> void store(T* to, std::size_t count, const std::int32_t* valu
 
 } // namespace
 
+Numbers Numbers::copy() const {
+    Numbers same;
+    same.m_size = m_size;
+    same.m_width = m_width;
+    same.m_low = m_low;
+    same.m_high = m_high;
+    if (m_width != Width::Constant) {
+        const std::size_t bytes = m_size * bytesOf(m_width);
+        same.m_capacity = m_size;
+        same.m_bytes = allocate(bytes);
+        std::copy_n(m_bytes.get(), bytes, same.m_bytes.get());
+    }
+    return same;
+}
+
 Width Numbers::widthFor(std::int32_t low, std::int32_t high) {
     if (low == high)
         return Width::Constant;

@@ -21,6 +21,8 @@ class Numbers {
     std::int32_t low() const { return m_low; }
     std::int32_t high() const { return m_high; }
 
+    /// The same numbers in memory of their own.
+    Numbers copy() const;
     std::int32_t get(std::size_t row) const;
     /// Copies `count` rows to `out`.
     void read(std::size_t first, std::size_t count, std::int32_t* out) const;

@@ -25,6 +25,8 @@ class SqliteExecutor final : public TableExecutor {
     void computeColumns(const std::string& table, std::span<const std::string> inputs,
                         std::span<const std::string> outputs, const BatchKernel& kernel) override;
     std::unique_ptr<TableHold::Backend> hold(const std::string& table) override;
+    std::unique_ptr<TableHold::Backend> holdValues(const std::string& table,
+                                                   std::span<const std::string_view> columns) override;
 
   private:
     void create(const std::string& table, const std::vector<ColumnDef>& columns);

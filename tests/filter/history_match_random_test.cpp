@@ -15,9 +15,9 @@
 namespace filter_test {
 namespace {
 
-using filter::HistoryFilter;
 using filter::matchHistory;
 using filter::matchHistoryByStatements;
+using filter::SuperFilter;
 using Texts = std::vector<std::string>;
 
 /// Draws, oldest first.
@@ -37,7 +37,7 @@ class RandomMatch {
         const history::History history = makeHistory();
         makeRows();
         const std::int64_t draws = below(4) == 0 ? below(history.Lsnum + 4) : history.Lsnum;
-        const HistoryFilter& filter = filter::kHistoryFilters[below(4)];
+        const SuperFilter& filter = filter::sixAndBlueSuperFilters()[below(4)];
         const Texts passed = run(history, filter, draws, &matchWithProgress);
         const Texts literal = run(history, filter, draws, &matchHistoryByStatements);
         ASSERT_EQ(passed.size(), literal.size());
@@ -48,13 +48,18 @@ class RandomMatch {
     int hits() const { return m_hits; }
 
   private:
-    static void matchWithProgress(const filter::Workbench& bench, const HistoryFilter& filter, std::int64_t draws) {
-        int last = 0;
-        matchHistory(bench, filter, draws, [&last](int step) {
-            EXPECT_GT(step, last);
-            EXPECT_LE(step, 64);
-            last = step;
-        });
+    struct Rising final : workspace::Progress {
+        double last = 0;
+        bool advance(double share) override {
+            EXPECT_GT(share, last);
+            EXPECT_LE(share, 1);
+            last = share;
+            return true;
+        }
+    };
+    static void matchWithProgress(const filter::Workbench& bench, const SuperFilter& filter, std::int64_t draws) {
+        Rising progress;
+        EXPECT_TRUE(matchHistory(bench, filter, draws, &progress));
     }
 
     int below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(m_random); }
@@ -105,8 +110,8 @@ class RandomMatch {
 
     int oddNumber() { return std::array{0, -5, 5, 64, 105, 1234, -1705, 99}[static_cast<std::size_t>(below(8))]; }
 
-    Texts run(const history::History& history, const HistoryFilter& filter, std::int64_t draws,
-              void (*match)(const filter::Workbench&, const HistoryFilter&, std::int64_t)) {
+    Texts run(const history::History& history, const SuperFilter& filter, std::int64_t draws,
+              void (*match)(const filter::Workbench&, const SuperFilter&, std::int64_t)) {
         ScratchFolder folder;
         sql::Engine engine({.combinations = m_executor});
         const auto db = engine.create(folder.file("a.mdb"));

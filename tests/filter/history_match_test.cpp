@@ -10,15 +10,15 @@
 namespace filter_test {
 namespace {
 
-using filter::HistoryFilter;
 using filter::matchHistory;
 using filter::matchHistoryByStatements;
+using filter::SuperFilter;
 using Ints = std::vector<int>;
 using Texts = std::vector<std::string>;
 using Bets = std::vector<std::vector<int>>;
 
-const HistoryFilter& four = filter::kHistoryFilters[0];
-const HistoryFilter& seven = filter::kHistoryFilters[3];
+const SuperFilter& four = filter::sixAndBlueSuperFilters()[0];
+const SuperFilter& seven = filter::sixAndBlueSuperFilters()[3];
 
 /// Draws, oldest first.
 history::History historyOf(const std::vector<history::Draw>& draws) {
@@ -64,7 +64,7 @@ TEST_P(HistoryMatch, EachFilterGoesByItsOwnNumber) {
                                                     {"Option26", {0, 0, -1, -1, -1}},
                                                     {"Option28", {0, 0, 0, -1, -1}},
                                                     {"Option27", {0, 0, 0, 0, -1}}};
-    for (const HistoryFilter& filter : filter::kHistoryFilters) {
+    for (const SuperFilter& filter : filter::sixAndBlueSuperFilters().first(4)) {
         sql::passOver(*table.database, "DROP TABLE [zuhe]");
         table.hold(bets);
         matchHistory(table.bench(), filter, 1);

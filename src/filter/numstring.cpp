@@ -1,0 +1,31 @@
+#include "filter/numstring.h"
+
+#include <cstdlib>
+
+namespace filter {
+
+std::string twoDigits(std::int64_t number) {
+    const std::string digits = std::to_string(std::abs(number));
+    return (number < 0 ? "-" : "") + std::string(digits.size() < 2 ? "0" : "") + digits;
+}
+
+std::string numberPattern(std::int64_t number) {
+    return "*" + twoDigits(number) + "*";
+}
+
+std::string numberList(std::span<const int> numbers) {
+    std::string list;
+    for (const int number : numbers)
+        list += (list.empty() ? "" : " ") + twoDigits(number);
+    return list;
+}
+
+std::string numstringStatement(std::string_view table, int numbers) {
+    std::string text = "format([fig1],\"00\")";
+    for (int place = 2; place <= numbers; ++place)
+        text +=
+            std::string(place < 5 ? "  " : "   ") + "& Chr(32) & format([fig" + std::to_string(place) + "],\"00\")";
+    return "UPDATE [" + std::string(table) + "] SET [Numstring]= " + text;
+}
+
+} // namespace filter
