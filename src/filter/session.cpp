@@ -102,8 +102,6 @@ struct Session::Runner {
         return outcome;
     }
 
-    template <class Other> Outcome operator()(const Other&) const { return {.view = session.m_view.inPlay()}; }
-
   private:
     /// Work that can be given up: the table, and Baoliu, are what they were then.
     template <class Work> Outcome workWhole(Work work) const {

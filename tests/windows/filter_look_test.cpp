@@ -231,7 +231,7 @@ TEST_F(FilterWindowLookTest, AHighWindowTellsTheRowOfTheFocusUnderTheTable) {
     m_window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
     QApplication::processEvents();
-    part<QLineEdit>(u"Text18(1)"_s).setFocus();
+    typeInto(kForm, u"Text18(1)"_s, u"98"_s);
     EXPECT_EQ(table.toldLines().value(0), u"蓝球"_s);
     EXPECT_EQ(table.toldLines().value(1), u"蓝球号码。"_s);
     EXPECT_TRUE(table.toldLines().value(2).startsWith(u"可能 1~16    历史 6~6    上期 6"_s));

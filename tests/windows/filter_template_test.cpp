@@ -139,23 +139,5 @@ TEST_F(GroupTemplateWindow, StandsInTheWindowsOfSixRedsWithOrWithoutABlueAlone) 
     }
 }
 
-TEST_F(GroupTemplateWindow, AWindowWithoutParametersSaysSoAndItsOtherButtonsWork) {
-    for (const FilterMember& member : kFilterMembers) {
-        m_window = std::make_unique<FilterWindow>(member, FilterContext{*m_database, m_history, 33, m_Baoliu});
-        m_window->resize(1264, 762);
-        m_window->show();
-        auto* words = m_window->findChild<QLabel*>(u"NoParameters"_s);
-        ASSERT_EQ(words != nullptr, member.catalogue().empty()) << member.form;
-        EXPECT_EQ(part<QWidget>(u"Option22"_s).isEnabled(), words == nullptr) << "it steers parameters alone";
-        EXPECT_TRUE(part<QWidget>(u"Command1"_s).isEnabled());
-        if (!words)
-            continue;
-        EXPECT_EQ(words->text(), u"这种组合的参数过滤还没有提供：可以查看、复位、反选和翻页"_s);
-        EXPECT_TRUE(words->isVisible());
-        EXPECT_FALSE(part<QWidget>(u"ParameterRows"_s).isVisible());
-        EXPECT_GE(words->height(), words->heightForWidth(words->width())) << "all of it can be read";
-    }
-}
-
 } // namespace
 } // namespace filter

@@ -74,6 +74,7 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
+    m_integrated->write(defaultState(member.catalogue()));
     toolkit::placeOver(*this, kUsefulSize.expandedTo(screen()->availableSize() * kRoomyShare));
     toolkit::keepPlace(*this, m_context.places);
     setBaoliu();

@@ -125,11 +125,16 @@ QLayout* IntegratedPage::buildTolerance() {
     auto* boxes = new QHBoxLayout;
     boxes->addSpacing(18);
     boxes->setSpacing(6);
-    boxes->addWidget(new QLabel(u"容许"_s, this));
+    const auto say = [&](const QString& name, const QString& words) {
+        auto* label = new QLabel(words, this);
+        label->setObjectName(name);
+        boxes->addWidget(label);
+    };
+    say(u"ToleranceAllows"_s, u"容许"_s);
     boxes->addWidget(m_count);
-    boxes->addWidget(new QLabel(u"个，占"_s, this));
+    say(u"ToleranceOr"_s, u"个，占"_s);
     boxes->addWidget(m_percent);
-    boxes->addWidget(new QLabel(u"%"_s, this));
+    say(u"TolerancePercent"_s, u"%"_s);
     boxes->addStretch();
     auto* both = new QVBoxLayout;
     both->addWidget(m_tolerance);

@@ -18,15 +18,16 @@ constexpr int kKindGap = 8;
 /// What stands over and under the filters of a kind.
 struct KindTexts {
     SuperKind kind;
+    const char16_t* name;
     const char16_t* heading;
     const char16_t* explains;
 };
 
 constexpr KindTexts kKinds[] = {
-    {SuperKind::History, u"历史", u"与历史某期同号够数的滤去"},
-    {SuperKind::Numbers, u"号码", u"保留：须全含；相生：全含或全无；相克：不可全含"},
-    {SuperKind::Groups, u"分组", u"与所填号码同号够数的留下或滤去"},
-    {SuperKind::Template, u"组号模板", u"与组号模板相同的组合将其过滤掉"},
+    {SuperKind::History, u"History", u"历史", u"与历史某期同号够数的滤去"},
+    {SuperKind::Numbers, u"Numbers", u"号码", u"保留：须全含；相生：全含或全无；相克：不可全含"},
+    {SuperKind::Groups, u"Groups", u"分组", u"与所填号码同号够数的留下或滤去"},
+    {SuperKind::Template, u"GroupTemplate", u"组号模板", u"与组号模板相同的组合将其过滤掉"},
 };
 
 QString text(std::string_view utf8) {
@@ -60,9 +61,10 @@ SuperPage::SuperPage(const FilterMember& member, QWidget* parent) : QWidget(pare
             delete grid;
             continue;
         }
-        say({}, &toolkit::Colours::text, QString::fromUtf16(kind.heading));
+        const QString name = QString::fromUtf16(kind.name);
+        say(name + u"Heading"_s, &toolkit::Colours::text, QString::fromUtf16(kind.heading));
         column->addLayout(grid);
-        say({}, &toolkit::Colours::quiet, QString::fromUtf16(kind.explains));
+        say(name + u"Explains"_s, &toolkit::Colours::quiet, QString::fromUtf16(kind.explains));
         column->addSpacing(kKindGap);
     }
     column->addStretch();
