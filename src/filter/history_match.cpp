@@ -23,7 +23,7 @@ class Report {
     bool givenUp() const { return m_givenUp; }
     void advance(std::int64_t done, std::int64_t all) {
         const auto step = static_cast<int>(done * kProgressSteps / std::max<std::int64_t>(all, 1));
-        if (!m_progress || m_givenUp || step == m_step)
+        if (!m_progress || m_givenUp || step <= m_step)
             return;
         m_step = step;
         m_givenUp = !m_progress->advance(static_cast<double>(step) / kProgressSteps);
