@@ -1,5 +1,6 @@
 // The super filters as steps of a session: their statements, plain loops beside them, the told corners, the words.
 #include <algorithm>
+#include <array>
 #include <numeric>
 #include <random>
 #include <utility>
@@ -11,6 +12,7 @@
 #include "filter/bench_table.h"
 #include "filter/group_template.h"
 #include "filter/session.h"
+#include "filter/super_run.h"
 #include "workspace/templates.h"
 
 namespace filter_test {
@@ -162,8 +164,9 @@ TEST_P(SuperRuns, NumberFiltersRunTheirStatements) {
 
 TEST_P(SuperRuns, GroupFiltersRunTheirStatements) {
     six.hold({{2, 5, 11, 17, 25, 33, 6}});
+    const filter::Workbench bench{*six.database, "zuhe", six.history, 33};
     const std::string hit = "UPDATE [zuhe] SET [SKnum]= [SKnum] + 1 WHERE ";
-    six.run(FilterGroups{&six.filterOf("Option35"), {5, 17}, 2, {9}});
+    filterGroupsByStatements(bench, {&six.filterOf("Option35"), {5, 17}, 2, {9}});
     EXPECT_EQ(six.takeStatements(),
               (Texts{kSnapshot, kSevenText, "UPDATE [zuhe] SET [SKnum]= 0",
                      hit + "[unslt]=false AND [NumString] LIKE \"*05*\"",
@@ -171,9 +174,8 @@ TEST_P(SuperRuns, GroupFiltersRunTheirStatements) {
                      "UPDATE [zuhe] SET [unslt]=true , [Fliter] = \"相克分组过滤  2个一组\" WHERE [unslt]=false AND "
                      "[SKnum] >= 2",
                      "UPDATE [zuhe] SET [unslt]=false , [Fliter] = \" \" WHERE [unslt]=true AND [NumString] NOT LIKE "
-                     "\"*09*\"",
-                     kView}));
-    six.run(FilterGroups{&six.filterOf("Option44"), {5, 17}, 2, {9, 11}});
+                     "\"*09*\""}));
+    filterGroupsByStatements(bench, {&six.filterOf("Option44"), {5, 17}, 2, {9, 11}});
     EXPECT_EQ(
         six.takeStatements(),
         (Texts{kSnapshot,
@@ -184,8 +186,52 @@ TEST_P(SuperRuns, GroupFiltersRunTheirStatements) {
                "UPDATE [zuhe] SET [unslt]=True , [Fliter] = \"保留分组过滤  2胆\" WHERE [unslt]=true AND "
                "[NumString] NOT LIKE \"*09*\"",
                "UPDATE [zuhe] SET [unslt]=True , [Fliter] = \"保留分组过滤  2胆\" WHERE [unslt]=true AND "
-               "[NumString] NOT LIKE \"*11*\"",
-               kView}));
+               "[NumString] NOT LIKE \"*11*\""}));
+}
+
+/// Odd tables too: a Null, a number of three digits, a missing column.
+TEST_P(SuperRuns, GroupFiltersCountInOnePassAsTheStatementsDo) {
+    std::mt19937 random(environmentNumber("SSQ_SEED", 562));
+    const auto below = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    std::size_t counted = 0;
+    for (int turn = 0; turn < 40; ++turn) {
+        Family family(GetParam(), std::array{"GAgan", "GAganR", "GAganf"}[static_cast<std::size_t>(turn % 3)]);
+        family.holdRandom(random, 40);
+        const filter::Workbench bench{*family.database,   family.member.table, family.history, 33,
+                                      family.member.reds, family.member.blue};
+        filter::addSuperColumns(bench);
+        const std::string update = "UPDATE [" + family.name() + "] SET ";
+        family.database->execute(update + "[unslt]=true WHERE [idx] mod 3 = 1");
+        const auto former = family.everything();
+        const Texts odd{"[fig2]=Null WHERE [idx] mod 5 = 0", "[fig6]=105 WHERE [idx] mod 4 = 0",
+                        "[fig1]=-7 WHERE [idx] mod 4 = 1", "[fig3]=64 WHERE [idx] > 9"};
+        const std::string spoil = below(2) == 0 ? "" : update + odd[static_cast<std::size_t>(below(4))];
+        const bool lacks = below(8) == 0;
+        Ints numbers;
+        for (int number = 0; number < 1 + below(9); ++number)
+            numbers.push_back(below(12) == 0 ? 64 : 1 + below(15)); // now and then one twice
+        const auto filters = superFiltersOf(family.member);
+        const auto& filter = *std::ranges::find_if(filters, [keeps = below(2) == 0](const SuperFilter& filter) {
+            return filter.kind == SuperKind::Groups && filter.keeps == keeps;
+        });
+        std::vector<Texts> results;
+        for (const auto run : {&filter::filterGroups, &filter::filterGroupsByStatements}) {
+            family.hold(family.bets());
+            filter::addSuperColumns(bench);
+            family.database->execute(update + "[unslt]=true WHERE [idx] mod 3 = 1");
+            ASSERT_EQ(family.everything(), former);
+            if (!spoil.empty())
+                family.database->execute(spoil);
+            if (lacks)
+                family.database->execute("ALTER TABLE [" + family.name() + "] DROP COLUMN [Numstring]");
+            run(bench, {&filter, numbers, 1 + turn % 3, {3}});
+            results.push_back(family.everything());
+            if (!lacks)
+                counted += static_cast<std::size_t>(std::ranges::count(family.texts("SKnum"), "2"));
+        }
+        ASSERT_EQ(results[0], results[1]) << turn << " " << spoil;
+    }
+    EXPECT_GT(counted, 100U);
 }
 
 TEST_P(SuperRuns, SixRedsAreSearchedWithoutABlueAndSevenRedsAddTheirColumnsFirst) {
