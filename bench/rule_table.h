@@ -46,9 +46,9 @@ class RuleTable {
     filter::ResultView view() { return {*m_database, member()}; }
     filter::Workbench workbench() { return {*m_database, member().table, m_history, kReds}; }
 
-  private:
     static const filter::FilterMember& member() { return filter::kFilterMembers[0]; }
 
+  private:
     sql::Executor m_executor;
     int m_blues;
     std::filesystem::path m_folder;

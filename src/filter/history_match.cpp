@@ -23,7 +23,7 @@ class Report {
     bool givenUp() const { return m_givenUp; }
     void advance(std::int64_t done, std::int64_t all) {
         const auto step = static_cast<int>(done * kProgressSteps / std::max<std::int64_t>(all, 1));
-        if (!m_progress || m_givenUp || step == m_step)
+        if (!m_progress || m_givenUp || step <= m_step)
             return;
         m_step = step;
         m_givenUp = !m_progress->advance(static_cast<double>(step) / kProgressSteps);
@@ -110,18 +110,6 @@ std::vector<history::Draw> Search::regularDraws() const {
     return draws;
 }
 
-/// The two-digit numbers that the text of a red holds: 5 is "05", 123 is "123" and holds 12 and 23.
-NumberMask numbersIn(std::int32_t red) {
-    NumberMask numbers = 0;
-    std::int64_t rest = red < 0 ? -std::int64_t{red} : red;
-    do {
-        if (rest % 100 < 64)
-            numbers |= NumberMask{1} << (rest % 100);
-        rest /= 10;
-    } while (rest >= 10);
-    return numbers;
-}
-
 /// The pass: inputs are the reds, the state and the blue (when the table has one); outputs canshu, JSqihao and SKnum.
 class MatchPass {
   public:
@@ -156,7 +144,7 @@ void MatchPass::turnTo(const sql::RowBatch& batch, std::size_t row) {
         return;
     NumberMask numbers = 0;
     for (const std::int32_t red : m_reds)
-        numbers |= red >= 0 && red < 64 ? NumberMask{1} << red : numbersIn(red);
+        numbers |= numbersInText(red);
     m_bits.match(numbers);
     m_matched = true;
 }
@@ -185,20 +173,10 @@ void MatchPass::operator()(const sql::RowBatch& batch) {
     m_report.advance(m_rowsDone, m_rows);
 }
 
-bool hasColumn(const std::vector<std::string>& columns, std::string_view wanted) {
-    const auto lower = [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    };
-    return std::ranges::any_of(
-        columns, [&](const std::string& name) { return std::ranges::equal(name, wanted, {}, lower, lower); });
-}
-
 std::int64_t Search::runPass(Report& report) const {
     const std::vector<history::Draw> draws = regularDraws();
     sql::Database& database = m_bench.database;
-    std::vector<std::string> columns;
-    quietly([&] { columns = database.columnNames(m_bench.table); });
-    if (draws.empty() || !hasColumn(columns, "Numstring"))
+    if (draws.empty() || !hasNumstring(database, m_bench.table))
         return 0;
     std::vector<std::string> inputs;
     for (int red = 1; red <= m_bench.reds; ++red)

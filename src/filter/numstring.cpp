@@ -1,6 +1,9 @@
 #include "filter/numstring.h"
 
+#include <algorithm>
 #include <cstdlib>
+
+#include "filter/quiet.h"
 
 namespace filter {
 
@@ -26,6 +29,28 @@ std::string numstringStatement(std::string_view table, int numbers) {
         text +=
             std::string(place < 5 ? "  " : "   ") + "& Chr(32) & format([fig" + std::to_string(place) + "],\"00\")";
     return "UPDATE [" + std::string(table) + "] SET [Numstring]= " + text;
+}
+
+bool hasNumstring(const sql::Database& database, std::string_view table) {
+    constexpr std::string_view kLower = "numstring";
+    const auto lower = [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    };
+    std::vector<std::string> columns;
+    quietly([&] { columns = database.columnNames(table); });
+    return std::ranges::any_of(columns,
+                               [&](const std::string& name) { return std::ranges::equal(name, kLower, {}, lower); });
+}
+
+std::uint64_t slowNumbersInText(std::int32_t number) {
+    std::uint64_t numbers = 0;
+    std::int64_t rest = std::abs(std::int64_t{number});
+    do {
+        if (rest % 100 < 64)
+            numbers |= std::uint64_t{1} << (rest % 100);
+        rest /= 10;
+    } while (rest >= 10);
+    return numbers;
 }
 
 } // namespace filter

@@ -19,7 +19,10 @@ void filterNumbers(const Workbench& bench, const SuperFilter& filter, std::span<
 
 /// 相克分组: bets with so many of the numbers go; then every bet that is out and lacks a banker comes back, whatever
 /// took it out. 保留分组: bets with fewer go; bankers change only the reason of bets that are out. Both deliberate.
+/// The hits are counted in one pass, where one can tell them; every column is left as the statements leave it.
 void filterGroups(const Workbench& bench, const FilterGroups& groups);
+/// The same with a statement for each number: what the pass is tested against.
+void filterGroupsByStatements(const Workbench& bench, const FilterGroups& groups);
 
 /// Adds the columns that super filters use and the table of seven reds lacks.
 void addSuperColumns(const Workbench& bench);

@@ -19,6 +19,19 @@ ValueSet runSubselect(const Select& select, const QueryTools& tools) {
     return valueSet(gather(*opened.items()[0], chosen, context, tools.batchRows), pool);
 }
 
+std::optional<NumberKeys> runSubselectOfNumbers(const Select& select, const TextRecipe& recipe,
+                                                const QueryTools& tools) {
+    const std::shared_ptr<ColumnTable> table = tools.lookup(select.from);
+    const OpenedItems opened(select, table->shape());
+    const Expr& item = *opened.items()[0];
+    if (item.kind != ExprKind::Column)
+        return std::nullopt;
+    const std::shared_ptr<const TextRecipe> other = table->columns[static_cast<std::size_t>(item.column)].recipe;
+    if (!other || !sameNumbersSameText(recipe, *other))
+        return std::nullopt;
+    return NumberKeys::of(*table, *other, chosenRows(*table, select.where.get(), tools));
+}
+
 using Keys = std::vector<double>;
 
 /// Sort keys of every item of the list, `*` opened up.
@@ -86,7 +99,11 @@ void sortPlaces(const Select& select, const std::vector<Keys>& keys, std::vector
 } // namespace
 
 PlanContext planContext(ColumnTable& table, TextPool& pool, const QueryTools& tools) {
-    return {table, pool, [tools](const Select& select) { return runSubselect(select, tools); }, tools.evaluations};
+    return {table, pool, [tools](const Select& select) { return runSubselect(select, tools); },
+            [tools](const Select& select, const TextRecipe& recipe) {
+                return runSubselectOfNumbers(select, recipe, tools);
+            },
+            tools.evaluations};
 }
 
 Bitmap chosenRows(ColumnTable& table, const Expr* where, const QueryTools& tools) {

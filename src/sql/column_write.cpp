@@ -5,6 +5,7 @@
 
 #include "base/number_text.h"
 #include "sql/scalar.h"
+#include "sql/text_recipe.h"
 
 namespace sql {
 
@@ -18,9 +19,22 @@ Range limitsOf(ColumnType type) {
 
 ColumnWriter::ColumnWriter(ColumnTable& table, int place, const Expr& value, PlanContext& context, bool whole)
     : m_table(table), m_place(static_cast<std::size_t>(place)), m_type(column().def.type), m_whole(whole),
-      m_pool(context.pool),
-      m_planned(m_type == ColumnType::Text ? planAsText(value, context) : plan(value, context)) {
+      m_pool(context.pool) {
+    planValue(value, context);
     prepareRoom();
+}
+
+void ColumnWriter::planValue(const Expr& value, PlanContext& context) {
+    if (m_type != ColumnType::Text) {
+        m_planned = plan(value, context);
+        return;
+    }
+    const int place = static_cast<int>(m_place);
+    std::optional<TextRecipe> tail = m_whole ? std::nullopt : appendedTo(place, value, m_table);
+    if (tail && TextAppend::isSingle(*tail))
+        m_append.emplace(m_table, place, std::move(*tail));
+    else
+        m_planned = planAsText(value, context);
 }
 
 void ColumnWriter::prepareRoom() {
@@ -44,6 +58,8 @@ void ColumnWriter::prepareRoom() {
 }
 
 void ColumnWriter::evaluate(const Batch& batch) {
+    if (m_append)
+        return m_append->read(batch.first, batch.count);
     if (m_type == ColumnType::Bit)
         return m_planned.node->select(batch, m_truth);
     m_vec = m_planned.node->values(batch);
@@ -81,6 +97,8 @@ void ColumnWriter::coverNulls(const Batch& batch) {
 }
 
 void ColumnWriter::write(const Batch& batch, const std::uint64_t* mask) {
+    if (m_append)
+        return writeAppended(batch, mask);
     if (m_type == ColumnType::Bit)
         column().bits.write(batch.first, batch.count, m_truth.yes.data(), mask);
     else if (m_type == ColumnType::Real)
@@ -117,6 +135,14 @@ void ColumnWriter::writeTexts(const Batch& batch, const std::uint64_t* mask) {
     });
     codes.makeRoom(0, std::max<std::int32_t>(static_cast<std::int32_t>(m_dictionary->size()) - 1, 0));
     codes.write(batch.first, batch.count, out, m_whole ? nullptr : mask);
+}
+
+void ColumnWriter::writeAppended(const Batch& batch, const std::uint64_t* mask) {
+    std::int32_t* codes = m_buffer->ints.data();
+    column().numbers.makeRoom(0, m_append->append(*m_dictionary, mask, batch.count, codes));
+    column().numbers.write(batch.first, batch.count, codes, mask);
+    column().nulls.write(batch.first, batch.count, nullptr, mask, m_table.rows);
+    column().markDirty(batch.first, batch.count);
 }
 
 void ColumnWriter::writeNulls(const Batch& batch, const std::uint64_t* mask) {

@@ -1,7 +1,10 @@
 // Writing the values of a batch into a column: conversion to the column's type, room, Null, dictionary, dirty chunks.
 #pragma once
 
+#include <optional>
+
 #include "sql/plan.h"
+#include "sql/text_append.h"
 
 namespace sql {
 
@@ -19,6 +22,8 @@ class ColumnWriter {
 
   private:
     void prepareRoom();
+    void planValue(const Expr& value, PlanContext& context);
+    void writeAppended(const Batch& batch, const std::uint64_t* mask);
     void toInts(const Batch& batch);
     void coverNulls(const Batch& batch);
     void writeTexts(const Batch& batch, const std::uint64_t* mask);
@@ -31,7 +36,8 @@ class ColumnWriter {
     ColumnType m_type;
     bool m_whole;
     TextPool& m_pool;
-    Planned m_planned;
+    std::optional<TextAppend> m_append; // in place of m_planned
+    Planned m_planned{};
     Vec m_vec;
     Truth m_truth;   // of a Bit
     Numbers m_fresh; // of a column that is made anew

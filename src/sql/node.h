@@ -10,6 +10,7 @@
 #include <unordered_set>
 
 #include "sql/batch.h"
+#include "sql/number_keys.h"
 #include "sql/tree.h"
 
 namespace sql {
@@ -101,7 +102,8 @@ NodePtr memberNode(Planned operand, ValueSet set, bool negated, TextPool& pool);
 /// LIKE over a text of two-digit numbers with blanks between them, answered from the numbers: the row holds when
 /// these numbers stand in it in this order.
 NodePtr numbersInOrderNode(std::vector<int> columns, std::vector<std::int32_t> wanted, bool negated);
-/// IN over a text that is put together from other columns.
+/// IN over a text that is put together from other columns: among texts that are put together alike, and among any.
+NodePtr numbersMemberNode(std::vector<int> columns, NumberKeys keys, bool negated);
 NodePtr recipeMemberNode(std::shared_ptr<const TextRecipe> recipe, ValueSet set, bool negated);
 
 // Helpers for nodes.

@@ -61,6 +61,26 @@ class NumbersInOrderNode final : public FlagNode {
     std::array<std::uint8_t, kBatchLimit> m_hit;
 };
 
+class NumbersMemberNode final : public FlagNode {
+  public:
+    NumbersMemberNode(std::vector<int> columns, NumberKeys keys, bool negated)
+        : m_columns(std::move(columns)), m_keys(std::move(keys)), m_negated(negated) {}
+
+    Flags flags(const Batch& batch) override {
+        m_keys.find(*batch.table, m_columns, batch.first, batch.count, m_flags.data());
+        if (m_negated)
+            for (std::size_t row = 0; row < batch.count; ++row)
+                m_flags[row] ^= 1;
+        return {m_flags.data(), nullptr};
+    }
+
+  private:
+    std::vector<int> m_columns;
+    NumberKeys m_keys;
+    bool m_negated;
+    std::array<std::uint8_t, kBatchLimit> m_flags;
+};
+
 class RecipeMemberNode final : public FlagNode {
   public:
     RecipeMemberNode(std::shared_ptr<const TextRecipe> recipe, ValueSet set, bool negated)
@@ -92,6 +112,10 @@ class RecipeMemberNode final : public FlagNode {
 
 NodePtr numbersInOrderNode(std::vector<int> columns, std::vector<std::int32_t> wanted, bool negated) {
     return std::make_unique<NumbersInOrderNode>(std::move(columns), std::move(wanted), negated);
+}
+
+NodePtr numbersMemberNode(std::vector<int> columns, NumberKeys keys, bool negated) {
+    return std::make_unique<NumbersMemberNode>(std::move(columns), std::move(keys), negated);
 }
 
 NodePtr recipeMemberNode(std::shared_ptr<const TextRecipe> recipe, ValueSet set, bool negated) {

@@ -144,9 +144,7 @@ class Planner {
             return like(expr);
         case ExprKind::InSelect:
             if (const auto recipe = recipeOf(*expr.args[0]))
-                return {recipeMemberNode(recipe, m_context.runSubselect(*expr.subquery), expr.negated),
-                        Storage::Ints,
-                        {-1, 0}};
+                return {recipeMember(recipe, expr), Storage::Ints, {-1, 0}};
             return {
                 memberNode(plan(*expr.args[0]), m_context.runSubselect(*expr.subquery), expr.negated, m_context.pool),
                 Storage::Ints,
@@ -159,6 +157,12 @@ class Planner {
     /// The recipe of a text column that has one.
     std::shared_ptr<const TextRecipe> recipeOf(const Expr& expr) const {
         return expr.kind == ExprKind::Column ? columnAt(expr.column).recipe : nullptr;
+    }
+
+    NodePtr recipeMember(const std::shared_ptr<const TextRecipe>& recipe, const Expr& expr) {
+        if (auto keys = m_context.runSubselectOfNumbers(*expr.subquery, *recipe))
+            return numbersMemberNode(columnsOf(*recipe), std::move(*keys), expr.negated);
+        return recipeMemberNode(recipe, m_context.runSubselect(*expr.subquery), expr.negated);
     }
 
     Planned like(const Expr& expr) {

@@ -43,12 +43,24 @@ class Collector {
         return false;
     }
 
+    /// What is joined behind the column of this place.
+    bool takeBehind(int place, const Expr& expr) {
+        if (expr.kind == ExprKind::Column)
+            return expr.column == place;
+        return expr.kind == ExprKind::Binary && expr.binary == BinaryOp::Join && takeBehind(place, *expr.args[0]) &&
+               take(*expr.args[1]);
+    }
+
     std::optional<TextRecipe> finish() {
         std::size_t longest = m_literal.size();
         for (const TextRecipe::Part& part : m_recipe.parts)
             longest += longestText(part);
         if (m_recipe.parts.empty() || longest > kTextLimit)
             return std::nullopt;
+        return finishAny();
+    }
+    /// However long, and if it is but a text.
+    TextRecipe finishAny() {
         if (!m_literal.empty())
             m_recipe.parts.push_back({std::move(m_literal), -1, 0, 0});
         return std::move(m_recipe);
@@ -66,6 +78,8 @@ class Collector {
     std::string m_literal;
 };
 
+} // namespace
+
 void appendNumber(std::int32_t number, std::size_t digits, std::string& out) {
     char buffer[16];
     const std::int64_t size = number < 0 ? -std::int64_t{number} : number;
@@ -78,8 +92,6 @@ void appendNumber(std::int32_t number, std::size_t digits, std::string& out) {
     out.append(buffer, length);
 }
 
-} // namespace
-
 std::size_t longestText(const TextRecipe::Part& part) {
     const bool hasNumber = part.column >= 0 || part.field != 0;
     return part.literal.size() + (hasNumber ? std::max<std::size_t>(part.digits + 1U, kLongestNumber) : 0);
@@ -88,6 +100,13 @@ std::size_t longestText(const TextRecipe::Part& part) {
 std::optional<TextRecipe> recipeFor(const Expr& expr, const ColumnTable& table) {
     Collector collector(table);
     return expr.type == ExprType::Text && collector.take(expr) ? collector.finish() : std::nullopt;
+}
+
+std::optional<TextRecipe> appendedTo(int place, const Expr& expr, const ColumnTable& table) {
+    Collector collector(table);
+    if (expr.kind != ExprKind::Binary || !collector.takeBehind(place, expr))
+        return std::nullopt;
+    return collector.finishAny();
 }
 
 void composeText(const ColumnTable& table, const TextRecipe& recipe, std::size_t row, std::string& out) {

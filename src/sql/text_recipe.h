@@ -17,12 +17,18 @@
 
 namespace sql {
 
+/// The number in decimal, with zeros in front up to so many digits.
+void appendNumber(std::int32_t number, std::size_t digits, std::string& out);
+
 /// The most bytes that a part can add to a text.
 std::size_t longestText(const TextRecipe::Part& part);
 
 /// The recipe that a bound expression is for this table, when it is one: texts, `Chr` and `format` of constants and
 /// of whole-number columns without Nulls, joined. Nothing when it could be longer than a text column holds.
 std::optional<TextRecipe> recipeFor(const Expr& expr, const ColumnTable& table);
+
+/// The same of what is appended, where a bound expression appends to the text of a column: "[Fliter] & " 保留" & …".
+std::optional<TextRecipe> appendedTo(int place, const Expr& expr, const ColumnTable& table);
 
 std::string composedText(const ColumnTable& table, const TextRecipe& recipe, std::size_t row);
 /// The same into a buffer, which is cleared first.
