@@ -121,6 +121,8 @@ TEST_F(FilterPages, TheToleranceBoxesFollowEachOther) {
 }
 
 TEST_F(FilterPages, LeavingTheCountWithoutTicksIsToldAndChangesNothing) {
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
     typeInto(kForm, u"TxtRc(0)"_s, u"3"_s);
     controlAs<QLineEdit>(*m_window, u"Text1"_s)->setFocus();
     EXPECT_EQ(textOf(u"TxtRc(1)"_s), u"10"_s);
@@ -198,6 +200,98 @@ TEST_F(FilterPages, AReplayLeavesTheSurvivorsThatPressingByHandLeaves) {
     EXPECT_TRUE(controlAs<QCheckBox>(*m_window, u"Check1(3)"_s)->isChecked());
     EXPECT_EQ(words(), QString());
     EXPECT_EQ(steps(), 2) << "a replay records nothing";
+}
+
+/// A control whose press a template can record, and what its questions are answered with.
+struct Recordable {
+    QString control;
+    std::vector<QString> answers{};
+    Page page = kSuper;
+};
+const std::vector<Recordable> kRecordables{
+    {u"Option29"_s, {}, kIntegrated},
+    {u"Option25(1)"_s, {u"2"_s, u"3"_s, u"4"_s}},
+    {u"Option25(2)"_s, {u"1"_s, u"2"_s}},
+    {u"Option25(0)"_s, {u"3"_s, u"1"_s, u"6"_s, u"9"_s}},
+    {u"Option35"_s, {u"5"_s, u"5"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"7"_s, u"0"_s}},
+    {u"Option44"_s, {u"3"_s, u"1"_s, u"6"_s, u"7"_s, u"9"_s, u"0"_s}},
+    {u"Option27"_s, {u"1"_s}},
+    {u"Option28"_s, {u"1"_s}},
+    {u"Option26"_s, {u"1"_s}},
+    {u"Optio37"_s, {u"1"_s}},
+    {u"Option43"_s},
+    {u"Command3"_s, {}, kIntegrated},
+    {u"Command2"_s, {}, kIntegrated},
+};
+
+class WholeTemplate : public FilterPages {
+  protected:
+    /// Each control once, with left presses that run or right presses that record.
+    void pressAll(bool recording) {
+        for (const Recordable& each : kRecordables) {
+            SCOPED_TRACE(each.control.toStdString());
+            choose(each.page);
+            std::vector<test_support::ModalStep> answers;
+            for (const QString& text : each.answers)
+                answers.push_back({u"InputBox"_s, type(text)});
+            ModalScript script(std::move(answers));
+            if (recording)
+                record(each.control);
+            else
+                press(kForm, each.control);
+        }
+    }
+    void setUp() {
+        typeInto(kForm, u"Text5(0)"_s, u"3"_s);
+        tick(3);
+    }
+    /// A new window on the same file, as after a restart; the table is made anew.
+    void restart() {
+        m_window.reset();
+        m_database->store();
+        m_database.reset();
+        m_database = m_engine.open(m_home.folder() / "filnum.mdb");
+        m_database->setListener([this](std::string_view text) { m_statements.push_back(std::string(text)); });
+        m_window =
+            std::make_unique<FilterWindow>(kFilterMembers[0], FilterContext{*m_database, m_history, 33, m_Baoliu});
+        generate(7, {3, 9});
+        m_window->show();
+    }
+    std::vector<std::string> updates() {
+        std::vector<std::string> all;
+        for (const std::string& statement : std::exchange(m_statements, {}))
+            if (statement.starts_with("UPDATE [zuhe]"))
+                all.push_back(statement);
+        return all;
+    }
+    std::string inPlay() {
+        const sql::Rows rows = m_database->query("SELECT [idx],[unslt],[preunslt] FROM [zuhe]");
+        std::string all;
+        for (std::int64_t row = 0; row < rows.count(); ++row)
+            all +=
+                rows.textAt(row, 0) + (rows.integerAt(row, 1) ? "-" : "+") + (rows.integerAt(row, 2) ? "- " : "+ ");
+        return all;
+    }
+};
+
+TEST_F(WholeTemplate, ReplayedAfterARestartItDoesWhatTheHandsDid) {
+    setUp();
+    pressAll(true);
+    EXPECT_EQ(updates(), std::vector<std::string>()) << "right presses run nothing";
+    EXPECT_EQ(steps(), static_cast<int>(kRecordables.size()));
+    restart();
+    setUp();
+    pressAll(false);
+    const std::vector<std::string> byHand = updates();
+    const std::string left = inPlay();
+    EXPECT_GT(byHand.size(), 30U);
+    EXPECT_NE(left.find('+'), std::string::npos);
+    restart();
+    choose(kTemplate);
+    press(kForm, u"Command9"_s);
+    EXPECT_EQ(updates(), byHand);
+    EXPECT_EQ(inPlay(), left);
+    EXPECT_EQ(steps(), static_cast<int>(kRecordables.size()));
 }
 
 TEST_F(FilterPages, BrowsingShowsAStepAndRunsNothing) {

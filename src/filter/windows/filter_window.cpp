@@ -289,8 +289,11 @@ void FilterWindow::press(const Parameter& parameter) {
 
 Outcome FilterWindow::run(const Step& step) {
     const toolkit::BusyCursor busy;
-    Outcome outcome = m_session.run(step, state());
+    const auto progress = toolkit::DialogBoxes(this).progress(u"正在过滤；取消后组合和原来一样"_s);
+    Outcome outcome = m_session.run(step, state(), progress.get());
     showOutcome(outcome);
+    if (outcome.cancelled)
+        setNotice(u"已取消，组合和原来一样"_s);
     scheduleStore();
     return outcome;
 }

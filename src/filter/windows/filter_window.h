@@ -90,7 +90,7 @@ class FilterWindow : public QDialog, private FilterControls {
 
     WindowState state() const override;
     void write(const WindowState& state) override;
-    void runStep(const Step& step) override { run(step); }
+    bool runStep(const Step& step) override { return !run(step).cancelled; }
     void tellWithUndo(const QString& text, const QString& action, std::function<void()> undo) override;
 
     void showPast(const Parameter& parameter, const WindowState& state);

@@ -32,8 +32,10 @@ bool isTicked(const QCheckBox* box) {
     return box && box->isChecked();
 }
 void fill(QLineEdit* box, const std::string& content) {
-    if (box)
-        box->setText(QString::fromStdString(content));
+    if (!box)
+        return;
+    box->setText(QString::fromStdString(content));
+    box->setCursorPosition(0); // of a long list the beginning is seen
 }
 void tick(QCheckBox* box, bool on) {
     if (box)

@@ -79,7 +79,8 @@ void TemplateControl::replay() {
             restore(step, m_member.catalogue(), state);
             m_controls.write(state);
         }
-        m_controls.runStep(stepOf(step, superFiltersOf(m_member)));
+        if (!m_controls.runStep(stepOf(step, superFiltersOf(m_member))))
+            break;
     }
 }
 

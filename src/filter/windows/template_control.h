@@ -25,7 +25,8 @@ class FilterControls {
     virtual ~FilterControls() = default;
     virtual WindowState state() const = 0;
     virtual void write(const WindowState& state) = 0;
-    virtual void runStep(const Step& step) = 0;
+    /// \return false when the user gave the step up
+    virtual bool runStep(const Step& step) = 0;
     /// Tells at the top of the window; `undo` is done when its button is pressed.
     virtual void tellWithUndo(const QString& text, const QString& action, std::function<void()> undo) = 0;
 };
