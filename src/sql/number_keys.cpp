@@ -52,11 +52,13 @@ std::optional<NumberKeys> NumberKeys::of(const ColumnTable& table, const TextRec
     NumberKeys keys;
     unsigned shift = 0;
     const std::vector<int> columns = columnsOf(recipe);
-    for (const int column : columns) {
-        const Numbers& numbers = table.columns[static_cast<std::size_t>(column)].numbers;
+    keys.m_fields.resize(columns.size());
+    for (std::size_t place = columns.size();
+         place-- > 0;) { // the first number highest: keys in the order of the rows
+        const Numbers& numbers = table.columns[static_cast<std::size_t>(columns[place])].numbers;
         const std::uint32_t span =
             static_cast<std::uint32_t>(numbers.high()) - static_cast<std::uint32_t>(numbers.low());
-        keys.m_fields.push_back({numbers.low(), span, shift});
+        keys.m_fields[place] = {numbers.low(), span, shift};
         shift += static_cast<unsigned>(std::bit_width(span));
         if (shift >= kBitsOfKey)
             return std::nullopt;
