@@ -219,7 +219,9 @@ void ParameterTable::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     paintFrame(painter, *this);
     paintTitle(painter, *this, u"按下名称即过滤"_s);
-    paintHeads(painter, *this, m_rows->columns(), m_lists);
+    const bool parities = std::ranges::any_of(
+        m_rows->rows(), [](const TableRow& row) { return row.odd != nullptr || row.above != nullptr; });
+    paintHeads(painter, *this, m_rows->columns(), {m_lists, parities, m_allPeriods != nullptr});
     if (stripHeight() > 0)
         paintStrip(painter, *this, toldLines());
 }

@@ -74,7 +74,7 @@ void paintTitle(QPainter& painter, const QWidget& table, const QString& advice) 
                      Qt::AlignLeft | Qt::AlignVCenter, advice);
 }
 
-void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& at, bool lists) {
+void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& at, const HeadsShown& shown) {
     const toolkit::Colours& look = toolkit::colours(table.palette());
     painter.fillRect(QRect(1, kTitleHeight, table.width() - 2, kHeadHeight), look.head);
     painter.setPen(look.text);
@@ -86,15 +86,17 @@ void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& at,
     };
     head(at.band.left + 9, at.name.left, Qt::AlignLeft, u"勾选"_s);
     head(at.name.left + 7, at.low.left, Qt::AlignLeft, u"参数"_s);
-    if (lists) {
+    if (shown.lists) {
         over(at.count, u"个数"_s);
         head(at.list.left + 4, at.period.left, Qt::AlignLeft, u"最值表"_s);
     } else {
         over(at.low, u"下限"_s);
         over(at.high, u"上限"_s);
-        head(at.odd.left, at.period.left, Qt::AlignLeft, u"奇偶/区间"_s);
+        if (shown.parities)
+            head(at.odd.left, at.period.left, Qt::AlignLeft, u"奇偶/区间"_s);
     }
-    head(at.period.left + 2, at.last.left, Qt::AlignLeft, u"检索期数"_s);
+    if (shown.periods)
+        head(at.period.left + 2, at.last.left, Qt::AlignLeft, u"检索期数"_s);
     over(at.last, u"上期"_s);
     if (at.share.width > 0)
         head(at.share.left, at.share.left + at.share.width, Qt::AlignLeft, u"历史占比"_s);

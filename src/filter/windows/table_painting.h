@@ -20,8 +20,13 @@ QStringList describe(const TableRow& row);
 void paintFrame(QPainter& painter, const QWidget& table);
 /// \param advice  stands beside the title
 void paintTitle(QPainter& painter, const QWidget& table, const QString& advice);
-/// \param lists  whether lists stand in the place of ranges
-void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& columns, bool lists);
+/// Which headings there are.
+struct HeadsShown {
+    bool lists;    ///< lists stand in the place of ranges
+    bool parities; ///< some row has marks or an interval beside its range
+    bool periods;  ///< rows have periods
+};
+void paintHeads(QPainter& painter, const QWidget& table, const ColumnPlaces& columns, const HeadsShown& shown);
 /// \param told  a caption and what follows it, then further lines; the caption alone is a hint
 void paintStrip(QPainter& painter, const QWidget& table, const QStringList& told);
 
