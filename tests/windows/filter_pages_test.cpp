@@ -9,6 +9,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
+#include <filesystem>
+
 #include <gtest/gtest.h>
 
 #include "filter/windows/row_controls.h"
@@ -345,6 +348,45 @@ TEST_F(FilterPages, ClearingTheTemplateCanBeTakenBack) {
     EXPECT_FALSE(m_window->findChild<QAbstractButton*>(u"Command9"_s)->isEnabled());
     press(kForm, u"NoticeAction"_s);
     EXPECT_EQ(steps(), 2);
+}
+
+TEST_F(FilterPages, TheExportIsWrittenIntoTheFolderAndTheFormerOneKept) {
+    const std::filesystem::path folder = m_home.folder() / "程序";
+    std::filesystem::create_directory(folder);
+    FilterContext context{*m_database, m_history, 33, m_Baoliu};
+    context.folder = folder;
+    m_window = std::make_unique<FilterWindow>(kFilterMembers[0], context);
+    generate(7, {3, 9});
+    m_window->show();
+    tick(3);
+    for (int time = 0; time < 2; ++time) {
+        // Nothing opens a workbook here.
+        ModalScript script({{u"MsgBox"_s, answer(u"您的电脑没有安装Microsoft Excel表格软件，多参数列表无法显示"_s,
+                                                 u"列表显示错误"_s, QMessageBox::Ok)}});
+        press(kForm, u"Option143"_s);
+    }
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        names.push_back(entry.path().filename().string());
+    std::ranges::sort(names);
+    ASSERT_EQ(names.size(), 2U);
+    EXPECT_TRUE(names[0].starts_with("Zuhe 保存 "));
+    EXPECT_EQ(names[1], "Zuhe.xlsx");
+    EXPECT_GT(std::filesystem::file_size(folder / "Zuhe.xlsx"), 1000U);
+}
+
+TEST_F(FilterPages, AnExportThatCannotBeWrittenIsToldAndChangesNothing) {
+    FilterContext context{*m_database, m_history, 33, m_Baoliu};
+    context.folder = m_home.folder() / "没有";
+    m_window = std::make_unique<FilterWindow>(kFilterMembers[0], context);
+    generate(7, {3, 9});
+    m_window->show();
+    ModalScript script({{u"MsgBox"_s, [](QWidget& box) {
+                             EXPECT_TRUE(static_cast<QMessageBox&>(box).text().startsWith(u"没有导出到"_s));
+                             test_support::answer({})(box);
+                         }}});
+    press(kForm, u"Option143"_s);
+    EXPECT_EQ(shown(), 14);
 }
 
 TEST_F(FilterPages, ASettingIsSavedAndCalledBack) {

@@ -1,12 +1,12 @@
 #include "filter/windows/integrated_page.h"
 
 #include <QEvent>
-#include <QPainter>
 #include <QVBoxLayout>
 
 #include "filter/tolerance.h"
 #include "filter/windows/row_controls.h"
 #include "toolkit/ink_label.h"
+#include "toolkit/told_label.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,29 +19,6 @@ QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
 
-/// A sentence on a quiet ground, its lines broken.
-class Sentence final : public QLabel {
-  public:
-    explicit Sentence(QWidget* parent) : QLabel(parent) {
-        setObjectName(u"IntegratedSentence"_s);
-        setWordWrap(true);
-        setMargin(6);
-    }
-
-  protected:
-    void paintEvent(QPaintEvent* event) override {
-        {
-            QPainter painter(this);
-            painter.setRenderHint(QPainter::Antialiasing);
-            const toolkit::Colours& look = toolkit::colours(palette());
-            painter.setPen(look.line);
-            painter.setBrush(look.head);
-            painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-        }
-        QLabel::paintEvent(event);
-    }
-};
-
 /// What the row of a ticked parameter is compared with.
 QString comparedWith(const Parameter& parameter, const WindowState& state) {
     const RowState& row = state.row(parameter);
@@ -53,7 +30,7 @@ QString comparedWith(const Parameter& parameter, const WindowState& state) {
 } // namespace
 
 IntegratedPage::IntegratedPage(const FilterMember& member, QWidget* parent)
-    : QWidget(parent), m_member(member), m_sentence(new Sentence(this)),
+    : QWidget(parent), m_member(member), m_sentence(new toolkit::ToldLabel(u"IntegratedSentence"_s, 1, this)),
       m_run(new toolkit::FlatButton(member.features.tolerance ? u"多选(勾选)参数整合过滤"_s
                                                               : u"多(名称勾选)参数整合过滤"_s,
                                     toolkit::FlatButton::Look::Step, this)),

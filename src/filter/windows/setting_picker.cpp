@@ -89,7 +89,7 @@ void SettingPicker::reload() {
     const int row = m_grid->currentIndex().row();
     const std::vector<QString> names = m_settings.names();
     m_names->clear();
-    m_names->setHorizontalHeaderLabels({u"Name"_s});
+    m_names->setHorizontalHeaderLabels({u"过滤设置名"_s});
     for (const QString& name : names)
         m_names->appendRow(new QStandardItem(name));
     m_grid->setColumnWidths({kNameWidth});

@@ -4,6 +4,7 @@
 
 #include "toolkit/accent_button.h"
 #include "toolkit/ink_label.h"
+#include "toolkit/told_label.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,14 +12,13 @@ namespace filter {
 namespace {
 
 constexpr int kWordLines = 4;
-constexpr int kWordMargin = 6;
 const QString kNoSteps = u"还没有步骤：右键绿色按钮或超级过滤选项添加"_s;
 
 } // namespace
 
 TemplatePage::TemplatePage(QWidget* parent)
     : QWidget(parent), m_place(new QLabel(this)), m_steps(new toolkit::LineList(u"StepLines"_s, kNoSteps, this)),
-      m_scroll(new QScrollBar(Qt::Horizontal, this)), m_words(new QLabel(this)) {
+      m_scroll(new QScrollBar(Qt::Horizontal, this)), m_words(new toolkit::ToldLabel(u"Label3"_s, kWordLines, this)) {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
@@ -71,12 +71,6 @@ QLayout* TemplatePage::buildBrowser() {
     auto* advice = new InkLabel(u"Frame9"_s, &Colours::quiet,
                                 u"模板过滤浏览（绿色按钮和超级过滤选项都可以右键添加入模板）"_s, this);
     advice->setWordWrap(true);
-    m_words->setObjectName(u"Label3"_s);
-    m_words->setWordWrap(true);
-    m_words->setTextFormat(Qt::PlainText);
-    m_words->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    m_words->setMargin(kWordMargin);
-    m_words->setMinimumHeight(kWordLines * m_words->fontMetrics().lineSpacing() + 2 * kWordMargin);
     auto* column = new QVBoxLayout;
     column->setSpacing(4);
     column->addLayout(head);
