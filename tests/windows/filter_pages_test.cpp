@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 
 #include <gtest/gtest.h>
 
@@ -297,6 +298,41 @@ TEST_F(WholeTemplate, ReplayedAfterARestartItDoesWhatTheHandsDid) {
     EXPECT_EQ(steps(), static_cast<int>(kRecordables.size()));
 }
 
+TEST_F(FilterPages, ReplayedTwiceEachStepRunsTwice) {
+    record(u"Command2"_s);
+    press(kForm, u"Command2"_s);
+    EXPECT_EQ(shown(), 0);
+    choose(kTemplate);
+    press(kForm, u"Command9"_s);
+    EXPECT_EQ(shown(), 14);
+    press(kForm, u"Command9"_s);
+    EXPECT_EQ(shown(), 0) << "inverted twice";
+}
+
+TEST_F(FilterPages, ATemplateOfBetsWithABlueIsNotThatOfSixReds) {
+    record(u"Command2"_s);
+    const std::unique_ptr<sql::Database> sixReds = m_engine.create(m_home.folder() / "filnumR.mdb");
+    m_window =
+        std::make_unique<FilterWindow>(*findMember("GAganR"), FilterContext{*sixReds, m_history, 33, m_Baoliu});
+    m_window->show();
+    EXPECT_EQ(sixReds->rowCount("moban"), 0);
+    EXPECT_FALSE(m_window->findChild<QAbstractButton*>(u"Command9"_s)->isEnabled());
+    m_window.reset();
+}
+
+TEST_F(FilterPages, BrowsingAnEmptyTemplateLeavesTheWords) {
+    record(u"Command2"_s);
+    choose(kTemplate);
+    scroll().setValue(1);
+    const QString before = words();
+    EXPECT_FALSE(before.isEmpty());
+    press(kForm, u"Command4"_s);
+    EXPECT_EQ(scroll().maximum(), 1);
+    scroll().setValue(0);
+    scroll().setValue(1);
+    EXPECT_EQ(words(), before);
+}
+
 TEST_F(FilterPages, BrowsingShowsAStepAndRunsNothing) {
     typeInto(kForm, u"Text5(0)"_s, u"3"_s);
     tick(3);
@@ -407,6 +443,48 @@ TEST_F(FilterPages, ASettingIsSavedAndCalledBack) {
     EXPECT_EQ(textOf(u"Text5(0)"_s), u"3"_s);
     EXPECT_TRUE(controlAs<QCheckBox>(*m_window, u"Check2(4)"_s)->isChecked());
     EXPECT_FALSE(controlAs<QRadioButton>(*m_window, u"Option36"_s)->isChecked());
+}
+
+TEST_F(FilterPages, ASettingOfEachModeIsCalledBackOnAnotherMember) {
+    for (const bool lists : {false, true}) {
+        SCOPED_TRACE(lists ? "lists" : "ranges");
+        press(kForm, lists ? u"Option36"_s : u"Option22"_s);
+        std::map<QString, QString> filled;
+        int value = 0;
+        for (QLineEdit* box : m_window->findChildren<QLineEdit*>()) {
+            const bool ofTable = box->objectName().startsWith(u"Text"_s) && box->objectName() != u"Text1"_s;
+            if (!ofTable || !box->isVisible() || !box->isEnabled())
+                continue;
+            box->setText(QString::number(++value));
+            const bool counts = lists && box->parentWidget()->objectName() == u"Frame11"_s;
+            if (!counts && box->objectName() != u"Text27(3)"_s) // neither has a column
+                filled[box->objectName()] = box->text();
+        }
+        EXPECT_GT(filled.size(), 30U);
+        choose(kTemplate);
+        {
+            ModalScript script({{u"InputBox"_s, type(lists ? u"表"_s : u"围"_s)}});
+            press(kForm, u"Command7"_s);
+        }
+        m_window = std::make_unique<FilterWindow>(*findMember("GAganMb"),
+                                                  FilterContext{*m_database, m_history, 33, m_Baoliu});
+        selection::Keep keep;
+        load(keep);
+        m_window->show();
+        choose(kTemplate);
+        {
+            ModalScript script({{u"frmFind"_s, [](QWidget& picker) { press(picker, u"cmdOK"_s); }}});
+            press(u"GAganMb"_s, u"Command6"_s);
+        }
+        EXPECT_EQ(controlAs<QRadioButton>(*m_window, u"Option36"_s)->isChecked(), lists);
+        for (const auto& [name, expected] : filled)
+            EXPECT_EQ(m_window->findChild<QLineEdit*>(name)->text().toStdString(), expected.toStdString())
+                << name.toStdString();
+        m_window =
+            std::make_unique<FilterWindow>(kFilterMembers[0], FilterContext{*m_database, m_history, 33, m_Baoliu});
+        load(keep);
+        m_window->show();
+    }
 }
 
 TEST_F(FilterPages, CancellingThePickerLeavesEveryBox) {

@@ -13,7 +13,7 @@ namespace filter {
 namespace {
 
 constexpr int kLineHeight = 20;
-constexpr int kColumnWidth = 270; // the least for two columns and more
+constexpr int kColumnWidth = 260; // the least for two columns and more
 constexpr int kColumnGap = 16;
 constexpr int kNumberWidth = 20;
 
