@@ -23,7 +23,6 @@
 #include "output/sheet_export.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
-#include "toolkit/messages.h"
 #include "toolkit/notice_bar.h"
 #include "toolkit/page_tabs.h"
 #include "workspace/failure.h"
@@ -33,11 +32,6 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
-// Long enough that a row of quick presses is stored once, short enough that a pause is safe: the full table is stored
-// in about a fifth of a second.
-constexpr int kIdleMs = 600;
-// However quickly one press follows another: at the latest this long after the first of them all are stored.
-constexpr int kLatestMs = 2000;
 constexpr QSize kUsefulSize{1264, 762}; // fills a work area of 1280 x 800 with its frame and title
 constexpr qreal kRoomyShare = 0.95;     // of a larger work area: the columns and the grid use the room
 constexpr int kMargin = 8;
@@ -49,8 +43,6 @@ int between(int narrow, int wide, int window) {
     return narrow + (wide - narrow) * (std::clamp(window, kNarrow.window, kWide.window) - kNarrow.window) /
                         (kWide.window - kNarrow.window);
 }
-
-const QString kStillThere = u"结果仍在程序中，没有丢失；请排除原因后再操作一次，程序会重新写入。"_s;
 
 const workspace::Message kAdd{
     u"是否把目前组合缩水后的号码加入组号模板里面，以后可以多次加入模板，并通过调用组号模板在模板基础上进行"
@@ -67,10 +59,10 @@ QString text(std::string_view utf8) {
 FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& context, QWidget* parent)
     : QDialog(parent, Qt::Window), m_member(member), m_context(context),
       m_session(member, {context.dbFilnum, context.history, context.Bitnum, context.Baoliu}),
-      m_table(new ParameterTable(member.catalogue(), this)), m_panel(new RunPanel(member, this)),
-      m_pages(new toolkit::PageTabs(u"FilterPages"_s, this)), m_integrated(new IntegratedPage(member, m_pages)),
-      m_supers(new SuperPage(member, m_pages)), m_results(new ResultPanel(member, this)),
-      m_notice(new toolkit::NoticeBar(this)) {
+      m_store(context.dbFilnum, *this), m_table(new ParameterTable(member.catalogue(), this)),
+      m_panel(new RunPanel(member, this)), m_pages(new toolkit::PageTabs(u"FilterPages"_s, this)),
+      m_integrated(new IntegratedPage(member, m_pages)), m_supers(new SuperPage(member, m_pages)),
+      m_results(new ResultPanel(member, this)), m_notice(new toolkit::NoticeBar(this)) {
     setObjectName(text(member.form));
     setWindowTitle(text(member.title));
     layOut();
@@ -78,11 +70,6 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
     toolkit::placeOver(*this, kUsefulSize.expandedTo(screen()->availableSize() * kRoomyShare));
     toolkit::keepPlace(*this, m_context.places);
     setBaoliu();
-    for (const auto& [timer, wait] : {std::pair(&m_idle, kIdleMs), std::pair(&m_latest, kLatestMs)}) {
-        timer->setSingleShot(true);
-        timer->setInterval(wait);
-        connect(timer, &QTimer::timeout, this, &FilterWindow::storeNow);
-    }
     connectParts();
     if (m_templatePage)
         m_template = new TemplateControl(member, context.dbFilnum, *this, *m_templatePage, context.places, *this);
@@ -134,10 +121,7 @@ void FilterWindow::connectTable() {
 }
 
 void FilterWindow::connectPages() {
-    connect(m_integrated, &IntegratedPage::runWanted, this, [this] {
-        m_integrated->markUsed();
-        run(Integrated{});
-    });
+    connect(m_integrated, &IntegratedPage::runWanted, this, [this] { run(Integrated{}); });
     connect(m_integrated, &IntegratedPage::recordWanted, this, [this] { m_template->recordIntegrated(); });
     connect(m_integrated, &IntegratedPage::exportWanted, this, &FilterWindow::exportTicked);
     connect(m_integrated, &IntegratedPage::edited, this, &FilterWindow::tellTicks);
@@ -145,9 +129,7 @@ void FilterWindow::connectPages() {
     connect(m_supers, &SuperPage::filterPressed, this, &FilterWindow::pressSuper);
 }
 
-FilterWindow::~FilterWindow() {
-    storeNow();
-}
+FilterWindow::~FilterWindow() = default;
 
 void FilterWindow::layOut() {
     m_middle = buildMiddle();
@@ -225,7 +207,7 @@ bool FilterWindow::load(selection::BetSource& source, workspace::Progress* progr
     const Outcome outcome = m_session.generate(source, progress);
     write(searchedAtOpening(state(), m_member.catalogue(), m_context.history));
     showOutcome(outcome);
-    scheduleStore();
+    m_store.changed();
     return !outcome.cancelled;
 }
 
@@ -289,12 +271,14 @@ void FilterWindow::press(const Parameter& parameter) {
 
 Outcome FilterWindow::run(const Step& step) {
     const toolkit::BusyCursor busy;
+    if (std::holds_alternative<Integrated>(step))
+        m_integrated->markUsed();
     const auto progress = toolkit::DialogBoxes(this).progress(u"正在过滤；取消后组合和原来一样"_s);
     Outcome outcome = m_session.run(step, state(), progress.get());
     showOutcome(outcome);
     if (outcome.cancelled)
         setNotice(u"已取消，组合和原来一样"_s);
-    scheduleStore();
+    m_store.changed();
     return outcome;
 }
 
@@ -328,7 +312,7 @@ void FilterWindow::exportTicked() {
             m_member,
             {m_context.dbFilnum, m_member.table, m_context.history, m_context.Bitnum, m_member.reds, m_member.blue},
             state());
-        scheduleStore(); // the values are in the table now
+        m_store.changed(); // the values are in the table now
         QString former;
         if (output::writeKeeping(rows.sheet(), file, boxes, QDateTime::currentDateTime(), former) ==
             output::Written::GivenUp)
@@ -360,28 +344,8 @@ void FilterWindow::setBaoliu() {
     m_context.Baoliu = m_panel->keeps() ? kKeep : kRemove;
 }
 
-void FilterWindow::scheduleStore() {
-    m_failureTold = false;
-    m_idle.start();
-    if (!m_latest.isActive())
-        m_latest.start();
-}
-
 void FilterWindow::storeNow() {
-    m_idle.stop();
-    m_latest.stop();
-    if (!m_context.dbFilnum.storePending())
-        return;
-    try {
-        m_context.dbFilnum.store();
-    } catch (const sql::SqlError& error) {
-        if (m_failureTold)
-            return; // the same changes failed before; they stay pending
-        m_failureTold = true;
-        toolkit::showMessage(
-            this, workspace::failureMessage(error, u"过滤结果没有写入文件"_s, u"数据库错误"_s, kStillThere),
-            {QMessageBox::Critical});
-    }
+    m_store.storeNow();
 }
 
 void FilterWindow::done(int result) {

@@ -9,9 +9,9 @@
 #include <filesystem>
 
 #include <QDialog>
-#include <QTimer>
 
 #include "filter/session.h"
+#include "filter/windows/late_store.h"
 #include "filter/windows/template_control.h"
 #include "toolkit/window_place.h"
 
@@ -95,15 +95,12 @@ class FilterWindow : public QDialog, private FilterControls {
 
     void showPast(const Parameter& parameter, const WindowState& state);
     void setBaoliu();
-    void scheduleStore();
 
     const FilterMember& m_member;
     FilterContext m_context;
     Session m_session;
-    QTimer m_idle;              ///< started anew by each press
-    QTimer m_latest;            ///< started by the first press that is not stored yet
-    bool m_failureTold = false; ///< that what is pending could not be stored
-    bool m_writing = false;     ///< boxes are being filled: what they say is told once, at the end
+    LateStore m_store;
+    bool m_writing = false; ///< boxes are being filled: what they say is told once, at the end
     ParameterTable* m_table;
     RunPanel* m_panel;
     toolkit::PageTabs* m_pages;
