@@ -96,7 +96,7 @@ TEST_F(ProgramTest, AnEveningIsThereAtTheNextStart) {
     const QSignalSpy ended(program.get(), &mainwin::Program::ended);
     const history::History before = program->book.history();
     const std::string table = bets();
-    EXPECT_NE(table.find("红1位大小:1 保留2~99"), std::string::npos);
+    EXPECT_NE(table.find("红1位大小:1 保留2~24"), std::string::npos) << "24: the largest in the history";
     EXPECT_TRUE(window(u"Form1"_s)->close());
     EXPECT_EQ(ended.count(), 1);
 
