@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -32,6 +33,8 @@ constexpr int kWideSpacing = 20;
 constexpr int kStripMargin = 6; // besides that of a card
 constexpr int kRowHeight = 24;
 constexpr int kPageBoxWidth = 60;
+constexpr int kTagPadding = 5;
+constexpr qreal kTagCorner = 3;
 constexpr int kAmountPixels = 18;
 constexpr int kKeptShare = 776; // of the width, beside the summary
 constexpr int kSummaryShare = 480;
@@ -70,13 +73,22 @@ void showRows(toolkit::RowsModel& model, const ListKind& kind, const sql::Rows& 
 }
 
 /// A word in a frame: 剩余, 被滤, 盈, 亏.
-QLabel* makeTag(const QString& name, const QString& word, InkLabel::Ink ink) {
-    auto* tag = new InkLabel(name, ink, word);
-    tag->setFrameShape(QFrame::Box);
-    tag->setContentsMargins(4, 0, 4, 0);
-    tag->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    return tag;
-}
+class Tag final : public InkLabel {
+  public:
+    Tag(const QString& name, const QString& word, Ink ink) : InkLabel(name, ink, word) {
+        setContentsMargins(kTagPadding, 1, kTagPadding, 1);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        InkLabel::paintEvent(event);
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(palette().color(QPalette::WindowText));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kTagCorner, kTagCorner);
+    }
+};
 
 InkLabel* makeAmount(const QString& name, const QString& text, InkLabel::Ink ink = &Colours::text) {
     auto* label = new InkLabel(name, ink, text);
@@ -117,6 +129,7 @@ QueryWindow::List QueryWindow::makeList(bool out) {
     const QueryKind& kind = m_query.entry().kind;
     auto* grid = new toolkit::RowsGrid(this);
     grid->setObjectName(!out ? u"MSFlexGrid1"_s : kind.prizes ? u"MSFlexGrid3"_s : u"MSFlexGrid2"_s);
+    grid->setFrameShape(QFrame::NoFrame);
     grid->setAccessibleName(out ? u"被滤的组合"_s : u"剩余的组合"_s);
     grid->setEmptyText(out ? u"没有被滤去的组合"_s : u"没有组合：先在组合排列里生成"_s);
     grid->verticalHeader()->setDefaultSectionSize(std::max(kRowHeight, grid->fontMetrics().height() + 4));
@@ -137,8 +150,8 @@ toolkit::Card* QueryWindow::makeListCard(bool out) {
     QHBoxLayout& head = card->head();
     head.addWidget(list.title);
     head.addSpacing(kMargin);
-    head.addWidget(out ? makeTag(u"OutTag"_s, u"被滤"_s, &Colours::quiet)
-                       : makeTag(u"KeptTag"_s, u"剩余"_s, &Colours::accentText));
+    head.addWidget(out ? new Tag(u"OutTag"_s, u"被滤"_s, &Colours::quiet)
+                       : new Tag(u"KeptTag"_s, u"剩余"_s, &Colours::accentText));
     head.addStretch();
     if (out) {
         addPaging(head, u"Text2"_s, u"Command2"_s, &Query::pageOut);
@@ -218,7 +231,7 @@ void QueryWindow::addBalance(QHBoxLayout& strip) {
     strip.addSpacing(kWideSpacing);
     strip.addWidget(new InkLabel({}, &Colours::quiet, u"盈亏金额:"_s));
     strip.addWidget(makeAmount(u"Label8"_s, u"%1元"_s.arg(balance), ink));
-    strip.addWidget(makeTag(u"BalanceTag"_s, balance > 0 ? u"盈"_s : balance < 0 ? u"亏"_s : u"平"_s, ink));
+    strip.addWidget(new Tag(u"BalanceTag"_s, balance > 0 ? u"盈"_s : balance < 0 ? u"亏"_s : u"平"_s, ink));
 }
 
 toolkit::Card* QueryWindow::makeSummary() {

@@ -22,10 +22,11 @@ namespace prize {
 
 namespace {
 
-constexpr QSize kUsefulSize{720, 400};
+constexpr QSize kUsefulSize{720, 340};
 constexpr int kMostReds = 6;
 constexpr int kMargin = 8;
 constexpr int kWideSpacing = 16;
+constexpr int kFieldWidth = 120;
 
 const QString kNote =
     u"说明:(1)如果本地奖项少于9种,请将剩余的几种奖金设置为0.        (2)中奖金额修改时必须输入是7位,不足须用0补齐."
@@ -41,6 +42,7 @@ QWidget* captioned(const QString& caption, QWidget* field) {
     auto* part = new QWidget;
     auto* column = new QVBoxLayout(part);
     column->setContentsMargins(0, 0, 0, 0);
+    field->setFixedWidth(kFieldWidth);
     auto* label = new toolkit::InkLabel({}, &toolkit::Colours::quiet, caption);
     label->setBuddy(field);
     field->setAccessibleName(caption);
@@ -107,6 +109,7 @@ QWidget* RulesWindow::makeReds(int page) {
     auto* card = new toolkit::Card(u"Frame1(%1)"_s.arg(page), u"红球号"_s);
     auto* grid = new QGridLayout;
     card->body().addLayout(grid);
+    card->body().addStretch();
     const int now = m_rules.PrizeMatch[static_cast<std::size_t>(page + 1)][kReds];
     for (int reds = kMostReds; reds >= 1; --reds) {
         auto* option = new QRadioButton(u"%1数选中"_s.arg(reds));

@@ -11,7 +11,7 @@ namespace prize {
 
 namespace {
 
-constexpr int kPadding = 10;
+constexpr int kPadding = 5;
 enum Column { Level, Bets, Money, Won };
 
 constexpr int kQuietRole = Qt::UserRole + 200;   ///< bool: the row stands back
@@ -110,6 +110,7 @@ SummaryGrid::SummaryGrid(QWidget* parent) : RowsGrid(parent), m_model(new Summar
     setObjectName(u"MSFlexGrid2"_s);
     setAccessibleName(u"中奖汇总"_s);
     setItemDelegate(new SummaryDelegate(this));
+    setFrameShape(QFrame::NoFrame);
     setAlternatingRowColors(false);
     growColumns(2);
     setModel(m_model);
