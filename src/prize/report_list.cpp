@@ -39,8 +39,7 @@ Paths reportsIn(const std::filesystem::path& folder) {
     std::error_code ignored;
     for (std::filesystem::directory_iterator entry(folder, ignored), end; !ignored && entry != end;
          entry.increment(ignored))
-        if (workspace::toQString(entry->path().filename()).endsWith(kReportEnding) &&
-            entry->is_regular_file(ignored))
+        if (workspace::toQString(entry->path().filename()).endsWith(kReportEnding) && entry->is_regular_file(ignored))
             files.push_back(entry->path());
     std::sort(files.begin(), files.end(), [](const auto& left, const auto& right) {
         return std::pair(numbersOf(left), left) < std::pair(numbersOf(right), right);
@@ -117,6 +116,14 @@ std::optional<QString> ReportList::next() {
 
 std::optional<QString> ReportList::chosen(int entry) const {
     return textAt(entry);
+}
+
+int ReportList::steppedEntry() const {
+    if (ReportIndex >= ReportCount)
+        return -1;
+    const auto found =
+        std::find(m_listed.begin(), m_listed.end(), ReportFiles[static_cast<std::size_t>(ReportIndex)]);
+    return found == m_listed.end() ? -1 : static_cast<int>(found - m_listed.begin());
 }
 
 Paths ReportList::deleteAll(workspace::Settings& settings, const QString& user) {

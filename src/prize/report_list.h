@@ -39,6 +39,8 @@ class ReportList {
     std::optional<QString> previous();
     std::optional<QString> next();
     std::optional<QString> chosen(int entry) const;
+    /// The entry of the file that the steps stand on; -1 where none has it.
+    int steppedEntry() const;
 
     /// Sets Money/Default of the user to 0, forgets the entries, and deletes reports that lie right in the user's
     /// folder. \return files that could not be deleted

@@ -3,6 +3,7 @@
 #include "mainwin/windows/places.h"
 #include "prize/query_kinds.h"
 #include "prize/windows/query_window.h"
+#include "prize/windows/reports_window.h"
 #include "prize/windows/rules_window.h"
 #include "toolkit/dialog_boxes.h"
 #include "workspace/combination_files.h"
@@ -17,6 +18,7 @@ PrizeDesk::PrizeDesk(MainContext& context, workspace::Settings& settings, sql::E
     : m_context(context), m_settings(settings), m_engine(engine), m_window(window) {
     Commands& commands = context.commands;
     commands.on(u"meuPlc"_s, [this](int) { setRules(); });
+    commands.on(u"meuRepot"_s, [this](int) { showReports(); });
     for (const prize::QueryEntry& entry : prize::kQueryEntries)
         commands.on(QString::fromUtf16(entry.command.data(), static_cast<qsizetype>(entry.command.size())),
                     [this, &entry](int) { query(entry); });
@@ -27,6 +29,17 @@ void PrizeDesk::setRules() {
     window.exec();
 }
 
+void PrizeDesk::showReports() {
+    prize::ReportsWindow window({userFolder(), m_settings, m_context.workspace.Username},
+                                placesIn(m_context.settings), &m_window);
+    window.exec();
+}
+
+std::filesystem::path PrizeDesk::userFolder() const {
+    const workspace::Workspace& workspace = m_context.workspace;
+    return workspace::userFolder(workspace.folder, workspace.Username);
+}
+
 // Without a draw in memory the entries are disabled; a draw is the latest one of the history.
 void PrizeDesk::query(const prize::QueryEntry& entry) {
     const history::History& history = m_context.book.history();
@@ -35,9 +48,7 @@ void PrizeDesk::query(const prize::QueryEntry& entry) {
         return;
     prize::Query query(*database, entry, history.Lshm[static_cast<std::size_t>(history.Lsnum)],
                        prize::readRules(m_context.settings));
-    const workspace::Workspace& workspace = m_context.workspace;
-    prize::QueryWindow window(std::move(query), workspace::userFolder(workspace.folder, workspace.Username),
-                              placesIn(m_context.settings), &m_window);
+    prize::QueryWindow window(std::move(query), userFolder(), placesIn(m_context.settings), &m_window);
     window.exec();
 }
 

@@ -1,6 +1,8 @@
 // The commands of prizes and accounts: the rules, the nine prize queries, and the reports of profit and loss.
 #pragma once
 
+#include <filesystem>
+
 #include <QObject>
 #include <QWidget>
 
@@ -25,6 +27,8 @@ class PrizeDesk : public QObject {
 
   private:
     void setRules();
+    void showReports();
+    std::filesystem::path userFolder() const;
     void query(const prize::QueryEntry& entry);
     sql::Database* databaseOf(const prize::QueryEntry& entry);
 
