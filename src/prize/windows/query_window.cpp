@@ -38,6 +38,9 @@ constexpr qreal kTagCorner = 3;
 constexpr int kAmountPixels = 18;
 constexpr int kKeptShare = 776; // of the width, beside the summary
 constexpr int kSummaryShare = 480;
+constexpr int kUpperShare = 360; // of the height: six levels twice are seen whole in a window of the useful size
+constexpr int kLowerShare = 270;
+constexpr double kMostGrowth = 1.5;         // of a list that stands alone: two keep their columns under each other
 constexpr std::int64_t kManyBets = 200'000; // from which on the writing of a report is seen
 
 QString told(std::string_view text) {
@@ -135,6 +138,8 @@ QueryWindow::List QueryWindow::makeList(bool out) {
     grid->verticalHeader()->setDefaultSectionSize(std::max(kRowHeight, grid->fontMetrics().height() + 4));
     grid->setItemDelegate(
         new BallDelegate(m_query.draw(), out ? BallDelegate::List::Out : BallDelegate::List::Kept, grid));
+    if (kind.out.columns.empty())
+        grid->growColumns(kMostGrowth);
     auto* model = new toolkit::RowsModel(grid);
     grid->setModel(model);
     auto* title = new InkLabel(u"Label7(%1)"_s.arg(out ? 1 : 0), &Colours::text, {}, this);
@@ -260,6 +265,8 @@ void QueryWindow::layOut() {
         m_out.title->hide();
     } else {
         lists->addWidget(makeListCard(true), 1, 0, 1, 2);
+        lists->setRowStretch(0, kUpperShare);
+        lists->setRowStretch(1, kLowerShare);
     }
     lists->setColumnStretch(0, kKeptShare);
     lists->setColumnStretch(1, kSummaryShare);
