@@ -131,8 +131,9 @@ void ColumnExecutor::State::dropColumn(const Statement& bound) {
         throw SqlError(error::kColumnMissing, "找不到字段 " + bound.column);
     if (target.columns.size() == 1)
         throw SqlError(error::kStorage, "表至少要有一个字段 " + bound.column);
-    settleTexts(target); // recipes count places
+    settleReadersOf(target, place);
     target.columns.erase(target.columns.begin() + place);
+    closeGap(target, place);
     target.shapeDirty = true;
 }
 

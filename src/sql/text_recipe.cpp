@@ -175,6 +175,18 @@ void settleTexts(ColumnTable& table) {
         settleText(table, static_cast<int>(place));
 }
 
+void closeGap(ColumnTable& table, int place) {
+    for (Column& column : table.columns) {
+        if (!column.recipe)
+            continue;
+        TextRecipe moved = *column.recipe;
+        for (TextRecipe::Part& part : moved.parts)
+            if (part.column > place)
+                --part.column;
+        column.recipe = std::make_shared<const TextRecipe>(std::move(moved));
+    }
+}
+
 std::optional<std::vector<int>> paddedColumns(const ColumnTable& table, const TextRecipe& recipe) {
     std::vector<int> columns;
     for (const TextRecipe::Part& part : recipe.parts) {

@@ -42,6 +42,9 @@ void settleText(ColumnTable& table, int place);
 void settleReadersOf(ColumnTable& table, int place);
 void settleTexts(ColumnTable& table);
 
+/// A column has gone that no recipe reads: recipes call the columns behind it by their new places.
+void closeGap(ColumnTable& table, int place);
+
 /// The columns of a recipe that is two-digit numbers with one blank between them, while all numbers have two digits.
 std::optional<std::vector<int>> paddedColumns(const ColumnTable& table, const TextRecipe& recipe);
 /// The numbers of a pattern that is two-digit numbers with stars around and between them: "*05**11*" gives 5 and 11.

@@ -113,6 +113,26 @@ TEST_F(Recipes, ComeBackFromTheFile) {
     EXPECT_EQ(texts(), (std::vector<std::string>{"01 02!7)", "11 12!7)"}));
 }
 
+TEST_F(Recipes, OutliveColumnsThatTheyDoNotRead) {
+    slt::makeBets(*db, "zuhe", {{1, 2, 3, 4, 5, 6, 7}, {11, 12, 13, 14, 15, 16, 7}});
+    run(padded);
+    const std::vector<std::string> before{"01 02", "11 12"};
+    run("ALTER TABLE [zuhe] DROP COLUMN [idx]"); // before those that are read
+    EXPECT_EQ(texts(), before);
+    run("ALTER TABLE [zuhe] DROP COLUMN [fig7]"); // between them and the texts
+    run("ALTER TABLE [zuhe] ADD COLUMN [jiben] integer");
+    run("UPDATE [zuhe] SET [jiben]=1 WHERE [Numstring] LIKE \"*12*\"");
+    run("ALTER TABLE [zuhe] DROP COLUMN [canshu]");
+    EXPECT_EQ(texts(), before);
+    EXPECT_EQ(sql::toInteger(db->queryValue("SELECT [fig1] FROM [zuhe] WHERE [jiben]=1")), 11);
+    db->store();
+    db.reset();
+    db = engine.open(folder.path() / "a.mdb");
+    EXPECT_EQ(texts(), before);
+    run("ALTER TABLE [zuhe] DROP COLUMN [fig1]"); // it is read
+    EXPECT_EQ(texts(), before);
+}
+
 TEST_F(Recipes, ANumberAloneDoesNotMatchInsideTwoNeighbours) {
     slt::makeBets(*db, "zuhe", {{1, 20, 3, 4, 5, 6, 7}, {10, 11, 13, 14, 15, 16, 7}, {11, 10, 1, 2, 3, 4, 5}});
     run(padded);

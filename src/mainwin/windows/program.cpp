@@ -7,6 +7,7 @@
 #include "mainwin/windows/draw_desk.h"
 #include "mainwin/windows/form1.h"
 #include "mainwin/windows/history_desk.h"
+#include "mainwin/windows/prize_desk.h"
 #include "mainwin/windows/selection_desk.h"
 #include "mainwin/windows/table_desk.h"
 #include "mainwin/windows/wheel_desk.h"
@@ -76,6 +77,8 @@ void Program::openDesks() {
     m_tableDesk = std::make_unique<TableDesk>(*m_context, *m_opener);
     m_selectionDesk = std::make_unique<SelectionDesk>(*m_context, engine, *m_form);
     connect(m_selectionDesk.get(), &SelectionDesk::broken, m_form.get(), &Form1::close);
+    m_prizeDesk = std::make_unique<PrizeDesk>(*m_context, settings, engine, *m_form);
+    connect(m_prizeDesk.get(), &PrizeDesk::broken, m_form.get(), &Form1::close);
     m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
     m_drawDesk = std::make_unique<DrawDesk>(*m_context, generation, *m_form);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::ruleChanged, m_form.get(), &Form1::showRule);

@@ -39,6 +39,7 @@ class Form1;
 class HistoryDesk;
 class BetDesk;
 class FilterOpener;
+class PrizeDesk;
 class TableDesk;
 class WheelDesk;
 class SelectionDesk;
@@ -92,6 +93,7 @@ class Program : public QObject {
     std::unique_ptr<BetDesk> m_betDesk;
     std::unique_ptr<WheelDesk> m_wheelDesk;
     std::unique_ptr<TableDesk> m_tableDesk;
+    std::unique_ptr<PrizeDesk> m_prizeDesk;
     std::unique_ptr<DrawDesk> m_drawDesk;
     std::unique_ptr<WorkspaceDesk> m_workspaceDesk;
     std::unique_ptr<workspace::KeptNotice> m_kept;
