@@ -11,6 +11,8 @@
 #include <QApplication>
 #include <QCryptographicHash>
 #include <QDialog>
+#include <QMenu>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
 
@@ -71,6 +73,7 @@ class Evening {
         writeBets();
         const QString sum = checksum();
         arrangeBankers();
+        checkPrizes();
         m_stage.say(sum);
         test_support::window(u"Form1"_s)->close();
     }
@@ -235,9 +238,74 @@ class Evening {
         }
         const ModalScript script({{u"Gdanagan"_s, [this](QWidget& bankers) {
                                        m_stage.show(u"bankers"_s, u"胆拖组合: "_s + bankers.windowTitle());
+                                       filterTogether(bankers);
                                        bankers.close();
                                    }}});
         m_stage.menu(u"Form1"_s, {u"mnuSl"_s, u"mnuDtlst"_s});
+    }
+
+    /// The pages of a filter window: the integrated filter, a super filter, and both as steps of a template.
+    void filterTogether(QWidget& bankers) {
+        const QString form = bankers.objectName();
+        auto* pages = bankers.findChild<QTabBar*>(u"FilterPagesBar"_s);
+        m_stage.type(form, u"Text2(0)"_s, u"70"_s);
+        m_stage.type(form, u"Text2(1)"_s, u"105"_s);
+        m_stage.type(form, u"Text5(0)"_s, u"2"_s);
+        m_stage.type(form, u"Text5(1)"_s, u"4"_s);
+        for (const QString& tick : {u"Check1(0)"_s, u"Check1(3)"_s, u"Option29"_s})
+            m_stage.click(form, tick);
+        m_stage.show(u"together"_s, u"多选参数整合过滤: "_s + left());
+        record(bankers, u"Option29"_s);
+        pages->setCurrentIndex(1);
+        {
+            const ModalScript answers = numbersToKeepApart();
+            m_stage.click(form, u"Option25(0)"_s);
+        }
+        m_stage.show(u"super"_s, u"相克号过滤 5 30: "_s + left());
+        {
+            const ModalScript answers = numbersToKeepApart();
+            record(bankers, u"Option25(0)"_s);
+        }
+        m_stage.click(form, u"Command1"_s);
+        pages->setCurrentIndex(2);
+        m_stage.click(form, u"Command9"_s);
+        m_stage.show(u"template"_s, u"全部复位后过滤模板调用过滤: "_s + left());
+    }
+
+    static ModalScript numbersToKeepApart() {
+        return ModalScript({{u"InputBox"_s, test_support::type(u"2"_s)},
+                            {u"InputBox"_s, test_support::type(u"5"_s)},
+                            {u"InputBox"_s, test_support::type(u"30"_s)}});
+    }
+
+    /// A right press, and the entry of the popup that it opens.
+    static void record(QWidget& window, const QString& control) {
+        QTimer popup;
+        QObject::connect(&popup, &QTimer::timeout, [&popup] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (!menu)
+                return;
+            popup.stop();
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().first()).center());
+        });
+        popup.start(50);
+        test_support::rightPress(window, control);
+    }
+
+    /// What is left against the latest draw, and the report of profit and loss.
+    void checkPrizes() {
+        {
+            const ModalScript script({{u"GAganDj"_s, [this](QWidget& prizes) {
+                                           m_stage.show(u"prizes"_s, u"中奖查询: "_s + left());
+                                           m_stage.click(prizes.objectName(), u"cmdQut"_s);
+                                       }}});
+            m_stage.menu(u"Form1"_s, {u"meuWid"_s, u"mnuzhInq"_s});
+        }
+        const ModalScript script({{u"frmYk"_s, [this](QWidget& reports) {
+                                       m_stage.show(u"reports"_s, u"盈亏报告"_s);
+                                       reports.close();
+                                   }}});
+        m_stage.menu(u"Form1"_s, {u"meuWid"_s, u"meuRepot"_s});
     }
 
     Stage& m_stage;
