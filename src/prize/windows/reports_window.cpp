@@ -49,7 +49,7 @@ ReportsWindow::ReportsWindow(ReportsContext context, const toolkit::PlaceStore& 
     connect(m_list, &QListWidget::currentRowChanged, this, choose);
     connect(m_list, &QListWidget::itemClicked, this, choose);
     layOut();
-    open();
+    readReports();
     toolkit::placeOver(*this, kUsefulSize);
     toolkit::keepPlace(*this, places);
 }
@@ -113,7 +113,7 @@ void ReportsWindow::fillList() {
     m_unlisted->setVisible(m_reports.unlisted() > 0);
 }
 
-void ReportsWindow::open() {
+void ReportsWindow::readReports() {
     m_reports.open();
     fillList();
     showLast();

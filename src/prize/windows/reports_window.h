@@ -38,7 +38,7 @@ class ReportsWindow : public QDialog {
     QPushButton* makeButton(const QString& name, const QString& caption, const QString& hint,
                             void (ReportsWindow::*press)());
     void fillList();
-    void open();
+    void readReports();
     void showLast();
     void mark(int entry);
     void show(const std::optional<QString>& text);
