@@ -203,7 +203,7 @@ const Operation kOperations[] = {
     {"press in list mode (偶数个数 “2”)", reset, pressList, twoEvens, 30, 250},
     {"integrated run of all ticks (偶数个数 2~2)", reset,
      [](RuleTable& table) { return integrated(table, allTicks()); }, twoEvens, 250, 3000, false},
-    {"integrated run with six reasons for every bet", reset, integratedReasons, none, 0, 0, false},
+    {"integrated run with six reasons for every bet", reset, integratedReasons, none, 250, 3000, false},
     {"相克号过滤 05 11", reset, [](RuleTable& table) { return filterTwo(table, "Option25(0)"); },
      [](const RuleTable& table) { return table.rows() - withBoth(table); }, 50, 500},
     {"相生号过滤 05 11", reset, [](RuleTable& table) { return filterTwo(table, "Option25(1)"); },
