@@ -90,9 +90,15 @@ void addAll(Stage& stage) {
 } // namespace
 
 int main(int count, char** arguments) {
-    constexpr const char* kMemory = "--memory=";
-    if (count == 2 && std::strncmp(arguments[1], kMemory, std::strlen(kMemory)) == 0)
-        return printMemoryOfTenPresses(std::atoi(arguments[1] + std::strlen(kMemory))) ? 0 : 1;
+    const auto blues = [&](std::string_view option) {
+        return count == 2 && std::string_view(arguments[1]).starts_with(option)
+                   ? std::atoi(arguments[1] + option.size())
+                   : 0;
+    };
+    if (const int of = blues("--memory="))
+        return printMemoryOfTenPresses(of) ? 0 : 1;
+    if (const int of = blues("--memory-of-reasons="))
+        return printMemoryOfReasons(of) ? 0 : 1;
     readTimer(count, arguments);
     Stage stage;
     addAll(stage);

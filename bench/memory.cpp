@@ -7,10 +7,13 @@
 #include <string>
 
 #include "expected.h"
+#include "filter/integrated_run.h"
 #include "rule_table.h"
 
 namespace bench {
 namespace {
+
+constexpr long kMostWithReasons = 4096; // MiB: texts of 2 GiB, and what is there beside them
 
 template <class Holds> int countIf(const Reds& reds, Holds holds) {
     return static_cast<int>(std::count_if(reds.begin(), reds.end(), holds));
@@ -87,6 +90,21 @@ bool printMemoryOfTenPresses(int blues) {
                 static_cast<long long>(table.rows()), static_cast<long long>(left), most,
                 most <= limit ? "✓ under" : "✗ over", limit);
     return true;
+}
+
+bool printMemoryOfReasons(int blues) {
+    RuleTable table(sql::Executor::Column, blues);
+    filter::WindowState state = filter::defaultState(filter::sixAndBlueCatalogue());
+    for (const filter::Parameter& parameter : filter::sixAndBlueCatalogue())
+        state.row(parameter) = {.low = "9000", .high = "9999", .count = {}, .list = {}, .ticked = true};
+    std::int16_t Baoliu = filter::kKeep;
+    filter::runIntegrated(RuleTable::member(), table.workbench(), state, Baoliu);
+    const long most = mostMemory();
+    const std::int64_t left = table.inPlay();
+    std::printf("| %lld rows, %zu reasons for every bet | %ld MiB | %s %ld MiB |\n",
+                static_cast<long long>(table.rows()), filter::sixAndBlueCatalogue().size(), most,
+                most <= kMostWithReasons ? "✓ under" : "✗ over", kMostWithReasons);
+    return left == 0;
 }
 
 } // namespace bench

@@ -5,5 +5,7 @@ namespace bench {
 
 /// Prints one row of the table of memory. \param blues  1 or 16 \return whether the table came out right
 bool printMemoryOfTenPresses(int blues);
+/// The same of an integrated run in which every bet fails every parameter, with its own value in each reason.
+bool printMemoryOfReasons(int blues);
 
 } // namespace bench

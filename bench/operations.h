@@ -17,7 +17,7 @@ struct Operation {
     std::int64_t (*expected)(const RuleTable&);
     double limitOneBlue = 0; ///< ms, on 1,107,568 rows
     double limitFull = 0;    ///< ms, on 17,721,088 rows
-    bool onSqlite = true;
+    bool onSqlite = true;    ///< not where the statements are those of many other rows, and take minutes
     /// Seconds on the sqlite executor where work() would take hours there: measured on a part, and scaled.
     double (*sqliteSeconds)(RuleTable&) = nullptr;
 };

@@ -66,7 +66,7 @@ bool countInOnePass(const Workbench& bench, std::span<const int> numbers, const 
 /// What both kinds have in common: the snapshot and the text that they search.
 class SuperRun {
   public:
-    /// \param passes  whether hits may be counted in one pass
+    /// \param passes  whether one pass may take the place of a statement for each number
     SuperRun(const Workbench& bench, std::string_view caption, bool passes)
         : m_bench(bench), m_caption(caption), m_passes(passes) {}
 
@@ -90,12 +90,44 @@ class SuperRun {
                    textLiteral(numberPattern(number)));
     }
     const std::string& caption() const { return m_caption; }
+    bool passes() const { return m_passes; }
 
   private:
     const Workbench& m_bench;
     std::string m_caption;
     bool m_passes;
 };
+
+/// Bets with some of the numbers but not all: the one statement takes out what those of the single numbers do.
+void takeOutSome(const SuperRun& run, std::span<const int> numbers, const std::string& lacksSome) {
+    std::string any;
+    for (const int number : numbers) {
+        const std::string holds = "[NumString] LIKE " + textLiteral(numberPattern(number));
+        if (!run.passes())
+            run.takeOut(holds + " AND " + lacksSome);
+        any += (any.empty() ? "" : " OR ") + holds;
+    }
+    if (!any.empty() && run.passes())
+        run.takeOut(lacksSome + " AND (" + any + ")");
+}
+
+void runNumbers(const SuperRun& run, NumberRule rule, std::span<const int> numbers) {
+    std::vector<int> ascending(numbers.begin(), numbers.end());
+    std::ranges::sort(ascending);
+    std::string all;
+    for (const int number : ascending)
+        all += numberPattern(number);
+    run.snapshot();
+    run.writeNumbers();
+    switch (rule) {
+    case NumberRule::Exclusive:
+        return run.takeOut("[NumString] LIKE " + textLiteral(all));
+    case NumberRule::Together:
+        return takeOutSome(run, ascending, "NOT [NumString] LIKE " + textLiteral(all));
+    case NumberRule::Keep:
+        return run.takeOut("NOT [NumString] LIKE " + textLiteral(all));
+    }
+}
 
 void takeOutGroups(const SuperRun& run, const FilterGroups& groups) {
     const std::string size = std::to_string(groups.groupSize);
@@ -130,25 +162,11 @@ void runGroups(const SuperRun& run, const FilterGroups& groups) {
 } // namespace
 
 void filterNumbers(const Workbench& bench, const SuperFilter& filter, std::span<const int> numbers) {
-    std::vector<int> ascending(numbers.begin(), numbers.end());
-    std::ranges::sort(ascending);
-    std::string all;
-    for (const int number : ascending)
-        all += numberPattern(number);
-    const SuperRun run(bench, filter.caption, false);
-    run.snapshot();
-    run.writeNumbers();
-    switch (filter.rule) {
-    case NumberRule::Exclusive:
-        return run.takeOut("[NumString] LIKE " + textLiteral(all));
-    case NumberRule::Together:
-        for (const int number : ascending)
-            run.takeOut("[NumString] LIKE " + textLiteral(numberPattern(number)) + " AND NOT [NumString] LIKE " +
-                        textLiteral(all));
-        return;
-    case NumberRule::Keep:
-        return run.takeOut("NOT [NumString] LIKE " + textLiteral(all));
-    }
+    runNumbers(SuperRun(bench, filter.caption, true), filter.rule, numbers);
+}
+
+void filterNumbersByStatements(const Workbench& bench, const SuperFilter& filter, std::span<const int> numbers) {
+    runNumbers(SuperRun(bench, filter.caption, false), filter.rule, numbers);
 }
 
 void filterGroups(const Workbench& bench, const FilterGroups& groups) {

@@ -14,8 +14,10 @@
 namespace filter {
 
 /// 相克: bets with all the numbers go. 相生: bets with some of them but not all go. 保留: bets without all of them
-/// go.
+/// go. 相生 takes one statement for all numbers; every column is left as one for each leaves it.
 void filterNumbers(const Workbench& bench, const SuperFilter& filter, std::span<const int> numbers);
+/// The same with a statement for each number: what the one is tested against.
+void filterNumbersByStatements(const Workbench& bench, const SuperFilter& filter, std::span<const int> numbers);
 
 /// 相克分组: bets with so many of the numbers go; then every bet that is out and lacks a banker comes back, whatever
 /// took it out. 保留分组: bets with fewer go; bankers change only the reason of bets that are out. Both deliberate.

@@ -14,7 +14,13 @@ std::int32_t Dictionary::intern(std::string_view text) {
         return found->second;
     const auto code = static_cast<std::int32_t>(m_texts.size());
     m_codes.emplace(m_texts.emplace_back(text), code);
+    m_bytes += text.size() + kBytesBeside;
     return code;
+}
+
+void Dictionary::markFull(std::int32_t code) {
+    m_full.resize(std::max(m_full.size(), static_cast<std::size_t>(code) + 1));
+    m_full[static_cast<std::size_t>(code)] = true;
 }
 
 void NullMap::setNone() {

@@ -31,10 +31,23 @@ class Dictionary {
     std::int32_t intern(std::string_view text);
     const std::string& text(std::int32_t code) const { return m_texts[static_cast<std::size_t>(code)]; }
     std::size_t size() const { return m_texts.size(); }
+    /// About the memory that they take.
+    std::size_t bytes() const { return m_bytes; }
+
+    /// A text with as many characters as a column holds: what is appended to it changes nothing.
+    bool isFull(std::int32_t code) const {
+        return static_cast<std::size_t>(code) < m_full.size() && m_full[static_cast<std::size_t>(code)];
+    }
+    void markFull(std::int32_t code);
 
   private:
+    static constexpr std::size_t kBytesBeside =
+        112; // of a text: its string, its entry in the map, what allocation adds
+
     std::deque<std::string> m_texts; // a deque: the map's keys look into the strings
     std::unordered_map<std::string_view, std::int32_t> m_codes;
+    std::vector<bool> m_full; // by code; those behind the last are not
+    std::size_t m_bytes = 0;
 };
 
 /// A text that is put together from other columns of its row: the column holds no texts of its own then.

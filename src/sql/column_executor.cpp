@@ -14,10 +14,12 @@
 namespace sql {
 
 struct ColumnExecutor::State {
-    State(std::shared_ptr<SqliteFile> sqlite, std::size_t rows) : file(std::move(sqlite)), batchRows(rows) {}
+    State(std::shared_ptr<SqliteFile> sqlite, std::size_t rows, std::size_t bytes)
+        : file(std::move(sqlite)), batchRows(rows), textBytes(bytes) {}
 
     ColumnFile file;
     std::size_t batchRows;
+    std::size_t textBytes;
     std::int64_t evaluations = 0;
 
     std::shared_ptr<ColumnTable> table(const std::string& name) {
@@ -26,7 +28,7 @@ struct ColumnExecutor::State {
         throw SqlError(error::kTableNotFound, "找不到表 " + name);
     }
     QueryTools tools() {
-        return {[this](const std::string& name) { return table(name); }, batchRows, &evaluations};
+        return {[this](const std::string& name) { return table(name); }, batchRows, &evaluations, textBytes};
     }
 
     void create(const Statement& bound);
@@ -42,8 +44,9 @@ struct ColumnExecutor::State {
     std::shared_ptr<ColumnTable> makeTable(const std::string& name, const std::vector<ColumnDef>& columns);
 };
 
-ColumnExecutor::ColumnExecutor(std::shared_ptr<SqliteFile> file, std::size_t batchRows)
-    : m_state(std::make_unique<State>(std::move(file), std::clamp<std::size_t>(batchRows, 1, kBatchLimit))) {}
+ColumnExecutor::ColumnExecutor(std::shared_ptr<SqliteFile> file, std::size_t batchRows, std::size_t textBytes)
+    : m_state(
+          std::make_unique<State>(std::move(file), std::clamp<std::size_t>(batchRows, 1, kBatchLimit), textBytes)) {}
 ColumnExecutor::~ColumnExecutor() = default;
 
 bool ColumnExecutor::hasTable(const std::string& table) const {

@@ -8,7 +8,7 @@ namespace sql {
 
 class ColumnExecutor final : public TableExecutor {
   public:
-    ColumnExecutor(std::shared_ptr<SqliteFile> file, std::size_t batchRows);
+    ColumnExecutor(std::shared_ptr<SqliteFile> file, std::size_t batchRows, std::size_t textBytes);
     ~ColumnExecutor() override;
 
     bool hasTable(const std::string& table) const override;

@@ -99,11 +99,14 @@ void sortPlaces(const Select& select, const std::vector<Keys>& keys, std::vector
 } // namespace
 
 PlanContext planContext(ColumnTable& table, TextPool& pool, const QueryTools& tools) {
-    return {table, pool, [tools](const Select& select) { return runSubselect(select, tools); },
+    return {table,
+            pool,
+            [tools](const Select& select) { return runSubselect(select, tools); },
             [tools](const Select& select, const TextRecipe& recipe) {
                 return runSubselectOfNumbers(select, recipe, tools);
             },
-            tools.evaluations};
+            tools.evaluations,
+            tools.textBytes};
 }
 
 Bitmap chosenRows(ColumnTable& table, const Expr* where, const QueryTools& tools) {

@@ -17,6 +17,7 @@ struct QueryTools {
     TableLookup lookup;
     std::size_t batchRows = kBatchLimit;
     std::int64_t* evaluations = nullptr; ///< counts results of expressions that were worked one by one
+    std::size_t textBytes = SIZE_MAX;    ///< EngineOptions::textBytes
 };
 
 PlanContext planContext(ColumnTable& table, TextPool& pool, const QueryTools& tools);

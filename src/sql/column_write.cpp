@@ -32,7 +32,7 @@ void ColumnWriter::planValue(const Expr& value, PlanContext& context) {
     const int place = static_cast<int>(m_place);
     std::optional<TextRecipe> tail = m_whole ? std::nullopt : appendedTo(place, value, m_table);
     if (tail && TextAppend::isSingle(*tail))
-        m_append.emplace(m_table, place, std::move(*tail));
+        m_append.emplace(m_table, place, std::move(*tail), context.textBytes);
     else
         m_planned = planAsText(value, context);
 }

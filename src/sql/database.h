@@ -32,6 +32,9 @@ enum class Executor { Column, Sqlite };
 struct EngineOptions {
     Executor combinations = Executor::Column;
     std::size_t batchRows = 2048; ///< rows a batch, 1..2048; four int32 columns of 2048 rows are 32 KiB
+    /// About the memory that the different texts of a column may take. Beyond it a statement appends to no text more,
+    /// as beyond the last character that a text column holds; what else it does to the row still happens.
+    std::size_t textBytes = std::size_t{2} << 30;
 };
 
 /// zuhe, zuheR, zuheRote, zuheRoteR, zuheRead, zuheReadR, zuheMoban, zuheMobanR, zuhef and Tmp, in any case.

@@ -1,6 +1,7 @@
 #include "sql/node.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "sql/vector_loop.h"
 
@@ -42,8 +43,13 @@ const std::uint8_t* mergedNulls(const Vec& left, const Vec& right, std::size_t c
 }
 
 void unpackBits(const std::uint64_t* bits, std::size_t count, std::uint8_t* out) {
-    for (std::size_t row = 0; row < count; ++row)
-        out[row] = (bits[row / 64] >> (row % 64)) & 1;
+    for (std::size_t first = 0; first < count; first += 8) {
+        const std::uint64_t byte = bits[first / 64] >> (first % 64) & 0xFF;
+        // Each byte of the product keeps its own bit; adding 7F raises the top bit of those that are not 0.
+        const std::uint64_t kept = byte * 0x0101010101010101ULL & 0x8040201008040201ULL;
+        const std::uint64_t eight = (kept + 0x7F7F7F7F7F7F7F7FULL) >> 7 & 0x0101010101010101ULL;
+        std::memcpy(out + first, &eight, std::min<std::size_t>(8, count - first));
+    }
 }
 
 void ValueNode::select(const Batch& batch, Truth& truth) {

@@ -93,12 +93,16 @@ class ArithmeticNode final : public ValueNode {
 /// Remainders of whole numbers beyond the narrow columns, where there is no table of results.
 class ModuloNode final : public ValueNode {
   public:
-    ModuloNode(Planned left, Planned right) : m_left(std::move(left)), m_right(std::move(right)) {}
+    ModuloNode(Planned left, Planned right)
+        : m_left(std::move(left)), m_right(std::move(right)),
+          m_whole(m_left.storage == Storage::Ints && m_right.storage == Storage::Ints && m_right.range.low >= 1) {}
 
     Vec values(const Batch& batch) override {
         const Vec left = m_left.node->values(batch);
         const Vec right = m_right.node->values(batch);
         const std::uint8_t* nulls = mergedNulls(left, right, batch.count, m_out->nulls.data());
+        if (m_whole)
+            return {.ints = remainders(left.ints, right.ints, batch.count), .nulls = nulls};
         const double* a = asReals(left, batch.count, m_leftReals.data());
         const double* b = asReals(right, batch.count, m_rightReals.data());
         bool anyNull = false;
@@ -118,8 +122,17 @@ class ModuloNode final : public ValueNode {
   private:
     static bool fits(double number) { return number >= kIntegerLow && number <= kIntegerHigh; }
 
+    /// Of whole numbers by numbers above 0. What stands under a Null divides by 1.
+    const std::int32_t* remainders(const std::int32_t* a, const std::int32_t* b, std::size_t count) {
+        std::int32_t* out = m_out->ints.data();
+        for (std::size_t row = 0; row < count; ++row)
+            out[row] = a[row] % std::max(b[row], 1);
+        return out;
+    }
+
     Planned m_left;
     Planned m_right;
+    bool m_whole; // neither rounding nor a division by 0 can come up
     std::unique_ptr<Buffer> m_out = std::make_unique<Buffer>();
     std::array<double, kBatchLimit> m_leftReals;
     std::array<double, kBatchLimit> m_rightReals;

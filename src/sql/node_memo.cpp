@@ -79,7 +79,7 @@ class MemoNode final : public ValueNode {
     Storage m_storage;
     TextPool& m_pool;
     std::int64_t* m_evaluations;
-    PairTable m_table;
+    PairTable<std::uint64_t> m_table;
     std::vector<std::int32_t> m_ints;
     std::vector<double> m_reals;
     std::vector<std::uint8_t> m_nulls;

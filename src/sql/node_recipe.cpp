@@ -10,10 +10,22 @@ namespace sql {
 
 namespace {
 
+/// found |= the row's number is the wanted one, and `before` holds; a stage with none before it gives no `before`.
 template <class T>
-SSQ_VECTOR_LOOP void equals(const T* rows, std::size_t count, std::int32_t wanted, std::uint8_t* out) {
+SSQ_VECTOR_LOOP void addFound(const T* rows, std::size_t count, T wanted, std::uint8_t* __restrict found) {
     for (std::size_t row = 0; row < count; ++row)
-        out[row] = rows[row] == wanted;
+        found[row] |= static_cast<std::uint8_t>(rows[row] == wanted);
+}
+template <class T>
+SSQ_VECTOR_LOOP void addFound(const T* rows, std::size_t count, T wanted, const std::uint8_t* __restrict before,
+                              std::uint8_t* __restrict found) {
+    for (std::size_t row = 0; row < count; ++row)
+        found[row] |= static_cast<std::uint8_t>(static_cast<std::uint8_t>(rows[row] == wanted) & before[row]);
+}
+
+SSQ_VECTOR_LOOP void invert(std::uint8_t* flags, std::size_t count) {
+    for (std::size_t row = 0; row < count; ++row)
+        flags[row] ^= 1;
 }
 
 /// found[k] says of each row whether the first k wanted numbers have been met, walking the columns left to right.
@@ -31,34 +43,33 @@ class NumbersInOrderNode final : public FlagNode {
                 look(batch, column, stage);
         std::uint8_t* last = m_found.back().data();
         if (m_negated)
-            for (std::size_t row = 0; row < batch.count; ++row)
-                last[row] ^= 1;
+            invert(last, batch.count);
         return {last, nullptr};
     }
 
   private:
     void look(const Batch& batch, int column, std::size_t stage) {
         const Numbers& numbers = batch.table->columns[static_cast<std::size_t>(column)].numbers;
-        std::uint8_t* hit = m_hit.data();
-        if (numbers.width() == Width::Constant)
-            std::fill_n(hit, batch.count, numbers.low() == m_wanted[stage]);
-        else
-            numbers.visit([&](const auto* rows) { equals(rows + batch.first, batch.count, m_wanted[stage], hit); });
+        if (m_wanted[stage] < numbers.low() || m_wanted[stage] > numbers.high())
+            return;
         std::uint8_t* found = m_found[stage].data();
         const std::uint8_t* before = stage == 0 ? nullptr : m_found[stage - 1].data();
-        if (!before)
+        if (numbers.width() == Width::Constant) {
             for (std::size_t row = 0; row < batch.count; ++row)
-                found[row] |= hit[row];
-        else
-            for (std::size_t row = 0; row < batch.count; ++row)
-                found[row] |= hit[row] & before[row];
+                found[row] |= before ? before[row] : 1;
+            return;
+        }
+        numbers.visit([&](const auto* rows) {
+            const auto wanted = static_cast<std::remove_cvref_t<decltype(*rows)>>(m_wanted[stage]);
+            before ? addFound(rows + batch.first, batch.count, wanted, before, found)
+                   : addFound(rows + batch.first, batch.count, wanted, found);
+        });
     }
 
     std::vector<int> m_columns;
     std::vector<std::int32_t> m_wanted;
     bool m_negated;
     std::vector<std::array<std::uint8_t, kBatchLimit>> m_found;
-    std::array<std::uint8_t, kBatchLimit> m_hit;
 };
 
 class NumbersMemberNode final : public FlagNode {
@@ -69,8 +80,7 @@ class NumbersMemberNode final : public FlagNode {
     Flags flags(const Batch& batch) override {
         m_keys.find(*batch.table, m_columns, batch.first, batch.count, m_flags.data());
         if (m_negated)
-            for (std::size_t row = 0; row < batch.count; ++row)
-                m_flags[row] ^= 1;
+            invert(m_flags.data(), batch.count);
         return {m_flags.data(), nullptr};
     }
 

@@ -8,12 +8,13 @@
 
 namespace sql {
 
-/// Distinct pairs of 64-bit keys, numbered as they come; open addressing, at most half full.
-class PairTable {
+/// Distinct pairs of keys, numbered as they come; open addressing, at most half full. There are fewer pairs than a
+/// key has values.
+template <class Key> class PairTable {
   public:
     /// \return the number of the pair, and whether it is new
-    std::pair<std::size_t, bool> find(std::uint64_t a, std::uint64_t b) {
-        if (2 * (m_count + 1) > m_slots.size())
+    std::pair<std::size_t, bool> find(Key a, Key b) {
+        if (2 * (std::size_t{m_count} + 1) > m_slots.size())
             grow();
         for (std::size_t at = hash(a, b) & m_mask;; at = (at + 1) & m_mask) {
             Slot& slot = m_slots[at];
@@ -27,11 +28,11 @@ class PairTable {
     }
 
   private:
-    static constexpr std::size_t kFree = ~std::size_t{0};
+    static constexpr Key kFree = static_cast<Key>(~Key{0});
     struct Slot {
-        std::uint64_t a = 0;
-        std::uint64_t b = 0;
-        std::size_t number = kFree;
+        Key a = 0;
+        Key b = 0;
+        Key number = kFree;
     };
 
     /// Multiplication by odd constants of the golden ratio, the high half folded down.
@@ -57,7 +58,7 @@ class PairTable {
 
     std::vector<Slot> m_slots;
     std::size_t m_mask = 0;
-    std::size_t m_count = 0;
+    Key m_count = 0;
 };
 
 } // namespace sql

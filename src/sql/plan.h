@@ -16,6 +16,7 @@ struct PlanContext {
     /// The same as keys of numbers, where the texts are put together as this recipe puts them
     std::function<std::optional<NumberKeys>(const Select&, const TextRecipe&)> runSubselectOfNumbers;
     std::int64_t* evaluations = nullptr; ///< raised by one for each result that is worked by itself
+    std::size_t textBytes = SIZE_MAX;    ///< EngineOptions::textBytes
 };
 
 Planned plan(const Expr& expr, PlanContext& context);

@@ -13,7 +13,7 @@ Store::Store(std::filesystem::path file, const EngineOptions& options, bool must
     : m_path(std::move(file)), m_file(std::make_shared<SqliteFile>(m_path, mustExist)),
       m_ordinary(std::make_unique<SqliteExecutor>(m_file)) {
     if (options.combinations == Executor::Column)
-        m_columns = std::make_unique<ColumnExecutor>(m_file, options.batchRows);
+        m_columns = std::make_unique<ColumnExecutor>(m_file, options.batchRows, options.textBytes);
 }
 
 Store::~Store() {

@@ -11,8 +11,8 @@ bool TextAppend::isSingle(const TextRecipe& tail) {
     return std::ranges::count_if(tail.parts, [](const TextRecipe::Part& part) { return part.column >= 0; }) <= 1;
 }
 
-TextAppend::TextAppend(const ColumnTable& table, int place, TextRecipe tail)
-    : m_table(table), m_place(static_cast<std::size_t>(place)), m_tail(std::move(tail)) {
+TextAppend::TextAppend(const ColumnTable& table, int place, TextRecipe tail, std::size_t textBytes)
+    : m_table(table), m_place(static_cast<std::size_t>(place)), m_tail(std::move(tail)), m_textBytes(textBytes) {
     for (const TextRecipe::Part& part : m_tail.parts)
         m_number = std::max(m_number, part.column);
 }
@@ -34,14 +34,19 @@ std::int32_t TextAppend::append(Dictionary& dictionary, const std::uint64_t* mas
     std::int32_t highest = 0;
     std::fill_n(codes, count, 0);
     forEachBit(mask, count, [&](std::size_t row) {
-        const auto [pair, isNew] =
-            m_pairs.find(static_cast<std::uint32_t>(m_codes[row]), static_cast<std::uint32_t>(m_numbers[row]));
-        if (isNew)
-            m_longer.push_back(longer(dictionary, m_codes[row], m_numbers[row]));
-        codes[row] = m_longer[pair];
+        codes[row] = appended(dictionary, m_codes[row], m_numbers[row]);
         highest = std::max(highest, codes[row]);
     });
     return highest;
+}
+
+std::int32_t TextAppend::appended(Dictionary& dictionary, std::int32_t code, std::int32_t number) {
+    if (code >= 0 && (dictionary.isFull(code) || dictionary.bytes() >= m_textBytes))
+        return code;
+    const auto [pair, isNew] = m_pairs.find(static_cast<std::uint32_t>(code), static_cast<std::uint32_t>(number));
+    if (isNew)
+        m_longer.push_back(longer(dictionary, code, number));
+    return m_longer[pair];
 }
 
 std::int32_t TextAppend::longer(Dictionary& dictionary, std::int32_t code, std::int32_t number) {
@@ -53,7 +58,11 @@ std::int32_t TextAppend::longer(Dictionary& dictionary, std::int32_t code, std::
         if (part.column >= 0)
             appendNumber(number, part.digits, m_text);
     }
-    return dictionary.intern(cutText(m_text));
+    const std::string cut = cutText(m_text);
+    const std::int32_t found = dictionary.intern(cut);
+    if (cut.size() < m_text.size())
+        dictionary.markFull(found);
+    return found;
 }
 
 } // namespace sql

@@ -71,6 +71,7 @@ class Family {
     }
     const std::vector<Ints>& bets() const { return m_bets; }
     std::string name() const { return std::string(member.table); }
+    filter::Workbench bench() const { return {*database, member.table, history, 33, member.reds, member.blue}; }
 
     filter::Outcome run(const filter::Step& step, workspace::Progress* progress = nullptr) {
         return session.run(step, filter::defaultState(member.catalogue()), progress);
@@ -148,14 +149,20 @@ TEST_P(SuperRuns, NumberFiltersRunTheirStatements) {
     EXPECT_EQ(six.takeStatements(),
               (Texts{kSnapshot, kSevenText,
                      out + "相克号过滤\" WHERE [unslt]=false AND [NumString] LIKE \"*03**17*\"", kView}));
-    six.run("Option25(1)", {17, 3});
+    filterNumbersByStatements(six.bench(), six.filterOf("Option25(1)"), Ints{17, 3});
     EXPECT_EQ(six.takeStatements(),
               (Texts{kSnapshot, kSevenText,
                      out + "相生号过滤\" WHERE [unslt]=false AND [NumString] LIKE \"*03*\" AND NOT [NumString] LIKE "
                            "\"*03**17*\"",
                      out + "相生号过滤\" WHERE [unslt]=false AND [NumString] LIKE \"*17*\" AND NOT [NumString] LIKE "
-                           "\"*03**17*\"",
-                     kView}));
+                           "\"*03**17*\""}));
+    six.run("Option25(1)", {17, 3});
+    EXPECT_EQ(six.takeStatements(),
+              (Texts{kSnapshot, kSevenText,
+                     out + "相生号过滤\" WHERE [unslt]=false AND NOT [NumString] LIKE \"*03**17*\" AND ([NumString] "
+                           "LIKE \"*03*\" OR [NumString] LIKE \"*17*\")",
+                     kView}))
+        << "one statement in the place of both";
     six.run("Option25(2)", {8});
     EXPECT_EQ(six.takeStatements(),
               (Texts{kSnapshot, kSevenText,
@@ -164,7 +171,7 @@ TEST_P(SuperRuns, NumberFiltersRunTheirStatements) {
 
 TEST_P(SuperRuns, GroupFiltersRunTheirStatements) {
     six.hold({{2, 5, 11, 17, 25, 33, 6}});
-    const filter::Workbench bench{*six.database, "zuhe", six.history, 33};
+    const filter::Workbench bench = six.bench();
     const std::string hit = "UPDATE [zuhe] SET [SKnum]= [SKnum] + 1 WHERE ";
     filterGroupsByStatements(bench, {&six.filterOf("Option35"), {5, 17}, 2, {9}});
     EXPECT_EQ(six.takeStatements(),
@@ -197,8 +204,7 @@ TEST_P(SuperRuns, GroupFiltersCountInOnePassAsTheStatementsDo) {
     for (int turn = 0; turn < 40; ++turn) {
         Family family(GetParam(), std::array{"GAgan", "GAganR", "GAganf"}[static_cast<std::size_t>(turn % 3)]);
         family.holdRandom(random, 40);
-        const filter::Workbench bench{*family.database,   family.member.table, family.history, 33,
-                                      family.member.reds, family.member.blue};
+        const filter::Workbench bench = family.bench();
         filter::addSuperColumns(bench);
         const std::string update = "UPDATE [" + family.name() + "] SET ";
         family.database->execute(update + "[unslt]=true WHERE [idx] mod 3 = 1");
@@ -232,6 +238,44 @@ TEST_P(SuperRuns, GroupFiltersCountInOnePassAsTheStatementsDo) {
         ASSERT_EQ(results[0], results[1]) << turn << " " << spoil;
     }
     EXPECT_GT(counted, 100U);
+}
+
+/// Also with a Null, numbers of one and of three digits, a blue below the reds, and without the text.
+TEST_P(SuperRuns, SomeNumbersGoInOneStatementAsInOneForEach) {
+    std::mt19937 random(environmentNumber("SSQ_SEED", 563));
+    const auto below = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
+    int split = 0;
+    for (int turn = 0; turn < 60; ++turn) {
+        Family family(GetParam(), std::array{"GAgan", "GAganR", "GAganf"}[static_cast<std::size_t>(turn % 3)]);
+        family.holdRandom(random, 70); // more than a word of bits
+        const std::string update = "UPDATE [" + family.name() + "] SET ";
+        const Texts odd{"[fig2]=Null WHERE [idx] mod 5 = 0", "[fig6]=105 WHERE [idx] mod 4 = 0",
+                        "[fig1]=-7 WHERE [idx] mod 4 = 1", "[fig3]=5"};
+        const std::string spoil = below(2) == 0 ? "" : update + odd[static_cast<std::size_t>(below(4))];
+        const bool lacks = below(8) == 0;
+        Ints numbers;
+        for (int number = 0; number < 1 + below(7); ++number)
+            numbers.push_back(1 + below(15)); // now and then one twice
+        const auto filters = superFiltersOf(family.member);
+        const auto& filter = *std::ranges::find_if(filters, [](const SuperFilter& filter) {
+            return filter.kind == SuperKind::Numbers && filter.rule == NumberRule::Together;
+        });
+        std::vector<Texts> results;
+        for (const auto run : {&filter::filterNumbers, &filter::filterNumbersByStatements}) {
+            family.hold(family.bets());
+            family.database->execute(update + "[unslt]=true , [Fliter]=\"手工删除\" WHERE [idx] mod 3 = 1");
+            if (!spoil.empty())
+                family.database->execute(spoil);
+            if (lacks)
+                family.database->execute("ALTER TABLE [" + family.name() + "] DROP COLUMN [Numstring]");
+            run(family.bench(), filter, numbers);
+            results.push_back(family.everything());
+        }
+        ASSERT_EQ(results[0], results[1]) << turn << " " << spoil;
+        const auto out = std::ranges::count(family.out(), true);
+        split += out > 24 && out < 70 ? 1 : 0;
+    }
+    EXPECT_GT(split, 20);
 }
 
 TEST_P(SuperRuns, SixRedsAreSearchedWithoutABlueAndSevenRedsAddTheirColumnsFirst) {
