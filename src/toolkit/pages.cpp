@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include <QFile>
 #include <QGuiApplication>
+#include <QPaintEngine>
 #include <QPainter>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +23,14 @@ output::PageRange common(const QPrinter& printer, output::PageRange range, int p
     }
     range.last = std::min(range.last, pages);
     return range;
+}
+
+/// Whether the PDF file reached the disk to its end: the printer tells nothing of one that is full.
+bool isWholePdf(const QString& file) {
+    const QByteArray mark = "%%EOF";
+    QFile written(file);
+    return written.open(QIODevice::ReadOnly) && written.seek(std::max<qint64>(0, written.size() - mark.size() - 2)) &&
+           written.readAll().contains(mark);
 }
 
 } // namespace
@@ -42,8 +52,9 @@ PaperState printPages(QPrinter& printer, const Pages& pages, output::PageRange r
         pages.paint(painter, page - 1);
         painter.restore();
     }
-    const bool ended = painter.end();
-    return ended && printer.printerState() != QPrinter::Error ? PaperState::Printed : PaperState::Failed;
+    const bool intoFile = printer.paintEngine()->type() == QPaintEngine::Pdf && !printer.outputFileName().isEmpty();
+    const bool ended = painter.end() && printer.printerState() != QPrinter::Error;
+    return ended && (!intoFile || isWholePdf(printer.outputFileName())) ? PaperState::Printed : PaperState::Failed;
 }
 
 void prepare(QPrinter& printer) {

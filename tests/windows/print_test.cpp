@@ -20,6 +20,8 @@
 #include <QTextBrowser>
 
 #include "output/sheet.h"
+#include "output/sheet_support.h"
+#include "output/zip.h"
 #include "support/modal_script.h"
 #include "toolkit/document_file.h"
 #include "toolkit/print_window.h"
@@ -51,15 +53,13 @@ std::optional<QStringList> pagesOf(const QString& file) {
     return pages;
 }
 
-/// A file inside a packed document, as text.
+/// What stands in a document, as XML.
 QString contentOf(const QString& document) {
-    QProcess process;
-    process.start(u"python3"_s, {u"-c"_s,
-                                 u"import sys,zipfile;sys.stdout.buffer.write("
-                                 "zipfile.ZipFile(sys.argv[1]).read('content.xml'))"_s,
-                                 document});
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
+    output::ZipReader packed(document.toStdString());
+    while (packed.next())
+        if (packed.name() == "content.xml")
+            return QString::fromStdString(packed.read());
+    return {};
 }
 
 } // namespace
@@ -117,7 +117,10 @@ TEST_F(PrintBets, EveryMemberPrints) {
             ++documents;
             const QString first =
                 member.blue ? u"&lt;01&gt;01 02 03 04 05 06 09"_s : u"&lt;01&gt;01 02 03 04 05 06"_s;
-            EXPECT_TRUE(contentOf(place(u"Print.odt"_s)).contains(first));
+            const QString content = contentOf(place(u"Print.odt"_s));
+            EXPECT_TRUE(content.contains(first));
+            EXPECT_LT(content.indexOf(u"打印时间:"_s), content.indexOf(u"购买期数:2026001"_s));
+            EXPECT_EQ(content.count(u" <text:s/>"_s), 28) << "two blanks behind each bet";
             EXPECT_FALSE(std::filesystem::exists(m_folder / "Print.txt"));
             continue;
         }
@@ -442,6 +445,18 @@ TEST_F(Paper, AFileThatCannotBeWrittenIsAFailure) {
     const CountedRows rows(3);
     const output::Sheet sheet{{{u"Index"_s}}, rows};
     EXPECT_EQ(toolkit::printPages(printer, toolkit::SheetPages(sheet, printer)), toolkit::PaperState::Failed);
+}
+
+TEST_F(Paper, AFileThatAFullDiskCutOffIsAFailure) {
+    const CountedRows rows(400);
+    const output::Sheet sheet{{{u"Index"_s}, {u"Reason"_s}}, rows};
+    const toolkit::SheetPages pages(sheet, printer);
+    ASSERT_EQ(toolkit::printPages(printer, pages), toolkit::PaperState::Printed);
+    const auto whole = static_cast<rlim_t>(QFile(file).size());
+    for (const rlim_t length : {rlim_t{4'000}, whole / 2, whole - 1'000, whole - 50}) {
+        const output_test::FileLimit full(length);
+        EXPECT_EQ(toolkit::printPages(printer, pages), toolkit::PaperState::Failed) << length << " of " << whole;
+    }
 }
 
 TEST_F(Paper, ALongLineOfTextGoesOnAtABlank) {
