@@ -18,6 +18,7 @@
 #include "toolkit/grid_cell.h"
 #include "toolkit/grid_copy.h"
 #include "toolkit/grid_sheet.h"
+#include "toolkit/sheet_preview.h"
 #include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
@@ -168,6 +169,18 @@ void DataGrid::exportAll() {
         m_exportFolder = QFileInfo(file).path();
 }
 
+void DataGrid::printAll() {
+    if (!model())
+        return;
+    const std::vector<int> columns = shownColumns(*this);
+    if (columns.empty()) {
+        DialogBoxes(this).tell(u"表格的列都隐藏了，没有可以打印的内容。请先显示要打印的列。"_s, u"打印"_s);
+        return;
+    }
+    const GridRows rows(*this, columns);
+    previewSheet({.columns = sheetColumns(*this, columns), .rows = rows, .title = accessibleName()}, *this);
+}
+
 void DataGrid::fillMenu(QMenu& menu) {
     const bool chosen = selectionModel() && selectionModel()->hasSelection();
     const struct {
@@ -181,6 +194,7 @@ void DataGrid::fillMenu(QMenu& menu) {
         {u"mnuSelectAll"_s, u"全选"_s, QKeySequence::SelectAll, [this] { selectAll(); },
          model() && model()->rowCount() > 0},
         {u"mnuExport"_s, u"导出…"_s, {}, [this] { exportAll(); }, model() && model()->rowCount() > 0},
+        {u"mnuPrintGrid"_s, u"打印…"_s, {}, [this] { printAll(); }, model() && model()->rowCount() > 0},
     };
     for (const auto& entry : entries) {
         QAction* action = menu.addAction(entry.caption);

@@ -5,8 +5,8 @@
 // A heading stands in the middle unless the model tells another alignment for it.
 // A row is never cut at the top: a grid that is scrolled to its end leaves the rest of its height empty below.
 // Ctrl+C copies the selected cells, Ctrl+Shift+C with their headings (grid_copy.h); both stand in the context menu,
-// with 导出…, which writes the whole grid into a file (output/sheet_export.h), and what a window adds. Cells are
-// painted by GridDelegate in the styles of grid_cell.h.
+// with 导出…, which writes the whole grid into a file (output/sheet_export.h), 打印…, which shows it as pages
+// (sheet_preview.h), and what a window adds. Cells are painted by GridDelegate in the styles of grid_cell.h.
 #pragma once
 
 #include <QTableView>
@@ -39,6 +39,8 @@ class DataGrid : public QTableView {
     bool copySelection(Headings headings = Headings::Without);
     /// Asks for a file, and writes all rows of the columns that are shown.
     void exportAll();
+    /// Shows the same rows and columns as pages, from where they are printed.
+    void printAll();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -191,7 +191,7 @@ TEST(DataGrid, ItsMenuCopiesAndSelectsAndTakesEntriesOfTheWindow) {
     for (const QAction* entry : menu->actions())
         if (!entry->isSeparator())
             captions << entry->text();
-    EXPECT_EQ(captions, (QStringList{u"复制"_s, u"复制含表头"_s, u"全选"_s, u"导出…"_s, u"更多"_s}));
+    EXPECT_EQ(captions, (QStringList{u"复制"_s, u"复制含表头"_s, u"全选"_s, u"导出…"_s, u"打印…"_s, u"更多"_s}));
     EXPECT_FALSE(menu->actions()[0]->isEnabled()); // nothing is selected
     menu->actions()[2]->trigger();
     EXPECT_TRUE(grid.copySelection());

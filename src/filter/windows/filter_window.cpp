@@ -88,13 +88,16 @@ void FilterWindow::connectParts() {
     connect(m_results, &ResultPanel::recordWanted, this, [this](int code) { m_template->recordInvert(code); });
     connect(m_results, &ResultPanel::rowDoubleClicked, this, &FilterWindow::toggleRow);
     connect(m_results, &ResultPanel::templateWanted, this, &FilterWindow::changeTemplate);
+    connect(m_results, &ResultPanel::printWanted, this, &FilterWindow::print);
     connect(m_results, &ResultPanel::reasonsWanted, this, [this] {
         const toolkit::BusyCursor busy;
         m_results->show(m_session.reasons(), ResultPanel::Shows::Reasons);
+        m_counted = false;
     });
     connect(m_results, &ResultPanel::pageWanted, this, [this] {
         const toolkit::BusyCursor busy;
         m_results->show(m_session.page(m_results->pageNumber()), ResultPanel::Shows::Page);
+        m_counted = false;
     });
     connect(m_notice, &toolkit::NoticeBar::actionPressed, this, [this] {
         m_notice->hide();
@@ -284,6 +287,7 @@ Outcome FilterWindow::run(const Step& step) {
 
 void FilterWindow::toggleRow(int row) {
     const Outcome outcome = run(Toggle{m_results->indexText(row).toStdString()});
+    m_counted = true;
     if (row >= 0 && outcome.toggled != Toggled::NotFound)
         m_results->setGrey(row, outcome.toggled == Toggled::TakenOut);
 }
@@ -330,9 +334,18 @@ void FilterWindow::exportTicked() {
                     .note = u"表格已经写入“%1”。"_s.arg(place)});
 }
 
+void FilterWindow::print() {
+    const sql::Rows rows =
+        m_counted ? ResultView(m_context.dbFilnum, m_member).inPlay().rows : m_results->shownRows();
+    const auto latest = static_cast<std::size_t>(m_context.history.Lsnum);
+    printBets(m_member, rows, m_context.history.Lshm[latest][0], m_context.printing, *this);
+}
+
 void FilterWindow::showOutcome(const Outcome& outcome) {
-    if (outcome.refill)
+    if (outcome.refill) {
         m_results->show(outcome.view, ResultPanel::Shows::Left);
+        m_counted = false;
+    }
     const auto& steps = m_session.steps();
     m_results->tell(outcome, m_session.total(),
                     steps.empty() ? QString() : QString::fromStdString(steps.back().what));

@@ -11,6 +11,7 @@
 #include <QDialog>
 
 #include "filter/session.h"
+#include "filter/windows/bet_printer.h"
 #include "filter/windows/late_store.h"
 #include "filter/windows/template_control.h"
 #include "toolkit/window_place.h"
@@ -38,6 +39,7 @@ struct FilterContext {
     toolkit::PlaceStore places{};          ///< where the windows remember their place; without functions they do not
     int BitnumB = workspace::Rule{}.blues; ///< highest blue number
     std::filesystem::path folder{};        ///< of the program: exports go there
+    PrintSetting printing{};
 };
 
 class FilterWindow : public QDialog, private FilterControls {
@@ -78,6 +80,8 @@ class FilterWindow : public QDialog, private FilterControls {
     void search(const Parameter* parameter);
     /// Writes the bets in play with the values of the ticked parameters into a workbook, and has it opened.
     void exportTicked();
+    /// Prints the rows that were opened last: those of a wheel as a document, all others as a text.
+    void print();
     /// A tolerance box was left.
     void followTolerance(bool percent);
     void toggleRow(int row);
@@ -100,6 +104,7 @@ class FilterWindow : public QDialog, private FilterControls {
     FilterContext m_context;
     Session m_session;
     LateStore m_store;
+    bool m_counted = false; ///< the rows in play were opened, to be counted, after those that the grid shows
     bool m_writing = false; ///< boxes are being filled: what they say is told once, at the end
     ParameterTable* m_table;
     RunPanel* m_panel;

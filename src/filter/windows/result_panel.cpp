@@ -83,9 +83,9 @@ QHBoxLayout* ResultPanel::buildStates(const FilterMember& member) {
     line->addLayout(toolkit::joined<toolkit::FlatButton>({reset, restore}));
     line->addLayout(toolkit::joined<toolkit::FlatButton>({invert, invertLast}));
     line->addStretch();
-    auto* print =
-        makeButton(u"CmdPrint"_s, u"打印预览(&P)"_s, u"还需打印预览功能"_s, toolkit::FlatButton::Look::Plain, this);
-    print->setEnabled(false); // there is no print preview in this program yet
+    auto* print = makeButton(u"CmdPrint"_s, u"打印预览(&P)"_s, u"把剩余的组合写入 Print 文件，并打开查看和打印"_s,
+                             toolkit::FlatButton::Look::Plain, this);
+    connect(print, &QPushButton::clicked, this, &ResultPanel::printWanted);
     line->addWidget(print);
     return line;
 }
@@ -166,6 +166,7 @@ void ResultPanel::connectGrid(const FilterMember& member) {
 
 void ResultPanel::show(const View& view, Shows shows) {
     m_model->show(view);
+    m_rows = view.rows;
     m_grid->setEmptyText(shows == Shows::Page ? u"这一页没有剩余组合：换一个页号，或按任一过滤看全部剩余"_s
                          : shows == Shows::Left ? kAdvice
                                                 : m_nothingYet);

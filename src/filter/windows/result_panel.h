@@ -25,6 +25,8 @@ class ResultPanel : public toolkit::Card {
     enum class Shows { Left, Reasons, Page };
     void show(const View& view, Shows shows);
     using QWidget::show;
+    /// Those of the view.
+    const sql::Rows& shownRows() const { return m_rows; }
     /// What the last step left and did. \param step  its words, empty for the opening of the table
     void tell(const Outcome& outcome, std::int64_t total, const QString& step);
 
@@ -53,6 +55,7 @@ class ResultPanel : public toolkit::Card {
     /// \param row  row of the grid, -1 for the headings
     void rowDoubleClicked(int row);
     void offerTaken();
+    void printWanted();
 
   private:
     QHBoxLayout* buildStates(const FilterMember& member);
@@ -65,6 +68,7 @@ class ResultPanel : public toolkit::Card {
     QString m_nothingYet; ///< what stands in place of the bets of an empty table
     toolkit::HeadLine* m_head;
     RowsModel* m_model;
+    sql::Rows m_rows;
     toolkit::RowsGrid* m_grid;
     QLineEdit* m_page;
     QPushButton* m_offer;

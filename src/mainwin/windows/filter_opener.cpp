@@ -42,7 +42,7 @@ void FilterOpener::open(std::string_view form, selection::BetSource& source, std
     m_window.setCursor(Qt::WaitCursor);
     filter::FilterWindow window(member,
                                 {*database, m_context.book.history(), workspace.Bitnum, m_Baoliu,
-                                 placesIn(m_context.settings), workspace.BitnumB, workspace.folder},
+                                 placesIn(m_context.settings), workspace.BitnumB, workspace.folder, m_printing()},
                                 &m_window);
     window.setNotice(notice);
     if (offer)

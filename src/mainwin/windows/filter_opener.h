@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include "filter/member.h"
+#include "filter/windows/bet_printer.h"
 #include "mainwin/main_context.h"
 #include "selection/bet_source.h"
 
@@ -50,6 +51,9 @@ class FilterOpener {
     /// How many rows the table of a member has; 0 where its file does not open.
     std::int64_t rowsOf(std::string_view form);
 
+    /// How the windows that it opens print; until this is set, nowhere.
+    void setPrinting(std::function<filter::PrintSetting()> printing) { m_printing = std::move(printing); }
+
     QWidget& window() const { return m_window; }
     sql::Engine& engine() const { return m_engine; }
 
@@ -63,6 +67,7 @@ class FilterOpener {
     sql::Engine& m_engine;
     std::int16_t& m_Baoliu;
     QWidget& m_window;
+    std::function<filter::PrintSetting()> m_printing = [] { return filter::PrintSetting(); };
 };
 
 } // namespace mainwin

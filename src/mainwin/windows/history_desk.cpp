@@ -3,10 +3,7 @@
 #include <optional>
 #include <stdexcept>
 
-#include <QDesktopServices>
-#include <QProcess>
 #include <QScopeGuard>
-#include <QUrl>
 
 #include "history/edit_text.h"
 #include "history/store.h"
@@ -15,8 +12,8 @@
 #include "mainwin/windows/history_panel.h"
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
+#include "toolkit/text_viewer.h"
 #include "workspace/failure.h"
-#include "workspace/setting_names.h"
 
 using namespace Qt::StringLiterals;
 
@@ -70,16 +67,6 @@ class BusyBoxes final : public workspace::Dialogs {
     toolkit::DialogBoxes m_boxes;
     std::optional<toolkit::BusyCursor> m_busy;
 };
-
-/// Starts the program that the setting names, with its arguments and the file; else the desktop's own editor.
-bool startEditor(const workspace::Settings& settings, const QString& file) {
-    QStringList command =
-        QProcess::splitCommand(settings.value(workspace::setting::kProgram, u"Option"_s, u"Editor"_s));
-    if (command.isEmpty())
-        return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
-    const QString program = command.takeFirst();
-    return QProcess::startDetached(program, command << file);
-}
 
 } // namespace
 
@@ -203,8 +190,9 @@ void HistoryDesk::editText() {
     history::Editing editing;
     {
         BusyBoxes boxes(&m_panel);
-        editing = history::editHistoryText(m_context.workspace, boxes,
-                                           [this](const QString& file) { return startEditor(m_settings, file); });
+        editing = history::editHistoryText(m_context.workspace, boxes, [this](const QString& file) {
+            return toolkit::startEditor(m_settings, file);
+        });
     }
     if (editing == history::Editing::Read)
         read(history::readWhole);

@@ -15,6 +15,7 @@
 #include "toolkit/busy_cursor.h"
 #include "toolkit/dialog_boxes.h"
 #include "toolkit/notice_bar.h"
+#include "toolkit/text_viewer.h"
 #include "workspace/combination_files.h"
 #include "workspace/failure.h"
 #include "workspace/paths.h"
@@ -80,6 +81,10 @@ void Program::openDesks() {
     m_prizeDesk = std::make_unique<PrizeDesk>(*m_context, settings, engine, *m_form);
     connect(m_prizeDesk.get(), &PrizeDesk::broken, m_form.get(), &Form1::close);
     m_workspaceDesk = std::make_unique<WorkspaceDesk>(*m_context, UserFiles{settings, users, engine}, *m_form);
+    m_opener->setPrinting([this] {
+        return filter::PrintSetting{workspace::userFolder(m_folder, workspace.Username), m_workspaceDesk->Printrow,
+                                    [this](const QString& file) { return toolkit::startEditor(settings, file); }};
+    });
     m_drawDesk = std::make_unique<DrawDesk>(*m_context, generation, *m_form);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::ruleChanged, m_form.get(), &Form1::showRule);
     connect(m_workspaceDesk.get(), &WorkspaceDesk::renamed, this, [this](const QString& name) {
