@@ -10,14 +10,11 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
-#include <QPrintDialog>
-#include <QPrinter>
 #include <QPushButton>
 #include <QTextCursor>
 #include <QVBoxLayout>
 
 #include "toolkit/busy_cursor.h"
-#include "toolkit/dialog_boxes.h"
 #include "toolkit/text_pages.h"
 #include "toolkit/window_place.h"
 
@@ -115,21 +112,7 @@ QString PrintWindow::selectedText() const {
 
 void PrintWindow::print() {
     const bool chosen = m_box->textCursor().hasSelection();
-    QPrinter printer(QPrinter::HighResolution);
-    prepare(printer);
-    QPrintDialog dialog(&printer, this);
-    dialog.setObjectName(u"PrintDialog"_s);
-    dialog.setOption(QAbstractPrintDialog::PrintSelection, chosen);
-    dialog.setPrintRange(chosen ? QAbstractPrintDialog::Selection : QAbstractPrintDialog::AllPages);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    DialogBoxes boxes(this);
-    const bool part = printer.printRange() == QPrinter::Selection;
-    const auto progress = boxes.progress(u"正在打印"_s);
-    const TextPages pages(part ? selectedText() : m_box->toPlainText(), m_box->font(), m_ink, printer);
-    if (printPages(printer, pages, kAllPages, progress.get()) == PaperState::Failed)
-        boxes.warn(
-            {.text = u"没有打印：打印机或文件不能写入。文字没有改变，请排除原因后重试。"_s, .title = u"打印"_s});
+    printText(*this, m_box->toPlainText(), chosen ? selectedText() : QString(), m_box->font(), m_ink);
 }
 
 void PrintWindow::chooseFont() {

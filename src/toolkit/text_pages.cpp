@@ -4,6 +4,12 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QPrintDialog>
+#include <QPrinter>
+
+#include "toolkit/dialog_boxes.h"
+
+using namespace Qt::StringLiterals;
 
 namespace toolkit {
 
@@ -63,6 +69,24 @@ void TextPages::paint(QPainter& painter, int page) const {
     }
     if (count() > 1)
         paintPageNumber(painter, m_paper, page, count());
+}
+
+void printText(QWidget& window, const QString& whole, const QString& part, const QFont& font, const QColor& colour) {
+    QPrinter printer(QPrinter::HighResolution);
+    prepare(printer);
+    QPrintDialog dialog(&printer, &window);
+    dialog.setObjectName(u"PrintDialog"_s);
+    dialog.setOption(QAbstractPrintDialog::PrintSelection, !part.isEmpty());
+    dialog.setPrintRange(part.isEmpty() ? QAbstractPrintDialog::AllPages : QAbstractPrintDialog::Selection);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    DialogBoxes boxes(&window);
+    const bool chosen = printer.printRange() == QPrinter::Selection;
+    const auto progress = boxes.progress(u"正在打印"_s);
+    const TextPages pages(chosen ? part : whole, font, colour, printer);
+    if (printPages(printer, pages, kAllPages, progress.get()) == PaperState::Failed)
+        boxes.warn(
+            {.text = u"没有打印：打印机或文件不能写入。文字没有改变，请排除原因后重试。"_s, .title = u"打印"_s});
 }
 
 } // namespace toolkit

@@ -6,6 +6,8 @@
 
 #include "toolkit/pages.h"
 
+class QWidget;
+
 namespace toolkit {
 
 class TextPages final : public Pages {
@@ -25,5 +27,9 @@ class TextPages final : public Pages {
     int m_perPage;
     QStringList m_lines;
 };
+
+/// Asks for a printer above `window`, then prints; what fails is told.
+/// \param part  of the whole text, offered as what is chosen; empty: the whole text is printed
+void printText(QWidget& window, const QString& whole, const QString& part, const QFont& font, const QColor& colour);
 
 } // namespace toolkit

@@ -142,13 +142,15 @@ TEST_F(PrizeReports, TheWholeTextGoesToThePrinter) {
     EXPECT_EQ(printed, u"兑奖日期:2026-11-10\n兑奖时间:09:05:07\n丙\n"_s);
 }
 
-TEST_F(PrizeReports, WithoutAPrinterThatButtonSaysSo) {
-    inReports([](QWidget& dialog) {
-        const auto& print = *controlAs<QPushButton>(dialog, u"Command4"_s);
-        EXPECT_FALSE(print.isEnabled());
-        EXPECT_FALSE(print.toolTip().isEmpty());
-        press(dialog, u"Command3"_s);
-    });
+TEST_F(PrizeReports, ThePrinterIsAskedForAboveTheWindow) {
+    addThree();
+    inReports(
+        [](QWidget& dialog) {
+            press(dialog, u"Command4"_s);
+            EXPECT_EQ(shown(dialog), "丙");
+            press(dialog, u"Command3"_s);
+        },
+        {{u"PrintDialog"_s, test_support::cancel()}});
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "prize/windows/reports_window.h"
 #include "prize/windows/rules_window.h"
 #include "toolkit/dialog_boxes.h"
+#include "toolkit/text_pages.h"
 #include "workspace/combination_files.h"
 #include "workspace/failure.h"
 #include "workspace/paths.h"
@@ -30,7 +31,10 @@ void PrizeDesk::setRules() {
 }
 
 void PrizeDesk::showReports() {
-    prize::ReportsWindow window({userFolder(), m_settings, m_context.workspace.Username},
+    const auto print = [](QWidget& above, const QString& text) {
+        toolkit::printText(above, text, {}, toolkit::paperFont(), Qt::black);
+    };
+    prize::ReportsWindow window({userFolder(), m_settings, m_context.workspace.Username, print},
                                 placesIn(m_context.settings), &m_window);
     window.exec();
 }
