@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
+constexpr std::string_view kIdx = "Idx";
+
 using Numbers = std::array<int, workspace::kStepNumbers>;
 
 std::string column(const char* stem, int number) {
@@ -172,22 +174,32 @@ void StepTemplate::deleteLast() const {
     });
 }
 
-void StepTemplate::putBack(const std::vector<RecordedStep>& steps) const {
+std::vector<StoredStep> StepTemplate::stored() const {
+    std::vector<StoredStep> steps;
+    quietly([&] {
+        sql::Recordset rows = m_database.openRecordset("SELECT * FROM [moban]");
+        for (; !rows.eof(); rows.moveNext()) {
+            StoredStep step;
+            for (int field = 0; field < rows.fieldCount(); ++field)
+                if (rows.fieldName(field) != kIdx && !sql::isNull(rows.field(field)))
+                    step.emplace_back(rows.fieldName(field), rows.field(field));
+            steps.push_back(std::move(step));
+        }
+    });
+    return steps;
+}
+
+void StepTemplate::replaceAll(const std::vector<StoredStep>& rows) const {
     quietly([&] {
         sql::Transaction whole(m_database);
-        for (const RecordedStep& step : steps) {
-            append(step.intCmdnb);
-            editLast([&](sql::Recordset& row) {
-                writeSetting(row, step.setting, m_family);
-                for (int tick = 1; tick <= workspace::kStoredTicks; ++tick)
-                    setQuietly(row, column("chk", tick),
-                               std::int64_t{step.ticked[static_cast<std::size_t>(tick)] ? 1 : 0});
-                setQuietly(row, "ljh", truth(step.ljh));
-                setQuietly(row, "baoliu", truth(step.baoliu));
-                setQuietly(row, "sknum", std::int64_t{step.sknum});
-                setQuietly(row, "skzu", std::int64_t{step.skzu});
-                writeNumbers(row, step.sk);
-            });
+        m_database.execute("DELETE FROM [moban]");
+        sql::Recordset table = m_database.openRecordset("moban");
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            table.addNew();
+            for (const auto& [name, value] : rows[row])
+                table.set(name, value);
+            table.set(kIdx, static_cast<std::int64_t>(row + 1));
+            table.update();
         }
         whole.commit();
     });

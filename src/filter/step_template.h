@@ -37,6 +37,9 @@ struct RecordedStep {
     std::array<int, workspace::kStepNumbers> sk{};          ///< groups begin at sk1 and end with sk0
 };
 
+/// A row of moban with every field that it has but its number, to be put back as it was.
+using StoredStep = std::vector<std::pair<std::string, sql::Value>>;
+
 class StepTemplate {
   public:
     /// \param database  the family's combination file
@@ -59,8 +62,10 @@ class StepTemplate {
     void clear() const;
     /// Deletes the last step, if there is one.
     void deleteLast() const;
-    /// Adds steps as they were, behind the last one: takes back a deletion.
-    void putBack(const std::vector<RecordedStep>& steps) const;
+    /// All rows as they are stored.
+    std::vector<StoredStep> stored() const;
+    /// These rows, numbered anew, in place of what is there: takes back a deletion. All or nothing.
+    void replaceAll(const std::vector<StoredStep>& rows) const;
 
   private:
     RecordedStep read(const sql::Recordset& record) const;

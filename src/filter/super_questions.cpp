@@ -1,6 +1,7 @@
 #include "filter/super_questions.h"
 
 #include <climits>
+#include <cmath>
 
 #include "base/number_text.h"
 
@@ -36,6 +37,7 @@ Answer askOnce(const Question& question, workspace::Dialogs& dialogs) {
         return {Answered::Ended};
     bool isNumber = false;
     const double typed = text->trimmed().toDouble(&isNumber);
+    isNumber = isNumber && std::isfinite(typed); // "inf" and "nan" are words here
     const int number = isNumber ? base::wholeWithin(typed, INT_MIN, INT_MAX) : 0;
     if (isNumber && number >= question.least && number <= question.most)
         return {Answered::Number, number};

@@ -288,19 +288,23 @@ TEST_F(Recorded, AnswersWithoutANewRowOverwriteTheLastStep) {
 TEST_F(Recorded, WhatWasClearedCanBePutBack) {
     steps.append(0);
     steps.writeIntegrated(filled(filter::sixAndBlueCatalogue(), Mode::List));
+    steps.writeIntegrated(filled(filter::sixAndBlueCatalogue(), Mode::Range)); // both lists are in the row then
     steps.append(13);
     steps.writeAnswers(filter::FilterGroups{filterOf(13), {1, 5, 8}, 2});
-    const std::vector<RecordedStep> before = steps.steps();
+    const std::vector<filter::StoredStep> before = steps.stored();
+    EXPECT_GT(before[0].size(), 100U);
+    EXPECT_LT(before[1].size(), 40U) << "what was not written is not there";
     steps.clear();
     EXPECT_EQ(steps.count(), 0);
-    steps.putBack(before);
-    const std::vector<RecordedStep> after = steps.steps();
-    ASSERT_EQ(after.size(), 2U);
-    EXPECT_EQ(after[0].setting, before[0].setting);
-    EXPECT_EQ(after[0].ticked, before[0].ticked);
-    EXPECT_EQ(after[1].Idx, 2);
-    EXPECT_EQ(after[1].sk, before[1].sk);
-    EXPECT_EQ(after[1].skzu, 2);
+    steps.append(2);
+    std::vector<filter::StoredStep> all = before;
+    all.push_back(steps.stored()[0]);
+    steps.replaceAll(all);
+    EXPECT_EQ(steps.count(), 3);
+    const std::vector<filter::StoredStep> after = steps.stored();
+    EXPECT_EQ(after[0], before[0]);
+    EXPECT_EQ(after[1], before[1]);
+    EXPECT_EQ(steps.at(3)->intCmdnb, 2) << "numbered anew";
 }
 
 } // namespace

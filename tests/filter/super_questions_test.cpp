@@ -65,6 +65,11 @@ class SuperQuestions : public testing::Test {
     std::vector<QString> titles;
 };
 
+TEST_F(SuperQuestions, InfinityAndWhatIsNoNumberAreNoNumbers) {
+    for (const QString& word : {u"inf"_s, u"nan"_s, u"-inf"_s, u"1e999"_s})
+        EXPECT_TRUE(ended("Option27", {asksText(kHistory, word), refuses(kNoNumber, false)})) << word.toStdString();
+}
+
 TEST_F(SuperQuestions, AHistoryFilterAsksForTheDrawsOnce) {
     for (const char* option : {"Optio37", "Option26", "Option28", "Option27"}) {
         const auto step = ask(option, {asksText(kHistory, u"100"_s)});

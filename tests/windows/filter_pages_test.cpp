@@ -8,6 +8,7 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <filesystem>
@@ -485,6 +486,80 @@ TEST_F(FilterPages, ASettingOfEachModeIsCalledBackOnAnotherMember) {
         load(keep);
         m_window->show();
     }
+}
+
+TEST_F(FilterPages, NamesThatDifferInCapitalsAloneAreDeletedTogetherAndTheQuestionSaysSo) {
+    choose(kTemplate);
+    for (const QString& name : {u"abc"_s, u"ABC"_s}) {
+        ModalScript script({{u"InputBox"_s, type(name)}});
+        press(kForm, u"Command7"_s);
+    }
+    const auto play = [](QWidget& picker) {
+        picker.findChild<QAction*>(u"mnuDel"_s)->trigger();
+        EXPECT_EQ(picker.findChild<toolkit::DataGrid*>(u"MSFlexGrid1"_s)->model()->rowCount(), 2);
+        picker.findChild<QAction*>(u"mnuName"_s)->trigger();
+        press(picker, u"cmdCancel"_s);
+    };
+    const auto asked = [](QWidget& box) {
+        EXPECT_TRUE(static_cast<QMessageBox&>(box).informativeText().contains(u"2 个设置"_s));
+        test_support::answer({}, QMessageBox::Cancel)(box);
+    };
+    ModalScript script({{u"frmFind"_s, play},
+                        {u"MsgBox"_s, asked},
+                        {u"InputBox"_s, type(u"新"_s)},
+                        {u"MsgBox"_s, answer(u"叫“ABC”的 2 个设置都会改名，是否继续？"_s)}});
+    press(kForm, u"Command6"_s);
+    EXPECT_EQ(m_database->query("SELECT [Name] FROM [Canshu]").textAt(0, 0), "新");
+}
+
+TEST_F(FilterPages, WhatCanBeTakenBackStaysSoWhileOtherThingsAreTold) {
+    record(u"Command2"_s);
+    record(u"Command3"_s);
+    choose(kTemplate);
+    press(kForm, u"Command5"_s);
+    m_window->setNotice(u"另一件事"_s);
+    record(u"Command2"_s);
+    press(kForm, u"NoticeAction"_s);
+    const sql::Rows rows = m_database->query("SELECT [Idx],[intCmdnb] FROM [moban]");
+    std::string order;
+    for (std::int64_t row = 0; row < rows.count(); ++row)
+        order += rows.textAt(row, 0) + ":" + rows.textAt(row, 1) + " ";
+    EXPECT_EQ(order, "1:2 2:1 3:2 ") << "back in its place, before what was recorded since";
+}
+
+TEST_F(FilterPages, TheWheelPicksNoPeriod) {
+    typeInto(kForm, u"Text2(0)"_s, u"60"_s);
+    auto* period = controlAs<QComboBox>(*m_window, u"Combo1(0)"_s);
+    const QPoint middle = period->rect().center();
+    QWheelEvent wheel(middle, period->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(period, &wheel);
+    EXPECT_EQ(period->currentIndex(), -1);
+    EXPECT_EQ(textOf(u"Text2(0)"_s), u"60"_s);
+}
+
+TEST_F(FilterPages, ABetIsTakenOutAndPutBackByKey) {
+    m_window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    grid().setFocus();
+    grid().setCurrentIndex(grid().model()->index(2, 3));
+    QTest::keyClick(&grid(), Qt::Key_Return);
+    EXPECT_EQ(m_database->query("SELECT [idx] FROM [zuhe] WHERE [unslt] = true").textAt(0, 0), "3");
+    QTest::keyClick(&grid(), Qt::Key_Delete);
+    EXPECT_EQ(m_database->query("SELECT [idx] FROM [zuhe] WHERE [unslt] = true").count(), 0);
+}
+
+TEST_F(FilterPages, ItsOwnMenuDoesNotLeaveAToleranceBox) {
+    for (const int index : {0, 1, 2, 3, 4, 5, 6})
+        tick(index);
+    typeInto(kForm, u"TxtRc(1)"_s, u"50"_s);
+    const QString before = textOf(u"TxtRc(0)"_s);
+    QFocusEvent popup(QEvent::FocusOut, Qt::PopupFocusReason);
+    QApplication::sendEvent(controlAs<QLineEdit>(*m_window, u"TxtRc(1)"_s), &popup);
+    EXPECT_EQ(textOf(u"TxtRc(0)"_s), before);
+    QFocusEvent left(QEvent::FocusOut, Qt::TabFocusReason);
+    QApplication::sendEvent(controlAs<QLineEdit>(*m_window, u"TxtRc(1)"_s), &left);
+    EXPECT_EQ(textOf(u"TxtRc(0)"_s), u"3"_s);
 }
 
 TEST_F(FilterPages, CancellingThePickerLeavesEveryBox) {

@@ -19,7 +19,7 @@ const std::string kSixRedExtremes =
     "[wz3] string,[wz4] string,[wz5] string,[wz6] string,[wz7] string,[zdzj] string,"
     "[czzj] string,[csq] string,[fzd] string,[Geweitong] string,[Osh] string,[Gwh] string,"
     "[Ylh] string,[ylc] string,[shp] string,[csqp] string,[osp] string,[dsp] string,"
-    "[Zdqj] string";
+    "[Xsh] string,[Dsh] string,[Zdqj] string";
 const std::string kRanges = "[1to10_1] string,[1to10_2] string,[11to20_1] string,[11to20_2] string,[21to30_1] string,"
                             "[21to30_2] string,[31up_1] string,[31up_2] string,[lsh_1] string,[lsh_2] string,"
                             "[csq_1] string,[csq_2] string,[sh_1] string,[sh_2] string,[fzd_1] string,[fzd_2] string,"
@@ -33,6 +33,9 @@ const std::string kRanges = "[1to10_1] string,[1to10_2] string,[11to20_1] string
                             "[Gwh_2] string,[Jsh_1] string,[Jsh_2] string,[Osh_1] string,[Osh_2] string,"
                             "[Ylh_1] string,[Ylh_2] string,[Ylc_1] string,[Ylc_2] string,[Zdqj_1] string,"
                             "[Zdqj_2] string,[ZdqjNum_1] string,[ZdqjNum_2] string";
+// Those of six reds have two parameters more.
+const std::string kRangesSixRed = std::string(kRanges).insert(
+    kRanges.find("[Zdqj_1]"), "[Xsh_1] string,[Xsh_2] string,[Dsh_1] string,[Dsh_2] string,");
 const std::string kFlags = "[1j] Bit,[1o] Bit,[2j] Bit,[2o] Bit,[3j] Bit,[3o] Bit,[4j] Bit,[4o] Bit,[5j] Bit,"
                            "[5o] Bit,[6j] Bit,[6o] Bit,[7j] Bit,[7o] Bit";
 const std::string kRun = "[RCperct] string,[RCcount] string";
@@ -50,7 +53,7 @@ TEST(FilterColumns, OfSavedSettingsAreThese) {
     EXPECT_EQ(workspace::canshuColumns(FilterFamily::SixAndBlue),
               "[Name] string,[opt36] Bit," + kExtremes + "," + kRanges + "," + kFlags + "," + kRun);
     EXPECT_EQ(workspace::canshuColumns(FilterFamily::SixRed),
-              "[Name] string,[opt36] Bit," + kSixRedExtremes + "," + kRanges + "," + kFlags + "," + kRun);
+              "[Name] string,[opt36] Bit," + kSixRedExtremes + "," + kRangesSixRed + "," + kFlags + "," + kRun);
 }
 
 TEST(FilterColumns, OfTemplatesAreThese) {
@@ -58,8 +61,8 @@ TEST(FilterColumns, OfTemplatesAreThese) {
                                                                      kExtremes + "," + kRanges + "," + kFlags + "," +
                                                                      kRun + "," + kTicks + "," + kState);
     EXPECT_EQ(workspace::mobanColumns(FilterFamily::SixRed), "[Idx] integer,[intCmdnb] integer,[opt36] Bit," +
-                                                                 kSixRedExtremes + "," + kRanges + "," + kFlags +
-                                                                 "," + kRun + "," + kTicks + "," + kState);
+                                                                 kSixRedExtremes + "," + kRangesSixRed + "," +
+                                                                 kFlags + "," + kRun + "," + kTicks + "," + kState);
 }
 
 } // namespace

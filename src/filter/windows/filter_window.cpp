@@ -198,10 +198,11 @@ void FilterWindow::tellTicks() {
 }
 
 void FilterWindow::setNotice(const QString& text) {
-    m_undo = {};
-    if (text.isEmpty())
+    if (m_undo && !text.isEmpty())
+        m_notice->tell(text + u"　"_s + m_undone, m_undoCaption); // what can be taken back stays so
+    else if (!m_undo && text.isEmpty())
         m_notice->hide();
-    else
+    else if (!m_undo)
         m_notice->tell(text);
 }
 
@@ -234,6 +235,8 @@ void FilterWindow::write(const WindowState& state) {
 
 void FilterWindow::tellWithUndo(const QString& text, const QString& action, std::function<void()> undo) {
     m_undo = std::move(undo);
+    m_undone = text;
+    m_undoCaption = action;
     m_notice->tell(text, action);
 }
 

@@ -117,6 +117,8 @@ class FilterWindow : public QDialog, private FilterControls {
     ResultPanel* m_results;
     toolkit::NoticeBar* m_notice;
     std::function<void()> m_undo; ///< what the notice's button does
+    QString m_undone;             ///< what it takes back, in words
+    QString m_undoCaption;
 };
 
 } // namespace filter

@@ -1,6 +1,6 @@
 #include "filter/windows/integrated_page.h"
 
-#include <QEvent>
+#include <QFocusEvent>
 #include <QVBoxLayout>
 
 #include "filter/tolerance.h"
@@ -57,6 +57,13 @@ IntegratedPage::IntegratedPage(const FilterMember& member, QWidget* parent)
         connect(exporting, &QPushButton::clicked, this, &IntegratedPage::exportWanted);
         column->addWidget(exporting);
     }
+    QWidget* before = findChild<QWidget*>(u"Option37(1)"_s);
+    for (QWidget* next : {static_cast<QWidget*>(m_tolerance), static_cast<QWidget*>(m_count),
+                          static_cast<QWidget*>(m_percent), static_cast<QWidget*>(m_run)})
+        if (next) {
+            setTabOrder(before, next);
+            before = next;
+        }
 }
 
 QLayout* IntegratedPage::buildLogic() {
@@ -120,8 +127,12 @@ QLayout* IntegratedPage::buildTolerance() {
 }
 
 bool IntegratedPage::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusOut)
-        emit toleranceLeft(watched == m_percent);
+    if (event->type() == QEvent::FocusOut) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        // Its own menu and another window have not left it.
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason)
+            emit toleranceLeft(watched == m_percent);
+    }
     return QWidget::eventFilter(watched, event);
 }
 

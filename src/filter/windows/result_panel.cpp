@@ -1,6 +1,7 @@
 #include "filter/windows/result_panel.h"
 
 #include <QHeaderView>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "base/number_text.h"
@@ -58,6 +59,20 @@ ResultPanel::ResultPanel(const FilterMember& member, QWidget* parent)
     m_steps->setFixedHeight(m_steps->minimumHeight());
     body().addWidget(m_steps);
     connectGrid(member);
+    orderStops();
+}
+
+/// The keyboard goes through the panel as one reads it: the buttons above the grid come first.
+void ResultPanel::orderStops() {
+    QWidget* before = nullptr;
+    for (const QString& name :
+         {u"Command1"_s, u"cmdRetn"_s, u"Command2"_s, u"Command3"_s, u"CmdPrint"_s, u"optZzuhe(0)"_s,
+          u"optZzuhe(1)"_s, u"cmdAdmb"_s, u"cmdOffer"_s, u"MSFlexGrid1"_s, u"Text1"_s, u"Command111"_s})
+        if (auto* next = findChild<QWidget*>(name)) {
+            if (before)
+                setTabOrder(before, next);
+            before = next;
+        }
 }
 
 QHBoxLayout* ResultPanel::buildStates(const FilterMember& member) {
@@ -160,6 +175,13 @@ void ResultPanel::connectGrid(const FilterMember& member) {
         m_grid->setCurrentIndex(m_model->index(cell.row(), 0));
         emit rowDoubleClicked(cell.row());
     });
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Delete}) {
+        auto* toggle = new QShortcut(key, m_grid, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(toggle, &QShortcut::activated, this, [this] {
+            if (m_grid->currentIndex().isValid())
+                emit rowDoubleClicked(m_grid->currentIndex().row());
+        });
+    }
     connect(m_grid->horizontalHeader(), &QHeaderView::sectionDoubleClicked, this,
             [this] { emit rowDoubleClicked(-1); });
 }

@@ -63,6 +63,7 @@ class ResultPanel : public toolkit::Card {
     QWidget* buildTemplate(const FilterMember& member);
     QHBoxLayout* buildPaging();
     void connectGrid(const FilterMember& member);
+    void orderStops();
 
     const FilterMember& m_member;
     QString m_nothingYet; ///< what stands in place of the bets of an empty table

@@ -7,6 +7,8 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
+constexpr qsizetype kShownDigits = 4; // of a range box
+
 QString text(std::string_view utf8) {
     return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
 }
@@ -39,6 +41,10 @@ struct Builder {
     void range(TableRow& row) const {
         row.low = makeBox(indexedName(family, p.boxes.low), caption + u" 下限"_s, &rows);
         row.high = makeBox(indexedName(family, p.boxes.high), caption + u" 上限"_s, &rows);
+        for (QLineEdit* box : {row.low, row.high}) // an average has more digits than the box shows
+            QObject::connect(box, &QLineEdit::textChanged, box, [box](const QString& text) {
+                box->setToolTip(text.size() > kShownDigits ? text : QString());
+            });
     }
 
     void parity(TableRow& row) const {

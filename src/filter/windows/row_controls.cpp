@@ -7,6 +7,7 @@
 #include <QRegularExpressionValidator>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QWheelEvent>
 
 #include "toolkit/colours.h"
 
@@ -154,6 +155,10 @@ void KeyedEdit::paintEvent(QPaintEvent* event) {
             paintFocus(painter, rect(), look);
     }
     QLineEdit::paintEvent(event);
+}
+
+void QuietCombo::wheelEvent(QWheelEvent* event) {
+    event->ignore();
 }
 
 void QuietCombo::paintEvent(QPaintEvent*) {

@@ -84,6 +84,8 @@ class QuietCombo : public QComboBox {
     using QComboBox::QComboBox;
 
   protected:
+    /// The wheel scrolls what is around it: it must not pick a period that nobody meant.
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
 

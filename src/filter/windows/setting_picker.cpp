@@ -90,8 +90,12 @@ void SettingPicker::reload() {
     const std::vector<QString> names = m_settings.names();
     m_names->clear();
     m_names->setHorizontalHeaderLabels({u"过滤设置名"_s});
-    for (const QString& name : names)
-        m_names->appendRow(new QStandardItem(name));
+    for (const QString& name : names) {
+        auto* item = new QStandardItem(name);
+        item->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        item->setToolTip(name);
+        m_names->appendRow(item);
+    }
     m_grid->setColumnWidths({kNameWidth});
     const int last = m_names->rowCount() - 1;
     m_grid->setCurrentIndex(m_names->index(row < 0 ? last : std::min(row, last), 0));
@@ -119,19 +123,25 @@ template <class Change> void SettingPicker::change(const QString& happened, Chan
         run();
         reload();
     } catch (const workspace::Failure& refused) { // a name that no statement can hold
-        tell(refused, kUnchanged + u"取新名字时请不要用双引号。"_s);
+        tell(refused, kUnchanged + u"带双引号的名字不能删除、改名或调用；取新名字时也请不要用双引号。"_s);
     } catch (const sql::SqlError& failed) {
         tell(failed, kUnchanged + u"请排除原因后重试。"_s);
     }
+}
+
+/// How many settings a statement for this name reaches: it tells capitals from small letters no more than the table.
+int SettingPicker::namesakesOf(const QString& name) const {
+    int namesakes = 0;
+    for (int row = 0; row < m_names->rowCount(); ++row)
+        namesakes += m_names->item(row)->text().compare(name, Qt::CaseInsensitive) == 0;
+    return namesakes;
 }
 
 void SettingPicker::deleteChosen() {
     const std::optional<QString> name = chosen();
     if (!name)
         return;
-    int namesakes = 0;
-    for (int row = 0; row < m_names->rowCount(); ++row)
-        namesakes += m_names->item(row)->text() == *name;
+    const int namesakes = namesakesOf(*name);
     workspace::Message question{u"确实要删除过滤设置“%1”吗？"_s.arg(*name), u"删除过滤设置"_s};
     question.note =
         namesakes > 1 ? u"叫这个名字的 %1 个设置都会删除，不能恢复。"_s.arg(namesakes) : u"删除后不能恢复。"_s;
@@ -145,7 +155,12 @@ void SettingPicker::renameChosen() {
         return;
     const std::optional<QString> newName = toolkit::DialogBoxes(this).askText(
         u"请输入本次修改的选号名字："_s, u"选号名字修改"_s, selection::proposedNewName(QDateTime::currentDateTime()));
-    if (newName)
+    if (!newName)
+        return;
+    const int namesakes = namesakesOf(*name);
+    if (namesakes == 1 ||
+        toolkit::DialogBoxes(this).confirm(u"叫“%1”的 %2 个设置都会改名，是否继续？"_s.arg(*name).arg(namesakes),
+                                           u"选号名字修改"_s, workspace::Risk::Loss))
         change(u"过滤设置的名字没有修改"_s, [&] { m_settings.rename(*name, *newName); });
 }
 

@@ -35,6 +35,7 @@ class SettingPicker : public QDialog {
     void deleteChosen();
     void renameChosen();
     std::optional<QString> chosen() const;
+    int namesakesOf(const QString& name) const;
     template <class Change> void change(const QString& happened, Change run);
 
     const SavedSettings m_settings;

@@ -1,5 +1,7 @@
 #include "filter/windows/template_control.h"
 
+#include <algorithm>
+
 #include <QCursor>
 #include <QMenu>
 
@@ -96,26 +98,29 @@ void TemplateControl::browse(int Idx) {
     m_page.describe(filter::describe(*step, superFiltersOf(m_member)));
 }
 
-void TemplateControl::takeAway(const std::vector<RecordedStep>& gone, const QString& told) {
+/// Steps that are recorded meanwhile stay behind those that come back.
+void TemplateControl::tellGone(const std::vector<StoredStep>& gone, std::size_t place, const QString& told) {
     showSteps();
-    m_controls.tellWithUndo(told, u"撤销"_s, [this, gone] {
-        m_template.putBack(gone);
+    m_controls.tellWithUndo(told, u"撤销"_s, [this, gone, place] {
+        std::vector<StoredStep> all = m_template.stored();
+        all.insert(all.begin() + static_cast<std::ptrdiff_t>(std::min(place, all.size())), gone.begin(), gone.end());
+        m_template.replaceAll(all);
         showSteps();
     });
 }
 
 void TemplateControl::clear() {
-    const std::vector<RecordedStep> gone = m_template.steps();
+    const std::vector<StoredStep> gone = m_template.stored();
     m_template.clear();
-    takeAway(gone, u"过滤模板已清空：%1 步"_s.arg(gone.size()));
+    tellGone(gone, 0, u"过滤模板已清空：%1 步"_s.arg(gone.size()));
 }
 
 void TemplateControl::deleteLast() {
-    const std::vector<RecordedStep> all = m_template.steps();
+    const std::vector<StoredStep> all = m_template.stored();
     if (all.empty())
         return;
     m_template.deleteLast();
-    takeAway({all.back()}, u"已删除过滤模板的第 %1 步"_s.arg(all.back().Idx));
+    tellGone({all.back()}, all.size() - 1, u"已删除过滤模板的第 %1 步"_s.arg(all.size()));
 }
 
 void TemplateControl::saveSetting() {
@@ -147,7 +152,7 @@ void TemplateControl::callSetting() {
             m_controls.write(state);
         }
     } catch (const workspace::Failure& refused) {
-        tell(refused, u"各框没有改变。可以在列表里给它改一个没有双引号的名字：先删除，再保存。"_s);
+        tell(refused, u"各框没有改变。带双引号的名字不能调用；请在窗口里重新设好，用没有双引号的名字保存。"_s);
     } catch (const sql::SqlError& failed) {
         tell(failed, u"各框没有改变，请排除原因后重试。"_s);
     }

@@ -52,7 +52,8 @@ class TemplateControl : public QObject {
     void browse(int Idx);
     void clear();
     void deleteLast();
-    void takeAway(const std::vector<RecordedStep>& gone, const QString& told);
+    /// \param place  of the first of them among all steps, from 0
+    void tellGone(const std::vector<StoredStep>& gone, std::size_t place, const QString& told);
     void saveSetting();
     void callSetting();
     void showSteps();

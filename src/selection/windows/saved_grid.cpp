@@ -140,8 +140,9 @@ void SavedGrid::deleteChosen() {
     if (!row)
         return;
     const QString numbers = string(textsOf(m_table).numbers);
-    const auto namesakes =
-        std::count_if(m_rows.begin(), m_rows.end(), [&](const SavedRow& each) { return each.name == row->name; });
+    const auto namesakes = std::count_if(m_rows.begin(), m_rows.end(), [&](const SavedRow& each) {
+        return each.name.compare(row->name, Qt::CaseInsensitive) == 0; // as the table compares them
+    });
     workspace::Message question{u"确实要删除“%1”的%2吗？"_s.arg(shortened(row->name), numbers), u"删除选号"_s};
     question.note = (namesakes > 1 ? u"叫这个名字的 %1 次%2都会删除，不能恢复。"_s.arg(namesakes).arg(numbers)
                                    : u"删除后不能恢复。"_s) +
