@@ -1,6 +1,6 @@
 // The filter template: recorded steps, in table moban of a combination file, replayed in one go on any table of it.
 //
-// A step says which control was used and what it was asked with; it holds no statement. Recording is told in two
+// A step says which control was used and what it was asked with; it holds no statement. Recording has two
 // acts: a row is added when the entry of the popup is chosen, and then the last row, whichever it is, gets the
 // settings. So a popup that is closed without a choice overwrites the step before: deliberate.
 // Steps are numbered 1, 2, … without gaps: only the last one, or all, can be deleted. The template of six reds is

@@ -1,6 +1,7 @@
 // The hourglass for as long as a block of code runs.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace toolkit {

@@ -2,7 +2,7 @@
 // browses, saves and calls back.
 //
 // It reads and writes the window's controls through FilterControls and shows the template on its page. Recording
-// keeps the told order: the popup, then the second act on the last row, chosen or not (step_template.h).
+// keeps its order: the popup, then the second act on the last row, chosen or not (step_template.h).
 #pragma once
 
 #include <functional>
