@@ -6,6 +6,7 @@
 
 #include "toolkit/pages.h"
 
+class QFontMetricsF;
 class QWidget;
 
 namespace toolkit {
