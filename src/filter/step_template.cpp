@@ -73,10 +73,11 @@ struct AnswerWriter {
     template <class Other> void operator()(const Other&) const {}
 };
 
-template <class Step> constexpr bool kAsks = false;
-template <> constexpr bool kAsks<MatchHistory> = true;
-template <> constexpr bool kAsks<FilterNumbers> = true;
-template <> constexpr bool kAsks<FilterGroups> = true;
+/// Whether a step was asked for something that a row keeps.
+bool hasAnswers(const Step& step) {
+    return std::holds_alternative<MatchHistory>(step) || std::holds_alternative<FilterNumbers>(step) ||
+           std::holds_alternative<FilterGroups>(step);
+}
 
 } // namespace
 
@@ -156,7 +157,7 @@ void StepTemplate::writeIntegrated(const WindowState& state) const {
 }
 
 void StepTemplate::writeAnswers(const Step& step) const {
-    if (std::visit([]<class Asked>(const Asked&) { return kAsks<Asked>; }, step))
+    if (hasAnswers(step))
         editLast([&](sql::Recordset& row) { std::visit(AnswerWriter{row}, step); });
 }
 
