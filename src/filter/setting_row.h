@@ -1,4 +1,4 @@
-// The part of a filter window's state that is stored: in a row of Canshu, and in a row of moban.
+// What is stored of a filter window's state: in a row of Canshu, and in a row of moban.
 //
 // Of the two lists of boxes only one is stored, that of the mode: the value lists, or the ranges with the parities.
 // The bounds of 自定区间 belong to both. Which box a column holds is said once (workspace/filter_columns.h); a box
