@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "filter/quiet.h"
+#include "sql/lexer.h"
 
 namespace filter {
 
@@ -32,14 +33,9 @@ std::string numstringStatement(std::string_view table, int numbers) {
 }
 
 bool hasNumstring(const sql::Database& database, std::string_view table) {
-    constexpr std::string_view kLower = "numstring";
-    const auto lower = [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    };
     std::vector<std::string> columns;
     quietly([&] { columns = database.columnNames(table); });
-    return std::ranges::any_of(columns,
-                               [&](const std::string& name) { return std::ranges::equal(name, kLower, {}, lower); });
+    return std::ranges::any_of(columns, [](const std::string& name) { return sql::sameName(name, "Numstring"); });
 }
 
 std::uint64_t slowNumbersInText(std::int32_t number) {

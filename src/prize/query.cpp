@@ -1,6 +1,7 @@
 #include "prize/query.h"
 
 #include "base/number_text.h"
+#include "filter/numstring.h"
 #include "filter/quiet.h"
 #include "workspace/failure.h"
 #include "workspace/quoted_text.h"
@@ -23,10 +24,6 @@ std::vector<std::string> parts(std::string_view list) {
         else
             all.back() += letter;
     return all;
-}
-
-std::string twoDigits(int number) {
-    return (number < 10 ? "0" : "") + std::to_string(number);
 }
 
 std::string stateIs(bool out) {
@@ -82,19 +79,14 @@ void Query::makeColumns() {
 
 // "05 12 …": with two digits and blanks between a pattern of two digits meets a whole number only.
 void Query::writeNumbers() {
-    std::string text =
-        "[Numstring]= format([fig1],\"00\")  & Chr(32) & format([fig2],\"00\")  & Chr(32) & "
-        "format([fig3],\"00\")  & Chr(32) & format([fig4],\"00\")   & Chr(32) & format([fig5],\"00\")   & Chr(32) & "
-        "format([fig6],\"00\")";
-    if (m_entry.kind.numbers == 7)
-        text += "   & Chr(32) & format([fig7],\"00\")";
-    run(text);
+    sql::passOver(m_database, filter::numstringStatement(m_entry.table, m_entry.kind.numbers));
 }
 
 void Query::matchDraw() {
     run(std::string(m_entry.kind.clear));
     for (std::size_t red = 1; red <= history::kRedsDrawn; ++red)
-        run("[jiben]=[jiben]+1 WHERE " + m_table + ".[NumString] LIKE \"*" + twoDigits(m_draw[red]) + "*\"");
+        run("[jiben]=[jiben]+1 WHERE " + m_table + ".[NumString] LIKE \"" + filter::numberPattern(m_draw[red]) +
+            "\"");
     if (m_entry.kind.prizes)
         run("[tebie]=1 WHERE " + m_table + ".[fig7] = " + std::to_string(m_draw[kBlueSlot]));
 }
