@@ -56,4 +56,9 @@ struct ClearTemplate {}; ///< 清空组号模板: for members that work on a tem
 using Step = std::variant<Press, ResetAll, RestoreLast, InvertAll, InvertLast, Toggle, AddToTemplate, ClearTemplate,
                           Integrated, MatchHistory, FilterNumbers, FilterGroups, TakeOutTemplate>;
 
+/// Whether a step may take so long that it is seen and can be given up; the others report nothing.
+inline bool reportsProgress(const Step& step) {
+    return std::holds_alternative<Integrated>(step) || std::holds_alternative<MatchHistory>(step);
+}
+
 } // namespace filter

@@ -1,6 +1,7 @@
 #include "filter/windows/filter_window.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include <QDesktopServices>
@@ -26,6 +27,7 @@
 #include "toolkit/notice_bar.h"
 #include "toolkit/page_tabs.h"
 #include "workspace/failure.h"
+#include "workspace/safe_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,10 +52,6 @@ const workspace::Message kAdd{
     u"添加组号模板"_s};
 const workspace::Message kClear{u"是否把目前组号模板清空？清空后可以重新添加新的组号模板。)"_s, u"清空组号模板"_s};
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 } // namespace
 
 FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& context, QWidget* parent)
@@ -63,8 +61,8 @@ FilterWindow::FilterWindow(const FilterMember& member, const FilterContext& cont
       m_panel(new RunPanel(member, this)), m_pages(new toolkit::PageTabs(u"FilterPages"_s, this)),
       m_integrated(new IntegratedPage(member, m_pages)), m_supers(new SuperPage(member, m_pages)),
       m_results(new ResultPanel(member, this)), m_notice(new toolkit::NoticeBar(this)) {
-    setObjectName(text(member.form));
-    setWindowTitle(text(member.title));
+    setObjectName(QString::fromUtf8(member.form));
+    setWindowTitle(QString::fromUtf8(member.title));
     layOut();
     m_integrated->write(defaultState(member.catalogue()));
     toolkit::placeOver(*this, kUsefulSize.expandedTo(screen()->availableSize() * kRoomyShare));
@@ -279,7 +277,9 @@ Outcome FilterWindow::run(const Step& step) {
     const toolkit::BusyCursor busy;
     if (std::holds_alternative<Integrated>(step))
         m_integrated->markUsed();
-    const auto progress = toolkit::DialogBoxes(this).progress(u"正在过滤；取消后组合和原来一样"_s);
+    std::unique_ptr<workspace::Progress> progress; // not for a press of a parameter: it must feel instant
+    if (reportsProgress(step))
+        progress = toolkit::DialogBoxes(this).progress(u"正在过滤；取消后组合和原来一样"_s);
     Outcome outcome = m_session.run(step, state(), progress.get());
     showOutcome(outcome);
     if (outcome.cancelled)
@@ -312,7 +312,7 @@ void FilterWindow::changeTemplate() {
 void FilterWindow::exportTicked() {
     toolkit::DialogBoxes boxes(this);
     const std::filesystem::path file = m_context.folder / m_member.exportName;
-    const QString place = QString::fromStdString(file.string());
+    const QString place = workspace::toQString(file);
     try {
         const toolkit::BusyCursor busy;
         const TickedExport rows(
