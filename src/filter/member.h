@@ -132,6 +132,11 @@ static_assert(membersAgree());
 
 } // namespace detail
 
+/// The table of the wheels in the file of a member.
+constexpr std::string_view wheelTableOf(const FilterMember& member) {
+    return member.file == CombinationFile::SixReds ? "zuheRoteR" : "zuheRote";
+}
+
 /// The control that exports the ticked parameters of a member's bets.
 constexpr std::string_view exportOptionOf(const FilterMember& member) {
     return member.blue ? "Option143" : "Option42";

@@ -10,10 +10,6 @@ using namespace Qt::StringLiterals;
 namespace filter {
 namespace {
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 output::SheetCell cellOf(const sql::Value& value) {
     if (sql::isNull(value))
         return {};
@@ -29,7 +25,7 @@ TickedExport::TickedExport(const FilterMember& member, const Workbench& bench, c
     for (int place = 1; place <= member.numbers(); ++place)
         numbers += ",[fig" + std::to_string(place) + "] ";
     const std::string rest = "] WHERE [unslt] = false ORDER BY Idx";
-    const std::string wheelTable = member.file == CombinationFile::SixReds ? "zuheRoteR" : "zuheRote";
+    const std::string wheelTable(wheelTableOf(member));
     const bool own = member.table == wheelTable;
     for (int tick = 0; tick < static_cast<int>(WindowState::kRows); ++tick)
         if (const Parameter* parameter = parameterAt(member.catalogue(), tick);
@@ -54,7 +50,7 @@ void TickedExport::addNumbers(const FilterMember& member) {
 void TickedExport::addValues(const Workbench& bench, const Parameter& parameter, const WindowState& state,
                              const std::string& wheelTable, bool own) {
     ParameterRun(bench).compute(parameter, runSettings(state, kKeep));
-    m_columns.push_back({text(parameter.exportHeading()), output::CellKind::Number});
+    m_columns.push_back({QString::fromUtf8(parameter.exportHeading()), output::CellKind::Number});
     if (!own)
         return;
     Values values;

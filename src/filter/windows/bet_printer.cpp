@@ -87,17 +87,12 @@ class Printing {
     toolkit::DialogBoxes m_boxes;
 };
 
-/// Wheels go to the word processor, where their bets are numbered.
-bool printsDocument(const FilterMember& member) {
-    return member.table == "zuheRote" || member.table == "zuheRoteR";
-}
-
 } // namespace
 
 void printBets(const FilterMember& member, const sql::Rows& rows, std::int64_t issue, const PrintSetting& setting,
                QWidget& window) {
     Printing printing({rows, member.numbers(), issue, setting.perLine}, setting, window);
-    if (printsDocument(member))
+    if (member.table == wheelTableOf(member)) // they go to the word processor, where bets are numbered
         printing.document();
     else
         printing.text();
