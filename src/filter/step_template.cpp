@@ -21,14 +21,19 @@ std::int64_t truth(bool on) {
     return on ? -1 : 0;
 }
 
-void writeNumbers(sql::Recordset& record, const Numbers& sk) {
-    for (int number = 0; number < workspace::kStepNumbers; ++number)
-        setQuietly(record, column("sk", number), std::int64_t{sk[static_cast<std::size_t>(number)]});
-}
-
 /// Place of the n-th number of a group filter, from 0: sk1 to sk9, then sk0.
 std::size_t groupPlace(std::size_t number) {
     return (number + 1) % workspace::kStepNumbers;
+}
+
+/// sknum, and the numbers into sk0 to sk9; fields beyond them get 0.
+void writeNumbers(sql::Recordset& record, const std::vector<int>& numbers, bool group) {
+    setQuietly(record, "sknum", static_cast<std::int64_t>(numbers.size()));
+    Numbers sk{};
+    for (std::size_t number = 0; number < numbers.size() && number < sk.size(); ++number)
+        sk[group ? groupPlace(number) : number] = numbers[number];
+    for (int place = 0; place < workspace::kStepNumbers; ++place)
+        setQuietly(record, column("sk", place), std::int64_t{sk[static_cast<std::size_t>(place)]});
 }
 
 std::vector<int> numbersOf(const RecordedStep& recorded, bool group) {
@@ -46,29 +51,15 @@ QString joined(const std::vector<int>& numbers) {
     return texts.join(u' ');
 }
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 /// The second act for one kind of step after the other.
 struct AnswerWriter {
     sql::Recordset& record;
 
     void operator()(const MatchHistory& step) const { setQuietly(record, "sknum", step.draws); }
-    void operator()(const FilterNumbers& step) const {
-        setQuietly(record, "sknum", static_cast<std::int64_t>(step.numbers.size()));
-        Numbers sk{};
-        for (std::size_t number = 0; number < step.numbers.size() && number < sk.size(); ++number)
-            sk[number] = step.numbers[number];
-        writeNumbers(record, sk);
-    }
+    void operator()(const FilterNumbers& step) const { writeNumbers(record, step.numbers, false); }
     void operator()(const FilterGroups& step) const {
-        setQuietly(record, "sknum", static_cast<std::int64_t>(step.numbers.size()));
         setQuietly(record, "skzu", std::int64_t{step.groupSize});
-        Numbers sk{};
-        for (std::size_t number = 0; number < step.numbers.size() && number < sk.size(); ++number)
-            sk[groupPlace(number)] = step.numbers[number];
-        writeNumbers(record, sk);
+        writeNumbers(record, step.numbers, true);
     }
     template <class Other> void operator()(const Other&) const {}
 };
@@ -252,7 +243,7 @@ StepLine lineOf(const RecordedStep& recorded, std::span<const SuperFilter> filte
         break;
     }
     const SuperFilter* filter = superFilterOf(filters, recorded.intCmdnb);
-    const QString control = text(filter->caption);
+    const QString control = QString::fromUtf8(filter->caption);
     switch (filter->kind) {
     case SuperKind::History:
         return {control, u"期数 %1"_s.arg(recorded.sknum)};
@@ -279,7 +270,7 @@ QString describe(const RecordedStep& recorded, std::span<const SuperFilter> filt
         break;
     }
     const SuperFilter* filter = superFilterOf(filters, recorded.intCmdnb);
-    const QString control = head + text(filter->caption) + u"”单选按钮功能"_s;
+    const QString control = head + QString::fromUtf8(filter->caption) + u"”单选按钮功能"_s;
     const bool group = filter->kind == SuperKind::Groups;
     switch (filter->kind) {
     case SuperKind::History:

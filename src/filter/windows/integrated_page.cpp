@@ -15,10 +15,6 @@ namespace {
 
 constexpr QSize kToleranceBox{40, 22};
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 /// What the row of a ticked parameter is compared with.
 QString comparedWith(const Parameter& parameter, const WindowState& state) {
     const RowState& row = state.row(parameter);
@@ -52,12 +48,12 @@ IntegratedPage::IntegratedPage(const FilterMember& member, QWidget* parent)
     column->addWidget(m_ticked, 1);
     if (!member.exportName.empty()) {
         auto* exporting = new toolkit::FlatButton(u"多选参数导出"_s, toolkit::FlatButton::Look::Plain, this);
-        exporting->setObjectName(text(exportOptionOf(member)));
+        exporting->setObjectName(QString::fromUtf8(exportOptionOf(member)));
         exporting->setToolTip(u"把剩余的组合和勾选参数的值写成表格文件"_s);
         connect(exporting, &QPushButton::clicked, this, &IntegratedPage::exportWanted);
         column->addWidget(exporting);
     }
-    QWidget* before = findChild<QWidget*>(u"Option37(1)"_s);
+    QWidget* before = m_or;
     for (QWidget* next : {static_cast<QWidget*>(m_tolerance), static_cast<QWidget*>(m_count),
                           static_cast<QWidget*>(m_percent), static_cast<QWidget*>(m_run)})
         if (next) {
@@ -73,10 +69,10 @@ QLayout* IntegratedPage::buildLogic() {
     m_and->setObjectName(u"Option37(0)"_s);
     m_and->setChecked(true);
     m_and->setToolTip(u"勾选的条件要同时成立"_s);
-    auto* either = new toolkit::Segment(u"逻辑或"_s, group);
-    either->setObjectName(u"Option37(1)"_s);
-    either->setToolTip(u"勾选的条件有一个成立就算"_s);
-    auto* pair = toolkit::joined<toolkit::Segment>({m_and, either}, true);
+    m_or = new toolkit::Segment(u"逻辑或"_s, group);
+    m_or->setObjectName(u"Option37(1)"_s);
+    m_or->setToolTip(u"勾选的条件有一个成立就算"_s);
+    auto* pair = toolkit::joined<toolkit::Segment>({m_and, m_or}, true);
     pair->setContentsMargins(0, 0, 0, 0);
     group->setLayout(pair);
     connect(m_and, &toolkit::Segment::toggled, this, &IntegratedPage::edited);
@@ -146,8 +142,7 @@ void IntegratedPage::read(WindowState& state) const {
 }
 
 void IntegratedPage::write(const WindowState& state) {
-    auto* either = findChild<toolkit::Segment*>(u"Option37(1)"_s);
-    (state.logic == Logic::And ? m_and : either)->setChecked(true);
+    (state.logic == Logic::And ? m_and : m_or)->setChecked(true);
     if (!m_tolerance)
         return;
     m_tolerance->setChecked(state.tolerance);
@@ -159,7 +154,7 @@ void IntegratedPage::tell(const WindowState& state) {
     std::vector<toolkit::LineList::Line> lines;
     for (const Parameter& parameter : m_member.catalogue())
         if (state.row(parameter).ticked)
-            lines.push_back({text(captionIn(parameter, state)), comparedWith(parameter, state)});
+            lines.push_back({QString::fromUtf8(captionIn(parameter, state)), comparedWith(parameter, state)});
     m_sentence->setText(QString::fromStdString(keptByRun(m_member.catalogue(), state, m_tolerance != nullptr)));
     m_ticked->show(lines);
 }

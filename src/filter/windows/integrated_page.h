@@ -48,6 +48,7 @@ class IntegratedPage : public QWidget {
 
     const FilterMember& m_member;
     toolkit::Segment* m_and = nullptr;
+    toolkit::Segment* m_or = nullptr;
     QCheckBox* m_tolerance = nullptr; ///< Check3; null where the run counts nothing, as the boxes
     QLineEdit* m_count = nullptr;
     QLineEdit* m_percent = nullptr;

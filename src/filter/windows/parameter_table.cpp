@@ -22,9 +22,6 @@ constexpr int kAllHeight = 22;
 constexpr int kAllGap = 6;
 constexpr int kStripFrom = 920; // height of the table from which there is room for the strip
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
 std::string utf8(const QLineEdit* box) {
     return box ? box->text().toStdString() : std::string();
 }
@@ -148,7 +145,7 @@ void ParameterTable::showLists(bool shown, bool locked) {
     for (const TableRow& row : m_rows->rows()) {
         if (!row.parameter->isInterval())
             continue;
-        const QString caption = text(captionIn(*row.parameter, titled));
+        const QString caption = QString::fromUtf8(captionIn(*row.parameter, titled));
         row.name->setText(caption);
         row.tick->setText(caption);
         row.picked->setEnabled(!locked);

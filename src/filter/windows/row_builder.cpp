@@ -9,10 +9,6 @@ namespace {
 
 constexpr qsizetype kShownDigits = 4; // of a range box
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 QLineEdit* makeBox(const QString& name, const QString& accessible, QWidget* parent) {
     auto* box = new KeyedEdit(kNumberKeys.toString(), parent);
     box->setObjectName(name);
@@ -25,15 +21,15 @@ QLineEdit* makeBox(const QString& name, const QString& accessible, QWidget* pare
 struct Builder {
     const Parameter& p;
     TableRows& rows;
-    QString caption = text(p.caption);
-    QString family = text(p.boxes.name);
+    QString caption = QString::fromUtf8(p.caption);
+    QString family = QString::fromUtf8(p.boxes.name);
 
     void name(TableRow& row) const {
         row.tick = new TickBox(caption, &rows);
         row.tick->setObjectName(indexedName(u"Check1"_s, p.tick));
         row.name = new PressButton(caption, &rows);
-        row.name->setObjectName(text(p.option));
-        row.name->setToolTip(text(p.counts));
+        row.name->setObjectName(QString::fromUtf8(p.option));
+        row.name->setToolTip(QString::fromUtf8(p.counts));
         if (p.weighed)
             row.name->markColoured();
     }
@@ -86,9 +82,9 @@ QComboBox* makePeriods(int index, const QString& accessible, QWidget* parent) {
     box->setObjectName(indexedName(u"Combo1"_s, index));
     for (int item = 0; item < kPeriods; ++item)
         box->addItem(QString::fromStdString(periodCaption(item)), periodDraws(item));
-    box->setPlaceholderText(text(kPeriodPrompt));
+    box->setPlaceholderText(QString::fromUtf8(kPeriodPrompt));
     box->setCurrentIndex(-1);
-    box->setToolTip(text(kPeriodHint));
+    box->setToolTip(QString::fromUtf8(kPeriodHint));
     box->setAccessibleName(accessible);
     return box;
 }

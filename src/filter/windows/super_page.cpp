@@ -30,10 +30,6 @@ constexpr KindTexts kKinds[] = {
     {SuperKind::Template, u"GroupTemplate", u"组号模板", u"与组号模板相同的组合将其过滤掉"},
 };
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 } // namespace
 
 SuperPage::SuperPage(const FilterMember& member, QWidget* parent) : QWidget(parent) {
@@ -73,9 +69,9 @@ SuperPage::SuperPage(const FilterMember& member, QWidget* parent) : QWidget(pare
 }
 
 PressButton* SuperPage::makeButton(const SuperFilter& filter) {
-    auto* button = new PressButton(text(filter.caption), this);
-    button->setObjectName(text(filter.option));
-    button->setToolTip(text(filter.explains));
+    auto* button = new PressButton(QString::fromUtf8(filter.caption), this);
+    button->setObjectName(QString::fromUtf8(filter.option));
+    button->setToolTip(QString::fromUtf8(filter.explains));
     button->setFixedHeight(kButtonHeight);
     connect(button, &PressButton::pressedBy, this,
             [this, &filter](Qt::MouseButton pressed) { emit filterPressed(filter, pressed); });
@@ -84,7 +80,7 @@ PressButton* SuperPage::makeButton(const SuperFilter& filter) {
 
 void SuperPage::markUsed(const SuperFilter& filter) {
     for (PressButton* button : findChildren<PressButton*>()) {
-        const bool run = button->objectName() == text(filter.option);
+        const bool run = button->objectName() == QString::fromUtf8(filter.option);
         button->setChecked(run);
         if (run)
             button->markUsed();

@@ -15,10 +15,6 @@ constexpr int kTitleLeft = 11;
 constexpr int kGap = 10;
 constexpr int kStripTop = 8;
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 QString rangeText(const ValueRange& range) {
     return u"%1~%2"_s.arg(range.low).arg(range.high);
 }
@@ -43,7 +39,7 @@ QString thousands(int number) {
 } // namespace
 
 QStringList describe(const TableRow& row) {
-    QStringList lines{text(row.parameter->counts)};
+    QStringList lines{QString::fromUtf8(row.parameter->counts)};
     if (const QStringList parts = valueParts(row); !parts.isEmpty())
         lines << parts.join(u"    "_s);
     if (row.past)

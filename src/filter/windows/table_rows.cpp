@@ -115,7 +115,7 @@ void TableRows::paintEvent(QPaintEvent*) {
         painter.fillRect(band, look.head);
         painter.setPen(look.quiet);
         const std::string_view caption = groupCaption(m_catalogue[row].group);
-        paintUpright(painter, band, QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size())));
+        paintUpright(painter, band, QString::fromUtf8(caption));
         if (group == 0)
             continue;
         painter.setPen(look.line);

@@ -131,7 +131,7 @@ QWidget* WheelImportWindow::buildPurpose() {
     m_family->setObjectName(u"cboFamily"_s);
     m_family->setAccessibleName(u"矩阵种类"_s);
     for (const selection::WheelFamilyInfo& info : selection::wheelFamilies())
-        m_family->addItem(QString::fromUtf8(info.title.data(), static_cast<qsizetype>(info.title.size())));
+        m_family->addItem(QString::fromUtf8(info.title));
     m_guarantee->setObjectName(u"cboGuarantee"_s);
     m_guarantee->setAccessibleName(u"保证"_s);
     m_guarantee->setMinimumContentsLength(4);

@@ -43,13 +43,9 @@ constexpr int kLowerShare = 270;
 constexpr double kMostGrowth = 1.5;         // of a list that stands alone: two keep their columns under each other
 constexpr std::int64_t kManyBets = 200'000; // from which on the writing of a report is seen
 
-QString told(std::string_view text) {
-    return QString::fromUtf8(text);
-}
-
 toolkit::GridColumn gridColumn(const ListColumn& column) {
     using enum ListColumn::Kind;
-    const QString heading = told(column.heading);
+    const QString heading = QString::fromUtf8(column.heading);
     switch (column.kind) {
     case Red:
         return {.heading = heading, .style = CellStyle::Red, .width = 50};
@@ -115,7 +111,7 @@ QueryWindow::QueryWindow(Query query, std::filesystem::path userFolder, const to
                          QWidget* parent)
     : QDialog(parent), m_query(std::move(query)), m_userFolder(std::move(userFolder)), m_kept(makeList(false)),
       m_out(makeList(true)) {
-    setObjectName(told(m_query.entry().kind.form));
+    setObjectName(QString::fromUtf8(m_query.entry().kind.form));
     setWindowTitle(QString::fromUtf16(m_query.entry().title.data(), static_cast<int>(m_query.entry().title.size())));
     {
         const toolkit::BusyCursor busy;
@@ -249,7 +245,7 @@ toolkit::Card* QueryWindow::makeSummary() {
 }
 
 QPushButton* QueryWindow::makeQuit() {
-    QPushButton* button = makeButton(u"cmdQut"_s, told(m_query.entry().kind.quit));
+    QPushButton* button = makeButton(u"cmdQut"_s, QString::fromUtf8(m_query.entry().kind.quit));
     connect(button, &QPushButton::clicked, this, &QueryWindow::quit);
     return button;
 }
@@ -276,8 +272,8 @@ void QueryWindow::layOut() {
     column->addWidget(makeStrip());
     column->addLayout(lists, 1);
     m_kept.title->setText(
-        told(m_query.entry().kind.keptTitle).replace(u"%1"_s, QString::number(m_query.keptCount())));
-    m_out.title->setText(told(detail::kListTitle).arg(m_query.outCount()));
+        QString::fromUtf8(m_query.entry().kind.keptTitle).replace(u"%1"_s, QString::number(m_query.keptCount())));
+    m_out.title->setText(QString::fromUtf8(detail::kListTitle).arg(m_query.outCount()));
 }
 
 void QueryWindow::showLists() {
